@@ -1,0 +1,56 @@
+// The short string of positions: where in a house a digit can still go.
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <string>
+
+namespace gradino {
+
+/// Positions 0 to 8 in ascending order, as in "036": its length and its characters are all that a finder asks
+/// for. Held as nine bits, so it is ascending by nature and cheap to compare.
+struct Positions {
+  std::uint16_t bits = 0;
+
+  constexpr int length() const { return std::popcount(bits); }
+  constexpr bool empty() const { return bits == 0; }
+  constexpr bool contains(int position) const { return (bits >> position & 1) != 0; }
+  constexpr void add(int position) { bits = static_cast<std::uint16_t>(bits | 1 << position); }
+
+  /// First and last position. Of an empty string there is none: ask length() first.
+  constexpr int first() const { return std::countr_zero(bits); }
+  constexpr int last() const { return 15 - std::countl_zero(bits); }
+
+  /// The k-th position, k from 0 to length() - 1.
+  constexpr int operator[](int k) const {
+    unsigned rest = bits;
+    while (k-- > 0) rest &= rest - 1;
+    return std::countr_zero(rest);
+  }
+
+  std::string text() const {
+    std::string s;
+    for (int p : *this) s += static_cast<char>('0' + p);
+    return s;
+  }
+
+  class iterator {
+   public:
+    constexpr explicit iterator(unsigned rest) : rest_(rest) {}
+    constexpr int operator*() const { return std::countr_zero(rest_); }
+    constexpr iterator& operator++() {
+      rest_ &= rest_ - 1;
+      return *this;
+    }
+    constexpr bool operator==(const iterator&) const = default;
+
+   private:
+    unsigned rest_;
+  };
+  constexpr iterator begin() const { return iterator(bits); }
+  constexpr iterator end() const { return iterator(0); }
+
+  constexpr bool operator==(const Positions&) const = default;
+};
+
+}  // namespace gradino

@@ -1,0 +1,120 @@
+#include "tables.h"
+
+namespace gradino {
+
+void buildtables() {
+  for (int block = 0; block < 9; ++block)
+    for (int position = 0; position < 9; ++position)
+      blockcells(block, position) =
+          static_cast<std::uint8_t>(block % 3 * 3 + block / 3 * 27 + position / 3 * 9 + position % 3);
+  for (int cell = 0; cell < cells; ++cell) {
+    cellrow(cell) = cell / 9 + 1;
+    cellcol(cell) = cell % 9 + 1;
+    cellblock(cell) = cell / 27 * 3 + cell % 9 / 3 + 1;
+  }
+  bitvalue(0) = 0;
+  for (int digit = 1; digit <= 9; ++digit) bitvalue(digit) = 1 << digit;
+}
+
+void freshboard() {
+  cellvalue.clear();
+  candmask.clear();
+  candstr.clear();
+  usedmask.clear();
+  filledcount = 0;
+  givens.clear();
+  solutiontext.clear();
+  rowpos.clear();
+  colpos.clear();
+  blockpos.clear();
+}
+
+void rebuildusedmask() {
+  // The rows go first, one slot at a time: a value that is no digit is met here, behind the rows above it.
+  std::int32_t columns[9] = {}, blocks[9] = {};
+  for (int row = 0; row < 9; ++row) {
+    std::int32_t used = 0;
+    for (int col = 0; col < 9; ++col) {
+      const std::int32_t bit = bitvalue(cellvalue(row * 9 + col));
+      used |= bit;
+      columns[col] |= bit;
+      blocks[row / 3 * 3 + col / 3] |= bit;
+    }
+    usedmask(rowslot + row) = used;
+  }
+  for (int house = 0; house < 9; ++house) {
+    usedmask(columnslot + house) = columns[house];
+    usedmask(blockslot + house) = blocks[house];
+  }
+  for (int row = 0; row < 9; ++row)
+    for (int col = 0; col < 9; ++col)
+      usedmask(row * 9 + col) = usedmask(rowslot + row) | columns[col] | blocks[row / 3 * 3 + col / 3];
+}
+
+void rebuildcandstr() {
+  for (int cell = 0; cell < cells; ++cell) {
+    std::int32_t& mask = candmask(cell);
+    mask &= fullmask - usedmask(cell);
+    char text[9];
+    std::size_t length = 0;
+    for (int digit = 1; digit <= 9; ++digit)
+      if (mask >> digit & 1) text[length++] = static_cast<char>('0' + digit);
+    if (candstr(cell) != std::string_view(text, length)) candstr(cell).assign(text, length);
+  }
+}
+
+void refreshcandidates() {
+  for (int cell = 0; cell < cells; ++cell)
+    candmask(cell) = cellvalue(cell) == 0 ? fullmask - usedmask(cell) : 0;
+}
+
+void rebuildpositions() {
+  Positions rows[10][9] = {}, columns[10][9] = {}, blocks[10][9] = {};
+  for (int row = 0; row < 9; ++row)
+    for (int col = 0; col < 9; ++col)
+      for (unsigned rest = static_cast<unsigned>(candmask(row * 9 + col)) & fullmask; rest;
+           rest &= rest - 1) {
+        const int digit = std::countr_zero(rest);
+        rows[digit][row].add(col);
+        columns[digit][col].add(row);
+        blocks[digit][row / 3 * 3 + col / 3].add(row % 3 * 3 + col % 3);
+      }
+  for (int digit = 1; digit <= 9; ++digit)
+    for (int house = 0; house < 9; ++house) {
+      rowpos(digit, house) = rows[digit][house];
+      colpos(digit, house) = columns[digit][house];
+      blockpos(digit, house) = blocks[digit][house];
+    }
+}
+
+void placesilently(int cell, int digit) {
+  cellvalue(cell) = digit;
+  candmask(cell) = 0;
+  filledcount += 1;
+  rebuildusedmask();
+  rebuildcandstr();
+  rebuildpositions();
+}
+
+bool hascandidate(int cell, int digit) {
+  return (candmask(cell) & bitvalue(digit)) != 0;
+}
+
+bool deletecandidate(int cell, int digit) {
+  if (!hascandidate(cell, digit)) return false;
+  candmask(cell) ^= bitvalue(digit);
+  return true;
+}
+
+std::int32_t leadingnumber(std::string_view text) {
+  long long number = 0;
+  std::size_t i = text.find_first_not_of(' ');
+  for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i) {
+    number = number * 10 + (text[i] - '0');
+    if (number > INT32_MAX)
+      throw Fault{Fault::Kind::overflow, "cellvalue", number, INT32_MIN, INT32_MAX, __func__};
+  }
+  return static_cast<std::int32_t>(number);
+}
+
+}  // namespace gradino

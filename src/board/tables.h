@@ -1,0 +1,79 @@
+// The board: the tables that every finder, the solvers and the generator read and write directly, and the
+// rebuilds that keep the derived ones true.
+//
+//   cell      0 to 80, row by row                 r1c1 is cell 0, r9c9 is cell 80
+//   house     rows, columns, blocks 0 to 8        blocks left to right, top to bottom:   0 1 2
+//   position  0 to 8 inside a house               in a block row by row                  3 4 5
+//   digit     1 to 9, 0 for an empty cell                                                6 7 8
+//   mask      a digit set: bit d for digit d, so the full set is 1022
+//
+// There is one board. Whoever changes candmask ends with rebuildcandstr and rebuildpositions: the finders
+// trust both blindly.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "checked.h"
+#include "colours.h"
+#include "positions.h"
+
+namespace gradino {
+
+inline constexpr int cells = 81;
+inline constexpr int fullmask = 1022;
+
+// Constants, filled by buildtables. Row, column and block are 1-based here, as they are read to the user.
+inline constinit Table<int, 0, 81> cellrow{"cellrow"}, cellcol{"cellcol"}, cellblock{"cellblock"};
+inline constinit Grid<std::uint8_t, 8, 8> blockcells{"blockcells"};  ///< [block, position] -> cell
+inline constinit Table<std::int32_t, 0, 9> bitvalue{"bitvalue"};     ///< digit -> its bit; 0 -> 0
+
+// The state. Slots beyond 80 exist for the routines that use them as work space.
+inline constinit Table<std::int32_t, 0, 81> cellvalue{"cellvalue"};  ///< the digit itself, 0 when empty
+inline constinit Table<std::int32_t, 0, 107> candmask{"candmask"};   ///< candidates still open; 0 when filled
+inline Table<std::string, 0, 81> candstr{"candstr"};                 ///< the same as text, "1379"
+/// Digits placed: 0 to 80 what a cell sees, 81 to 89 rows, 90 to 98 columns, 99 to 107 blocks.
+inline constinit Table<std::int32_t, 0, 107> usedmask{"usedmask"};
+inline constinit Byte filledcount{"filledcount"};   ///< filled cells; drifts when boxes are overwritten
+inline Table<std::string, 0, 81> givens{"givens"};  ///< the starting puzzle, a digit or empty
+inline Table<std::string, 0, 81> solutiontext{"solutiontext"};  ///< the solution's digits, by the counter
+
+/// Where a digit can still go in a house, [digit 0 to 9, house 0 to 9]; digit 0 and house 9 stay empty.
+inline constinit Grid<Positions, 9, 9> rowpos{"rowpos"}, colpos{"colpos"}, blockpos{"blockpos"};
+
+inline constexpr int rowslot = 81, columnslot = 90, blockslot = 99;  ///< where the houses stand in usedmask
+
+/// Fills the constant tables. Once, at start.
+void buildtables();
+
+/// Every table of the state as in a program just started.
+void freshboard();
+
+/// All 108 slots of usedmask from cellvalue. A digit twice in a house simply sets its bit once.
+/// Fault: a cellvalue outside 0 to 9.
+void rebuildusedmask();
+
+/// Narrows candmask to what usedmask allows and rewrites candstr. Never brings a candidate back.
+void rebuildcandstr();
+
+/// Resets candmask to all that usedmask allows: eliminations are forgotten. Leaves candstr to rebuildcandstr.
+void refreshcandidates();
+
+/// The position index, whole, from candmask.
+void rebuildpositions();
+
+/// Puts a digit into a cell without touching any box: value, mask, count, and the three rebuilds.
+void placesilently(int cell, int digit);
+
+/// True when the digit was a candidate of the cell, and then it is one no more.
+bool deletecandidate(int cell, int digit);
+
+/// True when the cell has the digit as a candidate.
+bool hascandidate(int cell, int digit);
+
+/// The number at the front of a text: leading blanks skipped, digits taken, anything else gives 0.
+/// Fault: a number beyond 32 bits.
+std::int32_t leadingnumber(std::string_view text);
+
+}  // namespace gradino

@@ -1,0 +1,99 @@
+#include "boxes.h"
+
+#include <string>
+
+#include "library.h"
+#include "menu.h"
+
+namespace gradino {
+
+using namespace frmmain;
+
+namespace {
+
+const Box digitbox{.text = "", .back = white, .fore = red, .visible = true};
+const Box hiddenbox{.text = "", .back = white, .fore = textcolor, .visible = false};
+const Control hidden{.caption = "", .tip = "", .visible = false, .ticked = false};
+
+Box panelbox(const char* text) {
+  return {.text = text, .back = white, .fore = textcolor, .visible = true};
+}
+
+void freshcells() {
+  for (Box& box : Text1) box = digitbox;
+  for (Box& box : Text2) box = {};
+  for (int cell = 0; cell < 81; ++cell)
+    for (int digit = 1; digit <= 9; ++digit)
+      candidate(cell * 10 + digit) = panelbox(std::to_string(digit).c_str());
+  candidate(0) = panelbox("8");  // the template that the others were made from
+}
+
+void freshpanel() {
+  for (Box* box : {&txthint, &filetxt, &txtlivello, &testototale, &txtlivello1, &txtesposti, &txtvuoti,
+                   &txtprogressivo, &lblfile, &Label1, &Label5, &testolivello, &txttotale, &txtdettaglio})
+    *box = {};
+  Label3 = Text5 = hiddenbox;  // until mnunumber
+  Label2 = panelbox("timer");
+  tempotot = panelbox("0");
+  bkglabel = {.text = "bkg", .visible = false};  // shown while a puzzle is being loaded
+  liv.clear();
+}
+
+void freshpictures() {
+  Pictgo = {.caption = "", .tip = "procedi ", .visible = false, .ticked = false};
+  Pictalt = {.caption = "", .tip = "stop", .visible = false, .ticked = false};
+  Picthelp = {.caption = "", .tip = "spiega", .visible = false, .ticked = false};
+  picstart = {.caption = "", .tip = "start timer", .visible = true, .ticked = false};
+  picstartlamp = Lamp::verde;
+  Picture2 = {.caption = "", .tip = "reset timer", .visible = true, .ticked = false};
+  cmdlan = {};
+  cmdlanflag = Flag::it;
+  cmdimpossibili = {.caption = "", .tip = "candidati impossibili", .visible = true, .ticked = false};
+  Cmdtest = {.caption = "", .tip = "testa il tuo pc", .visible = false, .ticked = false};
+  cmdnice = {.caption = "", .tip = "nice loops", .visible = false, .ticked = false};
+  Check1 = {.caption = "genera schemi supersimmetrici", .tip = "", .visible = false, .ticked = true};
+  for (Control& picture : Picture1) picture = hidden;
+
+  static constexpr Colour palette[] = {yellow, orange, green, cyan, white, lightblue, magenta, red, white};
+  for (int n = 0; n <= 8; ++n) colore(n) = {.text = n == 8 ? "X" : "", .back = palette[n]};
+}
+
+void freshmenus() {
+  for (Control* control :
+       {&mnufile,     &mnuopen,       &mnusave,      &mnunew,      &mnuprint,   &mnulibreria,  &mnuview,
+        &mnupencil,   &mnurefresh,    &mnuedit,      &mnuactivity, &mnuhints,   &mnuposition,  &mnunumber,
+        &mnutecniche, &mnurestricted, &mnunakedpair, &mnuhidden,   &mnutriplet, &mnuxy,        &mnuxwing,
+        &mnusword,    &mnucolori,     &mnuchain,     &mnutools,    &mnusolve,   &mnugenerator, &mnuadvanced})
+    *control = {};
+  for (Control* key :
+       {&Toolbar1::pencil,    &Toolbar1::refresh,   &Toolbar1::modifica,   &Toolbar1::activity,
+        &Toolbar1::obbligate, &Toolbar1::nakedpair, &Toolbar1::hidden,     &Toolbar1::nakedtriple,
+        &Toolbar1::xywing,    &Toolbar1::xwing,     &Toolbar1::sword,      &Toolbar1::colori,
+        &Toolbar1::chain,     &Toolbar1::numero,    &Toolbar1::suggerisci, &Toolbar2::open,
+        &Toolbar2::anew,      &Toolbar2::libreria,  &Toolbar2::save,       &Toolbar2::print,
+        &Toolbar2::risolvi,   &Toolbar2::conta,     &Toolbar2::undo,       &Toolbar2::genera,
+        &Toolbar2::continuo})
+    *key = {};
+  Toolbar1::modifica.tip = "edit pencil marks";
+  Toolbar2::continuo.visible = false;
+}
+
+}  // namespace
+
+void freshboxes() {
+  freshcells();
+  freshpanel();
+  freshpictures();
+  freshmenus();
+  focusrequest = {};
+  CD1 = {};
+  Frmlog::caption.clear();
+  Frmlog::visible = false;
+  Frmlog::Text3 = {};
+  frmactivity::caption = "Spiegazioni";
+  frmactivity::visible = false;
+  frmactivity::left = frmactivity::top = 0;
+  frmactivity::Text3 = {};
+}
+
+}  // namespace gradino

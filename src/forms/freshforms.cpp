@@ -1,0 +1,38 @@
+#include "freshforms.h"
+
+#include "boxes.h"
+#include "grade.h"
+#include "grid.h"
+#include "library.h"
+#include "light.h"
+#include "log.h"
+#include "step.h"
+
+namespace gradino {
+
+void freshforms() {
+  freshboxes();
+  suppresschange = modificacandidati = false;
+  colorescelto = 0;
+  lightresult = 0;
+
+  foundflag = false;
+  steptag.clear();
+  for (Byte* state : {&curdigit, &curcell, &curblock, &currow, &curcol}) *state = 0;
+  nishioflag = false;
+  comandocorrente.clear();
+
+  logcount = 0;
+  logvalues.clear();
+  logcands.clear();
+  logflags.clear();
+
+  cleargrade();
+  numerosoluzioni = 0;
+  dettaglio.clear();
+  difficolta = 0;
+  libraryrecordopen = false;
+  Data1 = {};
+}
+
+}  // namespace gradino

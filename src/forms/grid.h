@@ -1,0 +1,47 @@
+// The board as the user sees it: the cell boxes wired to the tables.
+#pragma once
+
+#include <string_view>
+
+#include "boxes.h"
+#include "tables.h"
+
+namespace gradino {
+
+/// True while the program itself writes into Text1: the change handling then does nothing.
+inline constinit bool suppresschange = false;
+
+/// True while pencil marks can be edited.
+inline constinit bool modificacandidati = false;
+
+/// The palette colour now chosen, 0 for none.
+inline constinit Colour colorescelto = 0;
+
+/// Writes a cell's digit box, as the program or the user does. The same text: nothing. Otherwise the box
+/// takes it, becomes visible if there is something to see, and unless suppresschange is set the tables
+/// follow: value, masks, counts, pencil marks, positions. This is how the main window places a digit. Fault:
+/// a number above 9, filledcount below 0.
+void writetext1(int cell, std::string_view text);
+
+/// Writes a cell's pencil-mark box. While modificacandidati is set the tables follow.
+void writetext2(int cell, std::string_view text);
+
+/// Repaints the pencil marks from candstr: each small box visible or not. Empties Text2.
+void updatetext2();
+
+/// Sets the background of every cell box and pencil mark to white.
+void clearcolours();
+
+/// Shows filledcount and the rest in txtesposti and txtvuoti.
+void showcounts();
+
+/// The rebuilds after the board's digits changed wholesale: eliminations are forgotten.
+void rebuildwhole();
+
+/// Puts the board back to the givens. The boxes of given cells keep their text.
+void restoregivens();
+
+/// Reads the board afresh from the givens: values and filledcount, shown. The boxes stay.
+void loadgivens();
+
+}  // namespace gradino

@@ -1,0 +1,34 @@
+// The narrow door to the world: all that the program asks of whoever runs it. Three hosts exist, and none
+// knows another: the window, the scripted player of the tests, the console program.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "boxes.h"
+
+namespace gradino {
+
+struct Host {
+  /// Lets the events that are waiting run, and returns at once.
+  std::function<void()> runevents = [] {};
+  /// Repaints the main window without letting events run.
+  std::function<void()> repaint = [] {};
+  /// Sleeps until an event has come, and lets it run. A wait without a player would never end.
+  std::function<void()> waitevents;
+  /// Shows a message box with an OK button; returns when it was closed.
+  std::function<void(const std::string& text)> message = [](const std::string&) {};
+  /// The file dialogs. They change dialog.filename only when a name was chosen.
+  std::function<void(CommonDialog& dialog)> showopen = [](CommonDialog&) {};
+  std::function<void(CommonDialog& dialog)> showsave = [](CommonDialog&) {};
+  /// Seconds since midnight.
+  std::function<double()> clock = [] { return 0.0; };
+};
+
+inline Host host;
+
+/// Runs one event. A fault ends the event and is told in a message box; the program lives on with what the
+/// user had, and the boxes' change handling works again. Every event of every host goes through here.
+void runevent(const std::function<void()>& event);
+
+}  // namespace gradino

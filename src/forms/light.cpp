@@ -1,0 +1,42 @@
+#include "light.h"
+
+#include "boxes.h"
+#include "host.h"
+
+namespace gradino {
+
+using namespace frmmain;
+
+namespace {
+
+void showlight(bool visible) {
+  Pictgo.visible = Pictalt.visible = Picthelp.visible = visible;
+}
+
+}  // namespace
+
+void aspetta() {
+  showlight(true);
+  do host.waitevents();
+  while (lightresult != 1 && lightresult != 2);
+  showlight(false);
+}
+
+bool stopped() {
+  lightresult = 0;
+  aspetta();
+  return lightresult == 2;
+}
+
+bool waiting() {
+  return Pictgo.visible;
+}
+
+void Pictgo_Click() {
+  lightresult = 1;
+}
+void Pictalt_Click() {
+  lightresult = 2;
+}
+
+}  // namespace gradino

@@ -1,0 +1,35 @@
+// What a step leaves for the ladder, the light and the explanation.
+#pragma once
+
+#include <string>
+
+#include "checked.h"
+
+namespace gradino {
+
+/// True when the last finder changed the board. A finder clears it first; the singles do not use it.
+inline constinit bool foundflag = false;
+
+/// The tag of the finder now running; after a step it names the technique and so the explanation.
+inline std::string steptag;
+
+// The step on show: digit, cell, house (0-based). A single sets only the house that it found in.
+inline constinit Byte curdigit{"curdigit"}, curcell{"curcell"};
+inline constinit Byte curblock{"curblock"}, currow{"currow"}, curcol{"curcol"};
+
+/// True after a Nishio step; kept in the log's snapshots.
+inline constinit bool nishioflag = false;
+
+/// The long job now running: "conta", "genera", or empty while the user works on a puzzle.
+inline std::string comandocorrente;
+
+/// Sets comandocorrente for the length of a job, however the job ends.
+class Job {
+ public:
+  explicit Job(const char* command) { comandocorrente = command; }
+  ~Job() { comandocorrente.clear(); }
+  Job(const Job&) = delete;
+  Job& operator=(const Job&) = delete;
+};
+
+}  // namespace gradino

@@ -1,0 +1,38 @@
+#include "explain.h"
+
+#include "boxes.h"
+#include "singles.h"
+#include "step.h"
+#include "words.h"
+
+namespace gradino {
+namespace {
+
+constexpr Words caption = {"Spiegazioni- Clik sul semaforo verde per procedere",
+                           "Explanations - Clik on green traffic lights to proceed"};
+
+struct Explanation {
+  const char* tag;
+  void (*explain)();
+};
+
+// clang-format off
+constexpr Explanation explanations[] = {
+    {"findSingleInBlock",  explainsingleinblock},
+    {"findSingleInRow",    explainsingleinrow},
+    {"findSingleInColumn", explainsingleincolumn},
+    {"findSingleInCell",   explainsingleincell},
+};
+// clang-format on
+
+}  // namespace
+
+void Picthelp_Click() {
+  frmactivity::caption = inlanguage(caption);
+  frmactivity::top = frmmain::top;
+  frmactivity::left = frmmain::left + frmmain::width;
+  for (const Explanation& row : explanations)
+    if (steptag == row.tag) return row.explain();
+}
+
+}  // namespace gradino

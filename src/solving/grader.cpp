@@ -1,0 +1,54 @@
+#include "grader.h"
+
+#include "grade.h"
+#include "host.h"
+#include "levelreport.h"
+#include "log.h"
+#include "singles.h"
+#include "step.h"
+#include "tables.h"
+#include "words.h"
+
+namespace gradino {
+namespace {
+
+constexpr Words beyond = {
+    "                 Schema con 1 soluzione\r\n"
+    " Non riesco a risolvere il sudoku con gli algoritmi dosponibili",
+    "                 Puzzle with 1 solution\r\n"
+    " I can't solve the sudoku with available algorithms"};
+
+/// The first single that there is, placed; or none.
+const SingleRung* placesingle() {
+  for (const SingleRung& rung : singlerungs)
+    if (frmgenerazione::single(rung)) return &rung;
+  return nullptr;
+}
+
+/// The puzzle is beyond the techniques. Only a puzzle known to have one solution is worth a word.
+void giveup() {
+  if (boardfinished || numerosoluzioni != 1) return;
+  runninglevel = 21;
+  detail(inlanguage(beyond));
+  if (comandocorrente.empty()) host.message(std::string(inlanguage(beyond)));
+}
+
+}  // namespace
+
+void SolveSudoku() {
+  cleargrade();
+  boardfinished = false;
+  rebuildpositions();
+  for (;;) {
+    host.runevents();
+    foundflag = false;
+    if (const SingleRung* rung = placesingle()) {
+      // The last empty cell of a board is always the last digit of a house: the end is looked for only there.
+      if (rung == &singlerungs.front() && filledcount == cells) return messaggiolivello();
+      continue;
+    }
+    return giveup();
+  }
+}
+
+}  // namespace gradino

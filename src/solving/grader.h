@@ -1,0 +1,17 @@
+// The grader: solves the puzzle on the board silently, from beginning to end, and leaves level, counters and
+// log behind.
+#pragma once
+
+#include "checked.h"
+
+namespace gradino {
+
+/// True while a board was found finished; only the generator sets it.
+inline constinit bool boardfinished = false;
+
+/// Before: cellvalue filled, the rebuilds run, the solutions counted. It consumes the board: afterwards the
+/// tables hold the solved or stuck state, and the caller puts the board back from givens.
+/// Fault: more than 650 log lines, a score above 32767.
+void SolveSudoku();
+
+}  // namespace gradino

@@ -1,0 +1,28 @@
+// The log as a table of contents: from a line back to the board just before that step. And the empty board
+// that a new puzzle starts from.
+#pragma once
+
+#include <cstddef>
+
+#include "checked.h"
+
+namespace gradino {
+
+/// The log line that was double-clicked.
+inline constinit Int16 logline{"logline"};
+
+/// A double click on the log, with the caret at byte `caret` of the log text. Refuses during a wait and on a
+/// detail line, otherwise replays the line.
+void Text3_DblClick(std::size_t caret);
+
+/// Restores snapshot `logline`, with all eliminations up to there, and runs the step solver. A line without a
+/// snapshot empties the board.
+void ritrova();
+
+/// A new puzzle's start state: an empty board with red digit boxes, an empty log, no grade.
+void clearboard();
+
+/// Shows or hides the log window.
+void mnuactivity_Click();
+
+}  // namespace gradino

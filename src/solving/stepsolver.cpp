@@ -1,0 +1,37 @@
+#include "stepsolver.h"
+
+#include "boxes.h"
+#include "grid.h"
+#include "host.h"
+#include "singles.h"
+#include "step.h"
+#include "tables.h"
+#include "words.h"
+
+namespace gradino {
+namespace {
+
+constexpr Words notloaded = {"nessun schema caricato", "no puzzle loaded"};
+
+}  // namespace
+
+void stepsolver() {
+  rebuildpositions();
+  suppresschange = false;
+  for (const SingleRung& rung : singlerungs) {
+    steptag = rung.tag;
+    if (frmmain::single(rung)) return;
+  }
+}
+
+bool checkloaded() {
+  if (!frmmain::filetxt.text.empty()) return true;
+  host.message(std::string(inlanguage(notloaded)));
+  return false;
+}
+
+void mnuposition_Click() {
+  if (checkloaded()) stepsolver();
+}
+
+}  // namespace gradino

@@ -1,0 +1,185 @@
+#include "commands.h"
+
+#include "counter.h"
+#include "editing.h"
+#include "files.h"
+#include "grid.h"
+#include "host.h"
+#include "menu.h"
+#include "replay.h"
+#include "step.h"
+#include "stepsolver.h"
+#include "tables.h"
+#include "view.h"
+
+namespace gradino {
+
+using namespace frmmain;
+
+namespace {
+
+constexpr Words alreadycomplete = {"schema già completato", "sudoku already completed"};
+
+/// True, with a message, when there is nothing left to solve or count.
+bool boardfull() {
+  if (filledcount != cells) return false;
+  host.message(std::string(inlanguage(alreadycomplete)));
+  return true;
+}
+
+/// Copies the solution into the boxes.
+bool solve() {
+  if (boardfull()) return false;
+  for (int cell = 0; cell < cells; ++cell) {
+    if (Text1(cell).text.empty()) Text1(cell).fore = textcolor;
+    writetext1(cell, solutiontext(cell));
+  }
+  return true;
+}
+
+/// A command that never refuses.
+template <void (*command)()>
+bool run() {
+  command();
+  return true;
+}
+
+bool savekey() {
+  if (filledcount == cells) showgivens();
+  mnusave_Click();
+  return true;
+}
+
+constexpr Words both(std::string_view text) {
+  return {text, text};
+}
+
+// clang-format off
+const MenuRow menutable[] = {
+    {&mnufile,       true,  both("File"),                                       nullptr},
+    {&mnuopen,       false, {"Apri", "Open"},                                   mnuopen_Click},
+    {&mnusave,       false, {"Salva", "Save"},                                  mnusave_Click},
+    {&mnunew,        false, {"Nuovo", "New blank"},                             mnunew_Click},
+    {&mnuprint,      false, {"Stampa", "Print"},                                nullptr},
+    {&mnulibreria,   false, {"Libreria", "Open library"},                       nullptr},
+    {&mnuview,       true,  {"Visualizza", "View"},                             nullptr},
+    {&mnupencil,     false, {"Mostra candidati", "Show pencil marks"},          mnupencil_Click},
+    {&mnurefresh,    false, {"Rigenera candidati", "Refresh pencil marks"},     mnurefresh_Click},
+    {&mnuedit,       false, {"Modifica candidati", "Edit pencil marks"},        mnuedit_Click},
+    {&mnuactivity,   false, {"Mostra attivita'", "Show activity"},              mnuactivity_Click},
+    {&mnuhints,      true,  {"Suggerimenti", "Hints"},                          nullptr},
+    {&mnuposition,   false, {"suggerisci posizione", "Suggest position"},       mnuposition_Click},
+    {&mnunumber,     false, {"suggerisci numero", "Suggest number"},            mnunumber_Click},
+    {&mnutecniche,   true,  {"Tecniche", "Tecniques"},                          nullptr},
+    {&mnurestricted, false, {"Intersezioni", "Intersections"},                  nullptr},
+    {&mnunakedpair,  false, both("Naked Pair"),                                 nullptr},
+    {&mnuhidden,     false, both("Hidden pair"),                                nullptr},
+    {&mnutriplet,    false, both("Naked-Hidden triple-quad"),                   nullptr},
+    {&mnuxy,         false, both("XY-XYZ Wing"),                                nullptr},
+    {&mnuxwing,      false, both("X Wing"),                                     nullptr},
+    {&mnusword,      false, both("Sword Fish -JellyFish"),                      nullptr},
+    {&mnucolori,     false, {"Colori", "Coloring"},                             nullptr},
+    {&mnuchain,      false, {"Catene forzate", "Forcing chain"},                nullptr},
+    {&mnutools,      true,  {"Strumenti", "Tools"},                             nullptr},
+    {&mnusolve,      false, {"Risolvi", "Solve"},                               mnusolve_Click},
+    {&mnugenerator,  true,  {"Generatore", "Generator"},                        nullptr},
+    {&mnuadvanced,   false, {"Avanzato", "Advanced"},                           nullptr},
+};
+
+const KeyRow toolbar2table[] = {
+    {&Toolbar2::open,       "open",        "Open",   {"apri", "open"},                                run<mnuopen_Click>},
+    {&Toolbar2::anew,       "new",         "New",    {"nuovo", "new"},                                run<mnunew_Click>},
+    {&Toolbar2::libreria,   "libreria",    "",       {"libreria", "library"},                         nullptr},
+    {&Toolbar2::save,       "save",        "",       {"salva", "save"},                               savekey},
+    {&Toolbar2::print,      "print",       "",       {"stampa", "print"},                             nullptr},
+    {nullptr,               "",            "",       {},                                              nullptr},
+    {&Toolbar2::risolvi,    "risolvi",     "",       {"risolvi", "solution"},                         solve},
+    {&Toolbar2::conta,      "conta",       "",       {"conta soluzioni", "count solutions"},          countsolutions},
+    {&Toolbar2::undo,       "undo",        "",       {"rigenera schema", "from scratch"},             run<restoregivens>},
+    {nullptr,               "",            "",       {},                                              nullptr},
+    {&Toolbar2::genera,     "genera",      "",       {"generatore", "generator"},                     nullptr},
+    {&Toolbar2::continuo,   "continuo",    "",       {"generatore continuo", "continuous generator"}, nullptr},
+    {nullptr,               "",            "",       {},                                              nullptr},
+};
+
+const KeyRow toolbar1table[] = {
+    {&Toolbar1::pencil,      "pencil",      "",       {"candidati", "pencil marks"},                   run<mnupencil_Click>},
+    {&Toolbar1::refresh,     "refresh",     "",       {"rigenera candidati", "refresh pencil marks"},  run<mnurefresh_Click>},
+    {&Toolbar1::modifica,    "modifica",    "",       {},                                              run<modifica_Click>},
+    {&Toolbar1::activity,    "activity",    "",       {"log attività", "activity log"},                run<mnuactivity_Click>},
+    {nullptr,                "",            "",       {},                                              nullptr},
+    {&Toolbar1::obbligate,   "obbligate",   "",       {"intersezioni", "intersections"},               nullptr},
+    {&Toolbar1::nakedpair,   "nakedpair",   "",       {"doppia nuda", "naked pair"},                   nullptr},
+    {&Toolbar1::hidden,      "hidden",      "",       {"doppia nascosta", "hidden pair"},              nullptr},
+    {&Toolbar1::nakedtriple, "nakedtriple", "",       {"triple quadruple", "naked_hidden triple-quad"}, nullptr},
+    {&Toolbar1::xywing,      "xywing",      "",       {"XY-XYZ Wing", "XY-XYZ Wing "},                 nullptr},
+    {&Toolbar1::xwing,       "xwing",       "",       {"X Wing", "X Wing"},                            nullptr},
+    {&Toolbar1::sword,       "sword",       "",       {"swordfish-jellyfish", "swordfish-jellyfish"},  nullptr},
+    {&Toolbar1::colori,      "colori",      "",       {"colori", "colors"},                            nullptr},
+    {&Toolbar1::chain,       "chain",       "",       {"cicli - catene forzate", "loops - chains"},    nullptr},
+    {nullptr,                "",            "",       {},                                              nullptr},
+    {nullptr,                "",            "",       {},                                              nullptr},
+    {nullptr,                "",            "",       {},                                              nullptr},
+    {&Toolbar1::numero,      "numero",      "numero", {"mostra suggerimento", "show hint number"},     run<mnunumber_Click>},
+    {&Toolbar1::suggerisci,  "suggerisci",  "tip",    {"suggerisci", "hint"},                          run<mnuposition_Click>},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const MenuRow> menurows() {
+  return menutable;
+}
+std::span<const KeyRow> toolbar1rows() {
+  return toolbar1table;
+}
+std::span<const KeyRow> toolbar2rows() {
+  return toolbar2table;
+}
+
+void Toolbar1_ButtonClick(const KeyRow& row) {
+  const bool viewonly = row.control == &Toolbar1::pencil || row.control == &Toolbar1::numero;
+  if (!viewonly && refusedbylight()) return;
+  row.action();
+}
+
+void Toolbar2_ButtonClick(const KeyRow& row) {
+  if (refusedbylight()) return;
+  const bool needspuzzle = row.control == &Toolbar2::conta || row.control == &Toolbar2::risolvi;
+  if (needspuzzle && !checkloaded()) return;
+  if (row.action() && !pencilmarks()) mnupencil_Click();
+}
+
+void mnurefresh_Click() {
+  modificacandidati = false;
+  rebuildwhole();
+}
+
+void mnunumber_Click() {
+  mnunumber.ticked = !mnunumber.ticked;
+  Label3.visible = Text5.visible = mnunumber.ticked;
+}
+
+void mnusolve_Click() {
+  solve();
+}
+
+bool countsolutions() {
+  if (boardfull()) return false;
+  const Job job(countcommand);
+  conta();
+  return true;
+}
+
+void showgivens() {
+  suppresschange = true;
+  for (int cell = 0; cell < cells; ++cell) writetext1(cell, givens(cell));
+  suppresschange = false;
+  refreshcandidates();
+}
+
+void Frame1_DblClick() {
+  Toolbar2::continuo.visible = cmdnice.visible = !cmdnice.visible;
+}
+
+}  // namespace gradino

@@ -1,0 +1,52 @@
+// What menu and toolbars say and do: tables, one row a command, in the order of the screen. A command that
+// can't run says so in a message; none is ever greyed. A row whose command this build doesn't have yet is not
+// shown.
+#pragma once
+
+#include <span>
+
+#include "boxes.h"
+#include "words.h"
+
+namespace gradino {
+
+/// A menu title or entry.
+struct MenuRow {
+  Control* control;
+  bool title;  ///< opens a menu; the entries follow
+  Words caption;
+  void (*action)();
+};
+
+/// A toolbar key; without a control a separator.
+struct KeyRow {
+  Control* control;
+  const char* key;      ///< what the images are named by
+  const char* caption;  ///< the same in both languages
+  Words tip;            ///< empty: another routine sets it
+  bool (*action)();     ///< false: it refused
+};
+
+std::span<const MenuRow> menurows();
+std::span<const KeyRow> toolbar1rows();
+std::span<const KeyRow> toolbar2rows();
+
+/// The clicks. Toolbar1 refuses during a wait, but for the keys that only change the view; Toolbar2 refuses
+/// always, and turns the pencil marks on behind a command that ran to its end.
+void Toolbar1_ButtonClick(const KeyRow& row);
+void Toolbar2_ButtonClick(const KeyRow& row);
+
+void mnurefresh_Click();
+void mnunumber_Click();
+void mnusolve_Click();
+
+/// The key `conta`: counts the solutions of the givens and reports. False: the board was full.
+bool countsolutions();
+
+/// Writes the givens back into all digit boxes.
+void showgivens();
+
+/// A double click on Frame1: shows or hides the hidden tools.
+void Frame1_DblClick();
+
+}  // namespace gradino

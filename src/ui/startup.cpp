@@ -1,0 +1,32 @@
+#include "startup.h"
+
+#include "boxes.h"
+#include "captions.h"
+#include "clock.h"
+#include "counter.h"
+#include "editing.h"
+#include "freshforms.h"
+#include "grader.h"
+#include "replay.h"
+#include "singles.h"
+#include "tables.h"
+#include "words.h"
+
+namespace gradino {
+
+void startprogram() {
+  freshboard();
+  freshforms();
+  stepdigit = stepcell = 0;
+  boardfinished = false;
+  logline = 0;
+  freshcounter();
+  cellacliccata = navcell = 0;
+  freshclock();
+
+  buildtables();
+  lingua = italian;  // the switch toggles: every run starts in English
+  cmdlan_Click();
+}
+
+}  // namespace gradino
