@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Formatting of the sources and soundness of the shell scripts. "tools/check-style.sh --fix" formats.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+how=(--dry-run -Werror)
+[[ ${1:-} == --fix ]] && how=(-i)
+
+# Versions of clang-format differ in small things: the one of Debian 12 decides.
+if command -v clang-format-14 >/dev/null; then
+  find src tests bench \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format-14 "${how[@]}"
+else
+  echo "check-style: no clang-format-14 here, formatting not checked"
+fi
+if command -v shellcheck >/dev/null; then
+  shellcheck run test .ci/run tools/*.sh
+else
+  echo "check-style: no shellcheck here, scripts not checked"
+fi
