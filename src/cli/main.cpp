@@ -1,3 +1,95 @@
-int main() {
-  return 0;
+// gradino-cli: the grader, the counter and the step solver for batches.
+#include <cstdio>
+#include <stdexcept>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include "input.h"
+#include "jobs.h"
+#include "subcommands.h"
+
+namespace {
+
+using namespace gradino::cli;
+
+using Work = std::string (*)(const std::string& puzzle, const Options& options);
+
+/// One worker: each puzzle is done as it is read. More: all are read first.
+bool batch(const std::vector<std::string>& files, int jobs, Work work, const Options& options) {
+  if (jobs == 1)
+    return eachpuzzle(files, [&](const std::string& puzzle) { fmt::print("{}", work(puzzle, options)); });
+  std::vector<std::string> puzzles;
+  const bool read = eachpuzzle(files, [&](const std::string& puzzle) { puzzles.push_back(puzzle); });
+  return printinorder(puzzles, jobs, [&](const std::string& puzzle) { return work(puzzle, options); }) &&
+         read;
+}
+
+bool boards(const std::vector<std::string>& files, const Options& options) {
+  bool good = true;
+  const bool read = eachline(files, [&](const std::string& file, long number, const std::string& line) {
+    if (line.empty()) return;
+    try {
+      fmt::print("{}", techniques(line, options));
+    } catch (const std::invalid_argument& error) {
+      fmt::print(stderr, "{}:{}: {}\n", file, number, error.what());
+      good = false;
+    }
+  });
+  return read && good;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try {
+  Options options;
+  std::vector<std::string> files;
+  int jobs = 1;
+  CLI::App app("Grades, counts and walks sudoku puzzles: one puzzle a line, 81 of the symbols 1-9 . 0 x X.");
+  app.require_subcommand(1);
+
+  const auto sub = [&](const char* name, const char* help) {
+    CLI::App* command = app.add_subcommand(name, help);
+    command->add_option("FILE", files, "Files; standard input when there is none");
+    command->add_option("--lang", options.language, "Language of the texts")
+        ->check(CLI::IsMember({"en", "it"}));
+    return command;
+  };
+  const auto json = [&](CLI::App* command) {
+    command->add_flag("--json", options.json, "One JSON object a line");
+    return command;
+  };
+
+  CLI::App* gradecommand = json(sub("grade", "Level, score and log of each puzzle"));
+  gradecommand->add_option("--jobs", jobs, "Worker processes")->check(CLI::Range(1, 256));
+  gradecommand->add_flag("--snapshots", options.snapshots,
+                         "With the board behind each line of the log (JSON)");
+  CLI::App* countcommand = json(sub("count", "The number of solutions, up to 500"));
+  CLI::App* walkcommand = json(sub("walk", "Each step that the hint shows, to the end"));
+  walkcommand->add_flag("--explain", options.explain, "With the explanation of each step");
+  walkcommand->add_option("--stop", options.stop, "Answer stop at the first wait of this step")
+      ->check(CLI::PositiveNumber);
+  CLI::App* techniquescommand =
+      sub("techniques", "What each technique alone does on boards given as JSON lines");
+  CLI11_PARSE(app, argc, argv);
+
+  bool good = true;
+  if (*techniquescommand) good = boards(files, options);
+  if (*gradecommand) {
+    if (!options.json) fmt::print("{}", gradeheading());
+    good = batch(files, jobs, grade, options);
+  }
+  if (*countcommand) {
+    if (!options.json) fmt::print("{}", countheading());
+    good = batch(files, 1, count, options);
+  }
+  if (*walkcommand) good = batch(files, 1, walk, options);
+  if (std::fflush(stdout) != 0) {
+    std::perror("standard output");
+    return 1;
+  }
+  return good ? 0 : 1;
+} catch (const std::exception& error) {
+  fmt::print(stderr, "gradino-cli: {}\n", error.what());
+  return 1;
 }

@@ -10,7 +10,7 @@
 #include "singles.h"
 
 #include "boxes.h"
-#include "grade.h"
+#include "gradestate.h"
 #include "grid.h"
 #include "lesson.h"
 #include "light.h"

@@ -1,7 +1,7 @@
 #include "freshforms.h"
 
 #include "boxes.h"
-#include "grade.h"
+#include "gradestate.h"
 #include "grid.h"
 #include "library.h"
 #include "light.h"

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <bit>
 
-#include "grade.h"
+#include "gradestate.h"
 #include "host.h"
 #include "probe.h"
 #include "step.h"

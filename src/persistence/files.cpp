@@ -7,8 +7,8 @@
 
 #include "boxes.h"
 #include "counter.h"
-#include "grade.h"
 #include "grader.h"
+#include "gradestate.h"
 #include "grid.h"
 #include "host.h"
 #include "library.h"
@@ -153,14 +153,18 @@ void settleboard() {
   rebuildpositions();
 }
 
-void gradeboard() {
-  settleboard();
-  mnupencil_Click();
-  SolveSudoku();
+void showboard() {
   settleboard();
   plainempty();
   updatetext2();
   frmmain::bkglabel.visible = false;
+}
+
+void gradeboard() {
+  settleboard();
+  mnupencil_Click();
+  SolveSudoku();
+  showboard();
 }
 
 }  // namespace gradino

@@ -14,15 +14,18 @@ void mnusave_Click();
 /// New blank: an empty board ready to be typed in.
 void mnunew_Click();
 
-// What opening does behind its scanner, in its three acts; they stand apart for who looks between them.
+// What opening and saving do behind their file, in acts that stand apart for who looks between them.
 
-/// Counts the solutions of givens and tells if there is more than one.
+/// Counts the solutions of the givens and tells if there is more than one.
 void countgivens();
 
 /// Puts the board's tables to the givens, eliminations forgotten; the boxes stay.
 void settleboard();
 
-/// Settles the board, toggles the pencil marks, grades, and settles the board again, since the grader has
+/// Settles the board and shows it: pencil marks repainted, empty boxes in the plain text colour.
+void showboard();
+
+/// Settles the board, toggles the pencil marks, grades, and shows the board again, since the grader has
 /// consumed it.
 void gradeboard();
 

@@ -1,6 +1,6 @@
 #include "grader.h"
 
-#include "grade.h"
+#include "gradestate.h"
 #include "host.h"
 #include "levelreport.h"
 #include "log.h"

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "boxes.h"
-#include "grade.h"
+#include "gradestate.h"
 #include "library.h"
 #include "step.h"
 #include "words.h"

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "boxes.h"
-#include "grade.h"
+#include "gradestate.h"
 #include "grid.h"
 #include "host.h"
 #include "light.h"

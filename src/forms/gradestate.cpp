@@ -1,4 +1,4 @@
-#include "grade.h"
+#include "gradestate.h"
 
 namespace gradino {
 

@@ -1,0 +1,83 @@
+#include "jobs.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+
+#include <fmt/format.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace gradino::cli {
+namespace {
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+struct Worker {
+  pid_t process;
+  File results;
+};
+
+// A result on its way: its length in 8 bytes, then its text.
+void sendresult(std::FILE* to, const std::string& text) {
+  const std::uint64_t length = text.size();
+  std::fwrite(&length, sizeof length, 1, to);
+  std::fwrite(text.data(), 1, text.size(), to);
+  std::fflush(to);
+}
+
+bool takeresult(std::FILE* from, std::string& text) {
+  std::uint64_t length = 0;
+  if (std::fread(&length, sizeof length, 1, from) != 1) return false;
+  text.resize(length);
+  return std::fread(text.data(), 1, length, from) == length;
+}
+
+/// Starts the worker that does every jobs-th item from `first` on.
+Worker start(const std::vector<std::string>& items, std::size_t first, std::size_t jobs,
+             const std::function<std::string(const std::string&)>& work) {
+  int ends[2];
+  if (pipe(ends) != 0) throw std::runtime_error("no pipe for a worker");
+  const pid_t process = fork();
+  if (process < 0) throw std::runtime_error("no process for a worker");
+  if (process == 0) {
+    close(ends[0]);
+    const File out(fdopen(ends[1], "wb"));
+    for (std::size_t i = first; i < items.size(); i += jobs) sendresult(out.get(), work(items[i]));
+    std::fflush(out.get());
+    _exit(0);
+  }
+  close(ends[1]);
+  return {process, File(fdopen(ends[0], "rb"))};
+}
+
+}  // namespace
+
+bool printinorder(const std::vector<std::string>& items, int jobs,
+                  const std::function<std::string(const std::string&)>& work) {
+  std::fflush(stdout);
+  const auto count = static_cast<std::size_t>(jobs);
+  std::vector<Worker> workers;
+  for (std::size_t first = 0; first < count; ++first) workers.push_back(start(items, first, count, work));
+
+  bool good = true;
+  std::string text;
+  for (std::size_t i = 0; i < items.size() && good; ++i) {
+    good = takeresult(workers[i % count].results.get(), text);
+    if (good)
+      fmt::print("{}", text);
+    else
+      fmt::print(stderr, "a worker ended before puzzle {} was done\n", i + 1);
+  }
+  for (Worker& worker : workers) {
+    worker.results.reset();
+    int status = 0;
+    waitpid(worker.process, &status, 0);
+  }
+  return good;
+}
+
+}  // namespace gradino::cli

@@ -1,0 +1,15 @@
+// Both cores are used by processes.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace gradino::cli {
+
+/// Prints work(item) for each item, in the order of the items, done by `jobs` worker processes. False: a
+/// worker ended before its work, which standard error was told.
+bool printinorder(const std::vector<std::string>& items, int jobs,
+                  const std::function<std::string(const std::string& item)>& work);
+
+}  // namespace gradino::cli

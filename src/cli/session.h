@@ -1,0 +1,36 @@
+// The console program as a host: each puzzle runs in a freshly started program.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+namespace gradino::cli {
+
+using Json = nlohmann::ordered_json;
+
+/// What the program said while it ran.
+struct Session {
+  std::vector<std::string> boxes;    ///< the message boxes, in order
+  std::optional<std::string> fault;  ///< the report of a run-time fault
+};
+
+/// A freshly started program in a language, "en" or "it"; its message boxes go to session.boxes.
+void startsession(Session& session, const std::string& language);
+
+/// Runs an event; a fault ends it and is kept in session.fault.
+void runguarded(Session& session, const std::function<void()>& event);
+
+/// Puts a puzzle (81 symbols) up as opening a file does with what its scanner read, up to and with the count.
+void putup(const std::string& puzzle);
+
+// The board as JSON speaks of it.
+std::string valuestext();  ///< 81 digits of cellvalue
+Json candsjson();          ///< 81 masks
+Json countersjson();       ///< levelcount 1 to 21
+Json logjson();            ///< the log text split at its line breaks
+
+}  // namespace gradino::cli

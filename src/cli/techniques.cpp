@@ -1,0 +1,80 @@
+#include <array>
+#include <charconv>
+#include <stdexcept>
+
+#include "gradestate.h"
+#include "log.h"
+#include "session.h"
+#include "singles.h"
+#include "step.h"
+#include "subcommands.h"
+#include "tables.h"
+
+namespace gradino::cli {
+namespace {
+
+/// A board as the input tells it.
+struct Position {
+  std::string values, solution;
+  std::array<int, 81> masks;
+  bool nishio;
+};
+
+std::string digits(const Json& line, const char* key) {
+  const std::string text = line.value(key, std::string());
+  if (text.size() != 81 || text.find_first_not_of("0123456789") != std::string::npos)
+    throw std::invalid_argument(std::string(key) + ": not 81 digits");
+  return text;
+}
+
+std::array<int, 81> masks(const std::string& text) {
+  std::array<int, 81> numbers;
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  for (int& number : numbers) {
+    const auto read = std::from_chars(at, end, number);
+    if (read.ec != std::errc{} || number < 0 || number > fullmask || number % 2 != 0)
+      throw std::invalid_argument("cands: not 81 masks");
+    at = read.ptr == end ? end : read.ptr + 1;
+  }
+  return numbers;
+}
+
+Position parse(const std::string& text) {
+  try {
+    const Json line = Json::parse(text);
+    return {digits(line, "values"), line.contains("solution") ? digits(line, "solution") : "",
+            masks(line.value("cands", std::string())), line.value("nishio", false)};
+  } catch (const Json::exception&) {
+    throw std::invalid_argument("not an object with values, cands, solution and nishio");
+  }
+}
+
+void putboard(const Position& position) {
+  filledcount = 0;
+  for (int cell = 0; cell < cells; ++cell) {
+    const auto c = static_cast<std::size_t>(cell);
+    cellvalue(cell) = position.values[c] - '0';
+    if (cellvalue(cell) != 0) filledcount += 1;
+    candmask(cell) = position.masks[c];
+    if (!position.solution.empty()) solutiontext(cell) = position.solution[c];
+  }
+  rebuildusedmask();
+  rebuildcandstr();
+  rebuildpositions();
+  nishioflag = position.nishio;
+}
+
+}  // namespace
+
+std::string techniques(const std::string& line, const Options& options) {
+  const Position position = parse(line);
+  Session session;
+  startsession(session, options.language);
+  putboard(position);
+  Json out;
+  for (const SingleRung& rung : singlerungs) out[rung.tag] = rung.find();
+  return out.dump() + "\n";
+}
+
+}  // namespace gradino::cli
