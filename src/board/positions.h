@@ -3,6 +3,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <iterator>
 #include <string>
 
 namespace gradino {
@@ -36,16 +37,28 @@ struct Positions {
 
   class iterator {
    public:
+    using iterator_category = std::forward_iterator_tag;
+    using difference_type = int;
+    using value_type = int;
+    using pointer = const int*;
+    using reference = int;
+
+    constexpr iterator() = default;
     constexpr explicit iterator(unsigned rest) : rest_(rest) {}
     constexpr int operator*() const { return std::countr_zero(rest_); }
     constexpr iterator& operator++() {
       rest_ &= rest_ - 1;
       return *this;
     }
+    constexpr iterator operator++(int) {
+      const iterator before = *this;
+      ++*this;
+      return before;
+    }
     constexpr bool operator==(const iterator&) const = default;
 
    private:
-    unsigned rest_;
+    unsigned rest_ = 0;
   };
   constexpr iterator begin() const { return iterator(bits); }
   constexpr iterator end() const { return iterator(0); }

@@ -1,8 +1,10 @@
 #include <array>
 #include <charconv>
 #include <stdexcept>
+#include <utility>
 
 #include "gradestate.h"
+#include "intersections.h"
 #include "log.h"
 #include "session.h"
 #include "singles.h"
@@ -65,6 +67,33 @@ void putboard(const Position& position) {
   nishioflag = position.nishio;
 }
 
+// clang-format off
+constexpr std::pair<const char*, void (*)()> twins[] = {
+    {"intersections", frmgenerazione::intersections},
+};
+// clang-format on
+
+/// Lets one twin alone act on the board, in a freshly started program.
+Json actionof(void (*twin)(), const Position& position, const Options& options) {
+  Session session;
+  startsession(session, options.language);
+  putboard(position);
+  runguarded(session, twin);
+  Json out;
+  out["found"] = foundflag;
+  out["level"] = int(runninglevel);
+  out["counters"] = countersjson();
+  out["log"] = logjson();
+  out["logcount"] = int(logcount);
+  out["boxes"] = session.boxes;
+  out["fault"] = session.fault ? Json(*session.fault) : Json(nullptr);
+  out["nishio"] = nishioflag;
+  out["filled"] = int(filledcount);
+  out["values"] = valuestext();
+  out["cands"] = candsjson();
+  return out;
+}
+
 }  // namespace
 
 std::string techniques(const std::string& line, const Options& options) {
@@ -74,6 +103,7 @@ std::string techniques(const std::string& line, const Options& options) {
   putboard(position);
   Json out;
   for (const SingleRung& rung : singlerungs) out[rung.tag] = rung.find();
+  for (const auto& [name, twin] : twins) out[name] = actionof(twin, position, options);
   return out.dump() + "\n";
 }
 

@@ -12,6 +12,7 @@
 #include "boxes.h"
 #include "gradestate.h"
 #include "grid.h"
+#include "houses.h"
 #include "lesson.h"
 #include "light.h"
 #include "log.h"
@@ -273,25 +274,6 @@ bool frmgenerazione::single(const SingleRung& rung) {
 
 namespace {
 
-/// A house seen as nine cells.
-using House = std::array<int, 9>;
-
-House rowcells(int row) {
-  House house;
-  for (int p = 0; p < 9; ++p) house[static_cast<std::size_t>(p)] = row * 9 + p;
-  return house;
-}
-House columncells(int col) {
-  House house;
-  for (int p = 0; p < 9; ++p) house[static_cast<std::size_t>(p)] = p * 9 + col;
-  return house;
-}
-House blockhouse(int block) {
-  House house;
-  for (int p = 0; p < 9; ++p) house[static_cast<std::size_t>(p)] = blockcells(block, p);
-  return house;
-}
-
 bool shows(int cell, int digit) {
   return frmmain::Text1(cell).text == std::to_string(digit);
 }
@@ -328,15 +310,15 @@ void explainsingleinblock() {
   lesson.line(say(alreadyplaced, hole("digit", stepdigit)));
   for (int r = row / 3 * 3; r < row / 3 * 3 + 3; ++r)
     if (r != row && rowpos(stepdigit, r).empty()) {
-      paintplaced(rowcells(r), stepdigit);
+      paintplaced(housecells(HouseKind::row, r), stepdigit);
       lesson.words(say(placedinrow, hole("row", r + 1)));
     }
   for (int c = col / 3 * 3; c < col / 3 * 3 + 3; ++c)
     if (c != col && colpos(stepdigit, c).empty()) {
-      paintplaced(columncells(c), stepdigit);
+      paintplaced(housecells(HouseKind::column, c), stepdigit);
       lesson.words(say(placedincolumn, hole("col", c + 1)));
     }
-  for (int cell : blockhouse(block))
+  for (int cell : housecells(HouseKind::block, block))
     if (frmmain::Text1(cell).text.empty() && frmmain::Text1(cell).back == white) {
       frmmain::Text1(cell).back = magenta;
       lesson.line(at(ruledout, cell));
@@ -357,15 +339,16 @@ void explainsingleinline(bool isrow) {
 
   lesson.line(
       say(isrow ? thedigitinrow : thedigitincolumn, hole("house", line + 1), hole("digit", stepdigit)));
-  for (int cell : isrow ? rowcells(line) : columncells(line)) {
+  for (int cell : isrow ? housecells(HouseKind::row, line) : housecells(HouseKind::column, line)) {
     if (cell == stepcell || !frmmain::Text1(cell).text.empty()) continue;
     const int block = cellblock(cell) - 1, cross = (isrow ? cellcol(cell) : cellrow(cell)) - 1;
     lesson.line(at(impossiblein, cell));
     if (blockpos(stepdigit, block).empty()) {
-      paintplaced(blockhouse(block), stepdigit);
+      paintplaced(housecells(HouseKind::block, block), stepdigit);
       lesson.line(say(becauseblock, hole("house", block + 1)));
     } else if (isrow ? colpos(stepdigit, cross).empty() : rowpos(stepdigit, cross).empty()) {
-      paintplaced(isrow ? columncells(cross) : rowcells(cross), stepdigit);
+      paintplaced(isrow ? housecells(HouseKind::column, cross) : housecells(HouseKind::row, cross),
+                  stepdigit);
       lesson.line(say(isrow ? becausecolumn : becauserow, hole("house", cross + 1)));
     } else {
       frmmain::Text1(cell).back = magenta;
@@ -380,7 +363,8 @@ void explainsingleinline(bool isrow) {
 /// The first cell, seen from the step's cell by block, row and column, that shows the digit; or -1.
 int seenfrom(int cell, int digit) {
   for (const House& house :
-       {blockhouse(cellblock(cell) - 1), rowcells(cellrow(cell) - 1), columncells(cellcol(cell) - 1)})
+       {housecells(HouseKind::block, cellblock(cell) - 1), housecells(HouseKind::row, cellrow(cell) - 1),
+        housecells(HouseKind::column, cellcol(cell) - 1)})
     for (int other : house)
       if (shows(other, digit)) return other;
   return -1;

@@ -1,6 +1,7 @@
 #include "explain.h"
 
 #include "boxes.h"
+#include "intersections.h"
 #include "singles.h"
 #include "step.h"
 #include "words.h"
@@ -22,6 +23,7 @@ constexpr Explanation explanations[] = {
     {"findSingleInRow",    explainsingleinrow},
     {"findSingleInColumn", explainsingleincolumn},
     {"findSingleInCell",   explainsingleincell},
+    {"intersections",      explainintersections},
 };
 // clang-format on
 

@@ -2,6 +2,7 @@
 
 #include "gradestate.h"
 #include "host.h"
+#include "intersections.h"
 #include "levelreport.h"
 #include "log.h"
 #include "singles.h"
@@ -18,11 +19,28 @@ constexpr Words beyond = {
     "                 Puzzle with 1 solution\r\n"
     " I can't solve the sudoku with available algorithms"};
 
+// Behind the singles. The step solver's order is another, so a puzzle can be graded through another path than
+// the one that its user steps through.
+// clang-format off
+constexpr void (*rungs[])() = {
+    frmgenerazione::intersections,
+};
+// clang-format on
+
 /// The first single that there is, placed; or none.
 const SingleRung* placesingle() {
   for (const SingleRung& rung : singlerungs)
     if (frmgenerazione::single(rung)) return &rung;
   return nullptr;
+}
+
+/// Lets the twins try in their order, until one has changed the board.
+bool anytwin() {
+  for (const auto& rung : rungs) {
+    rung();
+    if (foundflag) return true;
+  }
+  return false;
 }
 
 /// The puzzle is beyond the techniques. Only a puzzle known to have one solution is worth a word.
@@ -47,7 +65,7 @@ void SolveSudoku() {
       if (rung == &singlerungs.front() && filledcount == cells) return messaggiolivello();
       continue;
     }
-    return giveup();
+    if (!anytwin()) return giveup();
   }
 }
 

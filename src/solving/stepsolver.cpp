@@ -3,6 +3,7 @@
 #include "boxes.h"
 #include "grid.h"
 #include "host.h"
+#include "intersections.h"
 #include "singles.h"
 #include "step.h"
 #include "tables.h"
@@ -13,6 +14,18 @@ namespace {
 
 constexpr Words notloaded = {"nessun schema caricato", "no puzzle loaded"};
 
+struct Rung {
+  const char* tag;
+  void (*routine)();
+};
+
+// Behind the singles. The grader's order is another.
+// clang-format off
+constexpr Rung rungs[] = {
+    {"intersections", frmmain::intersections},
+};
+// clang-format on
+
 }  // namespace
 
 void stepsolver() {
@@ -21,6 +34,11 @@ void stepsolver() {
   for (const SingleRung& rung : singlerungs) {
     steptag = rung.tag;
     if (frmmain::single(rung)) return;
+  }
+  for (const Rung& rung : rungs) {
+    steptag = rung.tag;
+    rung.routine();
+    if (foundflag) return;
   }
 }
 

@@ -1,0 +1,59 @@
+// What all technique families speak of: houses as nine cells, cells by name, and what ends a step.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "boxes.h"
+#include "tables.h"
+
+namespace gradino {
+
+/// A house seen as its nine cells, in position order.
+using House = std::array<int, 9>;
+
+enum class HouseKind { row, column, block };
+
+/// Cell at a position (0 to 8) of a house (0 to 8).
+inline int housecell(HouseKind kind, int house, int position) {
+  return kind == HouseKind::row      ? house * 9 + position
+         : kind == HouseKind::column ? position * 9 + house
+                                     : blockcells(house, position);
+}
+
+inline House housecells(HouseKind kind, int house) {
+  House cells_{};
+  for (int p = 0; p < 9; ++p) cells_[static_cast<std::size_t>(p)] = housecell(kind, house, p);
+  return cells_;
+}
+
+/// The house of a kind (0 to 8) that a cell lies in.
+inline int houseof(HouseKind kind, int cell) {
+  return (kind == HouseKind::row      ? cellrow(cell)
+          : kind == HouseKind::column ? cellcol(cell)
+                                      : cellblock(cell)) -
+         1;
+}
+
+/// Where a digit can still go in a house.
+inline Positions housepos(HouseKind kind, int digit, int house) {
+  return kind == HouseKind::row      ? rowpos(digit, house)
+         : kind == HouseKind::column ? colpos(digit, house)
+                                     : blockpos(digit, house);
+}
+
+/// "r4c5"
+std::string cellname(int cell);
+
+/// The pencil mark of a digit in a cell.
+inline Box& pencilmark(int cell, int digit) {
+  return frmmain::candidate(cell * 10 + digit);
+}
+
+/// After a step of the main window has deleted candidates: candstr, pencil marks, positions.
+void showdeletions();
+
+/// The same for a twin, which touches no box.
+void settledeletions();
+
+}  // namespace gradino
