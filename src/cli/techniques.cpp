@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "fish.h"
 #include "gradestate.h"
 #include "intersections.h"
 #include "log.h"
@@ -70,6 +71,9 @@ void putboard(const Position& position) {
 // clang-format off
 constexpr std::pair<const char*, void (*)()> twins[] = {
     {"intersections", frmgenerazione::intersections},
+    {"findxwing",     frmgenerazione::findxwing},
+    {"findswordfish", frmgenerazione::findswordfish},
+    {"findjellyfish", frmgenerazione::findjellyfish},
 };
 // clang-format on
 

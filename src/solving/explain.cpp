@@ -1,6 +1,7 @@
 #include "explain.h"
 
 #include "boxes.h"
+#include "fish.h"
 #include "intersections.h"
 #include "singles.h"
 #include "step.h"
@@ -24,6 +25,9 @@ constexpr Explanation explanations[] = {
     {"findSingleInColumn", explainsingleincolumn},
     {"findSingleInCell",   explainsingleincell},
     {"intersections",      explainintersections},
+    {"findxwing",          explainxwing},
+    {"findswordfish",      explainswordfish},
+    {"findjellyfish",      explainjellyfish},
 };
 // clang-format on
 

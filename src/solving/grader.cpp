@@ -1,5 +1,6 @@
 #include "grader.h"
 
+#include "fish.h"
 #include "gradestate.h"
 #include "host.h"
 #include "intersections.h"
@@ -24,6 +25,9 @@ constexpr Words beyond = {
 // clang-format off
 constexpr void (*rungs[])() = {
     frmgenerazione::intersections,
+    frmgenerazione::findxwing,
+    frmgenerazione::findswordfish,
+    frmgenerazione::findjellyfish,
 };
 // clang-format on
 

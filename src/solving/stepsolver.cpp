@@ -1,6 +1,7 @@
 #include "stepsolver.h"
 
 #include "boxes.h"
+#include "fish.h"
 #include "grid.h"
 #include "host.h"
 #include "intersections.h"
@@ -23,6 +24,9 @@ struct Rung {
 // clang-format off
 constexpr Rung rungs[] = {
     {"intersections", frmmain::intersections},
+    {"findxwing",     frmmain::findxwing},
+    {"findswordfish", frmmain::findswordfish},
+    {"findjellyfish", frmmain::findjellyfish},
 };
 // clang-format on
 

@@ -1,0 +1,22 @@
+// Fish: X-Wing (level 10), Swordfish (11), Jellyfish (12).
+#pragma once
+
+namespace gradino {
+
+namespace frmmain {
+void findxwing();
+void findswordfish();
+void findjellyfish();
+}  // namespace frmmain
+
+namespace frmgenerazione {
+void findxwing();
+void findswordfish();
+void findjellyfish();
+}  // namespace frmgenerazione
+
+void explainxwing();
+void explainswordfish();
+void explainjellyfish();
+
+}  // namespace gradino
