@@ -1,0 +1,140 @@
+// The console program against the reference results, object by object.
+#include <cstdio>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+namespace {
+
+using Json = nlohmann::json;
+using Lines = std::vector<Json>;
+
+const std::string data = std::string(TESTDATA) + "/reference/";
+
+// The rungs that this build has: steps and grades beyond them are left out of the comparison.
+constexpr int highestlevel = 12;
+const std::set<std::string> tags = {
+    "findOneMissing", "findSingleInBlock", "findSingleInRow", "findSingleInColumn", "findSingleInCell",
+    "intersections",  "nakedpair",         "hiddenpair",      "findtriple",         "findquad",
+    "findxywing",     "findxyzwing",       "findxwing",       "findswordfish",      "findjellyfish"};
+
+Lines linesof(const std::string& command) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+  std::string text;
+  char buffer[1 << 16];
+  for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, pipe.get())) > 0;) text.append(buffer, n);
+  Lines lines;
+  for (std::size_t begin = 0, end; (end = text.find('\n', begin)) != std::string::npos; begin = end + 1)
+    lines.push_back(Json::parse(text.substr(begin, end - begin)));
+  return lines;
+}
+
+Lines printed(const std::string& arguments) {
+  return linesof(std::string(GRADINO_CLI) + " " + arguments);
+}
+Lines wanted(const std::string& file) {
+  return linesof((file.ends_with(".xz") ? "xz -dc " : "cat ") + data + file);
+}
+
+/// Only that there is a fault counts, not its words.
+void blurfault(Json& object) {
+  if (object.contains("fault")) object["fault"] = !object["fault"].is_null();
+}
+
+void expectsame(Json got, Json want, const std::string& where) {
+  blurfault(got);
+  blurfault(want);
+  if (got == want) return;
+  ADD_FAILURE() << where << "\n" << Json::diff(want, got).dump(1);
+}
+
+void comparegrades(const std::string& puzzles, const std::string& file, const std::string& language) {
+  const Lines got = printed("grade --snapshots --json --jobs 2 --lang " + language + " " + data + puzzles);
+  const Lines want = wanted(file);
+  ASSERT_EQ(got.size(), want.size());
+  int compared = 0;
+  for (std::size_t i = 0; i < want.size(); ++i) {
+    if (want[i]["level"] > highestlevel || !want[i]["fault"].is_null()) continue;
+    expectsame(got[i], want[i], want[i]["puzzle"]);
+    ++compared;
+  }
+  EXPECT_GT(compared, 0);
+}
+
+/// The walks puzzle by puzzle.
+std::vector<Lines> walksof(const Lines& lines) {
+  std::vector<Lines> walks;
+  for (const Json& line : lines) {
+    if (line.contains("puzzle")) walks.emplace_back();
+    walks.back().push_back(line);
+  }
+  return walks;
+}
+
+bool beyond(const Json& line) {
+  return (line.contains("wait") && !tags.contains(line["tag"])) || line.contains("fault");
+}
+
+void comparewalks(const std::string& arguments, const std::string& file) {
+  const std::vector<Lines> got =
+      walksof(printed("walk --json " + arguments + " " + data + "walk.puzzles.txt"));
+  const std::vector<Lines> want = walksof(wanted(file));
+  ASSERT_EQ(got.size(), want.size());
+  std::size_t compared = 0;
+  for (std::size_t w = 0; w < want.size(); ++w)
+    for (std::size_t i = 0; i < want[w].size() && !beyond(want[w][i]); ++i, ++compared) {
+      const std::string where = want[w][0]["puzzle"].get<std::string>() + " line " + std::to_string(i);
+      ASSERT_LT(i, got[w].size()) << where;
+      expectsame(got[w][i], want[w][i], where);
+      if (testing::Test::HasFailure()) return;
+    }
+  EXPECT_GT(compared, want.size());
+}
+
+TEST(Reference, GradesInEnglish) {
+  comparegrades("grade.puzzles.txt", "grade.en.jsonl.xz", "en");
+}
+TEST(Reference, GradesInItalian) {
+  comparegrades("grade.puzzles.txt", "grade.it.jsonl.xz", "it");
+}
+TEST(Reference, OddBoardsInEnglish) {
+  comparegrades("odd.boards.txt", "odd.en.jsonl.xz", "en");
+}
+TEST(Reference, OddBoardsInItalian) {
+  comparegrades("odd.boards.txt", "odd.it.jsonl.xz", "it");
+}
+
+TEST(Reference, Counts) {
+  const Lines got = printed("count --json " + data + "odd.boards.txt"), want = wanted("count.jsonl");
+  ASSERT_EQ(got.size(), want.size());
+  for (std::size_t i = 0; i < want.size(); ++i) expectsame(got[i], want[i], want[i]["puzzle"]);
+}
+
+TEST(Reference, Walks) {
+  comparewalks("", "walk.en.jsonl.xz");
+}
+TEST(Reference, WalksWithAStop) {
+  comparewalks("--stop 12", "walk.stop12.en.jsonl.xz");
+}
+TEST(Reference, WalksExplainedInEnglish) {
+  comparewalks("--explain", "walk.explain.en.jsonl.xz");
+}
+TEST(Reference, WalksExplainedInItalian) {
+  comparewalks("--explain --lang it", "walk.explain.it.jsonl.xz");
+}
+
+TEST(Reference, EachTechniqueAlone) {
+  const std::string states = data + "states.jsonl.xz";
+  const Lines got = linesof("xz -dc " + states + " | " + GRADINO_CLI + " techniques");
+  const Lines want = wanted("techniques.en.jsonl.xz");
+  ASSERT_EQ(got.size(), want.size());
+  for (std::size_t i = 0; i < want.size(); ++i)
+    for (const auto& [name, action] : got[i].items())
+      expectsame(action, want[i][name], "board " + std::to_string(i + 1) + ", " + name);
+}
+
+}  // namespace
