@@ -7,6 +7,7 @@
 #include "gradestate.h"
 #include "intersections.h"
 #include "log.h"
+#include "pairs.h"
 #include "session.h"
 #include "singles.h"
 #include "step.h"
@@ -71,6 +72,8 @@ void putboard(const Position& position) {
 // clang-format off
 constexpr std::pair<const char*, void (*)()> twins[] = {
     {"intersections", frmgenerazione::intersections},
+    {"nakedpair",     frmgenerazione::nakedpair},
+    {"hiddenpair",    frmgenerazione::hiddenpair},
     {"findxwing",     frmgenerazione::findxwing},
     {"findswordfish", frmgenerazione::findswordfish},
     {"findjellyfish", frmgenerazione::findjellyfish},

@@ -50,6 +50,9 @@ inline Box& pencilmark(int cell, int digit) {
   return frmmain::candidate(cell * 10 + digit);
 }
 
+/// Keeps the house of the step on show: in currow, curcol or curblock.
+void keephouse(HouseKind kind, int house);
+
 /// After a step of the main window has deleted candidates: candstr, pencil marks, positions.
 void showdeletions();
 

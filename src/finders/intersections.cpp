@@ -214,6 +214,13 @@ void paintholder(const Intersection& find, Colour colour) {
 /// The step on show, for its explanation.
 Intersection shown;
 
+void keep(const Intersection& find) {
+  shown = find;
+  curdigit = find.digit;
+  keephouse(find.kind->holder, find.holder);
+  keephouse(find.kind->target, find.target);
+}
+
 }  // namespace
 
 // ---- step -------------------------------------------------------------------------------------------------
@@ -222,7 +229,7 @@ void frmmain::intersections() {
   foundflag = false;
   steptag = "intersections";
   scan([](const Intersection& find) {
-    shown = find;
+    keep(find);
     paintholder(find, green);
     txthint.text = tell(find.kind->hint, find);
     const bool stop = stopped();

@@ -3,6 +3,7 @@
 #include "boxes.h"
 #include "fish.h"
 #include "intersections.h"
+#include "pairs.h"
 #include "singles.h"
 #include "step.h"
 #include "words.h"
@@ -25,6 +26,8 @@ constexpr Explanation explanations[] = {
     {"findSingleInColumn", explainsingleincolumn},
     {"findSingleInCell",   explainsingleincell},
     {"intersections",      explainintersections},
+    {"nakedpair",          explainnakedpair},
+    {"hiddenpair",         explainhiddenpair},
     {"findxwing",          explainxwing},
     {"findswordfish",      explainswordfish},
     {"findjellyfish",      explainjellyfish},

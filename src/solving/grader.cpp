@@ -6,6 +6,7 @@
 #include "intersections.h"
 #include "levelreport.h"
 #include "log.h"
+#include "pairs.h"
 #include "singles.h"
 #include "step.h"
 #include "tables.h"
@@ -25,6 +26,8 @@ constexpr Words beyond = {
 // clang-format off
 constexpr void (*rungs[])() = {
     frmgenerazione::intersections,
+    frmgenerazione::nakedpair,
+    frmgenerazione::hiddenpair,
     frmgenerazione::findxwing,
     frmgenerazione::findswordfish,
     frmgenerazione::findjellyfish,

@@ -5,6 +5,7 @@
 #include "grid.h"
 #include "host.h"
 #include "intersections.h"
+#include "pairs.h"
 #include "singles.h"
 #include "step.h"
 #include "tables.h"
@@ -24,6 +25,8 @@ struct Rung {
 // clang-format off
 constexpr Rung rungs[] = {
     {"intersections", frmmain::intersections},
+    {"nakedpair",     frmmain::nakedpair},
+    {"hiddenpair",    frmmain::hiddenpair},
     {"findxwing",     frmmain::findxwing},
     {"findswordfish", frmmain::findswordfish},
     {"findjellyfish", frmmain::findjellyfish},

@@ -1,0 +1,354 @@
+// Pairs: two cells of a house that two digits have to share.
+//
+//   naked pair     the two cells have no candidate but the same two: the house's other cells lose both
+//   hidden pair    the two digits have no place but the same two: the two cells lose all other candidates
+//
+//     naked, in a row:     47 147 . | 47   . .  | . 489 .       147 and 489 lose 4 and 7
+//     hidden, in a row:    147 19 . | 4579 . 59 | . 189 .       147 and 4579 keep 4 and 7 alone
+//
+// The naked pair is the easier one to see, and is looked for first.
+#include "pairs.h"
+
+#include <string>
+
+#include "gradestate.h"
+#include "grid.h"
+#include "houses.h"
+#include "lesson.h"
+#include "light.h"
+#include "log.h"
+#include "step.h"
+#include "words.h"
+
+namespace gradino {
+namespace {
+
+// ---- words ------------------------------------------------------------------------------------------------
+
+// Hint and headline of the naked pair are not alike: the comma before the cells stands otherwise, and the
+// English headline has two blanks behind it.
+constexpr Words nakedhint = {"COPPIA NUDA {digits} nelle celle {first} , {second}",
+                             "NAKED PAIR {digits}, cells {first} , {second}"};
+constexpr Words nakedheadline = {"COPPIA NUDA {digits} , celle {first} , {second}",
+                                 "NAKED PAIR {digits} ,  cells {first} , {second}"};
+constexpr Words deleted = {"eliminato ", "deleted "};
+constexpr Words logdeleted = {" * eliminato ", " * deleted "};
+constexpr Words deletedcandidate = {"{digit} from {cell} , ", "{digit} from {cell} , "};
+
+constexpr Words hiddenfound = {"COPPIA NASCOSTA {digits} nelle celle {first} , {second}",
+                               "HIDDEN PAIR {digits}, cells {first} , {second}"};
+constexpr Words entered = {"inserito {digits} in {first} , {second}",
+                           "entered {digits} in {first} , {second}"};
+constexpr Words logentered = {" * inserito {digits} in {first} , {second}",
+                              " * entered {digits} in {first} , {second}"};
+
+constexpr Words nakedtitle = {"DOPPIA NUDA - LIVELLO 4", "NAKED PAIR - LEVEL 4"};
+constexpr Words nakedrule = {
+    "Se due celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi due candidati, allora "
+    "possiamo eliminare i due candidati da tutte le altre celle del gruppo",
+    "If two cells in a house (block, row, column), contain exactly the same two candidates, then we can delete "
+    "the two candidates from all the other cells of the house"};
+constexpr Words containonly = {"contengono solamente {digits}", "contain only {digits}"};
+constexpr Words wecandelete = {"nel nostro caso li possiamo  eliminare dalle celle rosse: ",
+                               "in our case we can delete them from red cells: "};
+constexpr Words redcandidate = {"{digit} da {cell} , ", "{digit} from {cell} , "};
+constexpr Words nakedclosing = {"eliminato i numeri {one} e {other} da ",
+                                "deleted  numbers {one} and {other} from "};
+constexpr Words closingcell = {" {cell} , ", " {cell} , "};
+
+constexpr Words hiddentitle = {"DOPPIA NASCOSTA - LIVELLO 5", "HIDDEN PAIR - LEVEL 5"};
+constexpr Words hiddenrule = {
+    "Se in due celle di un gruppo (settore riga o colonna) è contenuta una coppia identica di candidati e nessuna "
+    "altra cella del gruppo contiene i due candidati, allora possiamo escludere tutti gli altri candidati da "
+    "queste due celle.",
+    "If in 2 cells of a house (block, row, column) is contained an identical pair of candidates and no other cell "
+    "of the house contain the 2 candidates, then we can delete all the other candidates from these 2 cells."};
+constexpr Words onlyones = {"sono le uniche a contenere i candidati {one} e {other}",
+                            "are the only ones to contain the candidates {one} and {other}"};
+constexpr Words fromtwocells = {"possiamo quindi eliminare dalle due celle  ",
+                                "we can delete from the 2 cells  "};
+constexpr Words anyother = {"ogni altro candidato diverso da  {one} e {other}",
+                            "any other candidate different from  {one} and {other}"};
+constexpr Words hiddenclosing = {"rimossi extra numeri da  {first} {second}",
+                                 "deleted extra cendidates from  {first} {second}"};
+
+/// What the explanations say of the house that the pair is in.
+struct HouseWords {
+  Words yellowcells, forced, deletefrom;  ///< naked
+  Words greencells, onemust, othermust;   ///< hidden
+};
+
+constexpr HouseWords rowwords = {
+    {"nella riga {house} le celle {first} e {second} (colorate in giallo)",
+     "in the row {house} the yellow cells {first} and {second}"},
+    {"Ne consegue che nella riga {house} i numeri {one} e {other} devono stare obbligatoriamente in una delle due "
+     "celle gialle",
+     "therefore in the row {house} the numbers {one} and {other} are forced in one of the two yellow cells"},
+    {"possiamo quindi eliminare i due candidati da ogni altra cella della riga {house}",
+     "we can delete the two candidates from any other cell of the row {house}"},
+    {"nella riga {house} le celle {first} e {second} (colorate in verde)",
+     "in the row {house} the green cells {first} and {second}"},
+    {"Ne consegue che una cella dovrà contenere il {one}", "Therefore one cell must contain {one}"},
+    {"e l'altra  dovrà contenere il {other} o viceversa", "and the other must contain {other} or vice versa"},
+};
+
+// Of a column or a block the Italian words say "contenere 4", of a row "contenere il 4".
+constexpr Words onemust = {"Ne consegue che una cella dovrà contenere {one}",
+                           "Therefore one cell must contain {one}"};
+constexpr Words othermust = {"e l'altra  dovrà contenere {other} o viceversa",
+                             "and the other must contain {other} or vice versa"};
+
+constexpr HouseWords columnwords = {
+    {"nella colonna {house} le celle {first} e {second} (colorate in giallo)",
+     "in the column {house} the yellow cells {first} and {second}"},
+    {"Ne consegue che nella colonna {house} i numeri {one} e {other} devono stare obbligatoriamente in una delle "
+     "due celle gialle",
+     "therefore in the column {house} the numbers {one} and {other} are forced in one of the two yellow cells"},
+    {"possiamo quindi eliminare i due candidati da ogni altra cella della colonna {house}",
+     "we can delete the two candidates from any other cell of the column {house}"},
+    {"nella colonna {house} le celle {first} e {second} (colorate in verde)",
+     "in the column {house} the green cells {first} and {second}"},
+    onemust,
+    othermust,
+};
+
+constexpr HouseWords blockwords = {
+    {"nel settore {house} le celle {first} e {second} (colorate in giallo)",
+     "in the block {house} the yellow cells {first} and {second}"},
+    {"Ne consegue che nel settore {house} i numeri {one} e {other} devono stare obbligatoriamente in una delle due "
+     "celle gialle",
+     "therefore in the block {house} the numbers {one} and {other} are forced in one of the two yellow cells"},
+    {"possiamo quindi eliminare i due candidati da ogni altra cella del settore {house}",
+     "we can delete the two candidates from any other cell of the block {house}"},
+    {"nel settore {house} le celle {first} e {second} (colorate in verde)",
+     "in the block {house} the green cells {first} and {second}"},
+    onemust,
+    othermust,
+};
+
+constexpr int nakedlevel = 4, hiddenlevel = 5;
+
+// ---- search -----------------------------------------------------------------------------------------------
+
+constexpr HouseKind housekinds[] = {HouseKind::row, HouseKind::column, HouseKind::block};
+
+struct Pair {
+  HouseKind kind = HouseKind::row;
+  int house = 0;              ///< 0-based
+  int first = 0, second = 0;  ///< cells; the same cell twice: no pair was found
+  int one = 0, other = 0;     ///< digits
+  std::string digits;         ///< the two as they are read to the user
+
+  bool found() const { return first != second; }
+  int mask() const { return bitvalue(one) | bitvalue(other); }
+};
+
+/// The one walk over what a naked pair deletes: act(cell, digit) for each candidate.
+template <class Act>
+void victims(const Pair& naked, Act act) {
+  for (int cell : housecells(naked.kind, naked.house)) {
+    if (cell == naked.first || cell == naked.second) continue;
+    for (int digit : {naked.one, naked.other})
+      if (hascandidate(cell, digit)) act(cell, digit);
+  }
+}
+
+bool hasvictims(const Pair& naked) {
+  bool any = false;
+  victims(naked, [&](int, int) { any = true; });
+  return any;
+}
+
+/// The first naked pair that deletes something: the lower cell outermost; for it row, column, block.
+Pair findnaked() {
+  for (int cell = 0; cell < cells; ++cell) {
+    const std::string& open = candstr(cell);
+    if (candmask(cell) < 1 || open.length() != 2) continue;
+    // The text may have been typed: the digits keep its order, and a sign that is no digit stands for none.
+    const int one = leadingnumber(open.substr(0, 1)), other = leadingnumber(open.substr(1));
+    for (HouseKind kind : housekinds) {
+      const int house = houseof(kind, cell);
+      for (int partner : housecells(kind, house)) {
+        if (partner <= cell || candmask(partner) != candmask(cell)) continue;
+        Pair pair = {kind, house, cell, partner, one, other, open};
+        if (hasvictims(pair)) return pair;
+      }
+    }
+  }
+  return {};
+}
+
+/// Nothing left to take away: the masks are looked at, for they may be narrower than the positions know.
+bool bare(const Pair& hidden) {
+  return (candmask(hidden.first) & ~hidden.mask()) == 0 && candmask(hidden.second) == hidden.mask();
+}
+
+/// The first hidden pair that takes something away: the digits outermost; for them rows, columns, blocks.
+Pair findhidden() {
+  for (int one = 1; one <= 8; ++one)
+    for (int other = one + 1; other <= 9; ++other)
+      for (HouseKind kind : housekinds)
+        for (int house = 0; house < 9; ++house) {
+          const Positions places = housepos(kind, one, house);
+          if (places.length() != 2 || places != housepos(kind, other, house)) continue;
+          Pair pair = {
+              kind, house, housecell(kind, house, places.first()), housecell(kind, house, places.last()),
+              one,  other, std::to_string(one * 10 + other)};
+          if (!bare(pair)) return pair;
+        }
+  return {};
+}
+
+/// The step on show, for its explanation.
+Pair shown;
+
+void keep(const Pair& pair) {
+  shown = pair;
+  curcell = pair.first;
+  keephouse(pair.kind, pair.house);
+}
+
+std::string tell(const Words& words, const Pair& pair) {
+  return say(words, hole("digits", pair.digits), hole("one", pair.one), hole("other", pair.other),
+             hole("house", pair.house + 1), hole("first", cellname(pair.first)),
+             hole("second", cellname(pair.second)));
+}
+
+std::string tellcandidate(const Words& words, int cell, int digit) {
+  return say(words, hole("digit", digit), hole("cell", cellname(cell)));
+}
+
+void paintnaked(const Pair& pair, Colour colour) {
+  for (int cell : {pair.first, pair.second}) frmmain::Text2(cell).back = colour;
+}
+
+void painthidden(const Pair& pair, Colour colour) {
+  for (int cell : {pair.first, pair.second})
+    for (int digit : {pair.one, pair.other}) pencilmark(cell, digit).back = colour;
+}
+
+void narrow(const Pair& hidden) {
+  for (int cell : {hidden.first, hidden.second}) candmask(cell) = hidden.mask();
+}
+
+}  // namespace
+
+// ---- steps ------------------------------------------------------------------------------------------------
+
+void frmmain::nakedpair() {
+  foundflag = false;
+  steptag = "nakedpair";
+  const Pair pair = findnaked();
+  if (!pair.found()) return;
+  keep(pair);
+  paintnaked(pair, yellow);
+  txthint.text = tell(nakedhint, pair);
+  const bool stop = stopped();
+  paintnaked(pair, white);
+  if (stop) return;
+  txthint.text = inlanguage(deleted);
+  victims(pair, [](int cell, int digit) {
+    deletecandidate(cell, digit);
+    foundflag = true;
+    txthint.text += tellcandidate(deletedcandidate, cell, digit);
+  });
+  showdeletions();
+}
+
+// The masks are narrowed ahead of the wait, and a stop leaves them so while candstr, positions and boxes
+// still show the old candidates: the same find is passed over at the next try.
+void frmmain::hiddenpair() {
+  foundflag = false;
+  steptag = "hiddenpair";
+  const Pair pair = findhidden();
+  if (!pair.found()) return;
+  keep(pair);
+  curdigit = pair.one;
+  narrow(pair);
+  Text5.text = pair.digits;
+  painthidden(pair, green);
+  txthint.text = tell(hiddenfound, pair);
+  const bool stop = stopped();
+  painthidden(pair, white);
+  if (stop) return;
+  txthint.text = tell(entered, pair);
+  foundflag = true;
+  showdeletions();
+}
+
+// ---- twins ------------------------------------------------------------------------------------------------
+
+void frmgenerazione::nakedpair() {
+  foundflag = false;
+  const Pair pair = findnaked();
+  if (!pair.found()) return;
+  headline(tell(nakedheadline, pair));
+  detail(inlanguage(logdeleted));
+  raiselevel(nakedlevel);
+  victims(pair, [](int cell, int digit) {
+    deletecandidate(cell, digit);
+    foundflag = true;
+    appendwords(tellcandidate(deletedcandidate, cell, digit));
+  });
+  settledeletions();
+}
+
+// Unlike the step it narrows behind its snapshot, which holds the board before the step as all snapshots do.
+void frmgenerazione::hiddenpair() {
+  foundflag = false;
+  const Pair pair = findhidden();
+  if (!pair.found()) return;
+  headline(tell(hiddenfound, pair));
+  narrow(pair);
+  detail(tell(logentered, pair));
+  raiselevel(hiddenlevel);
+  foundflag = true;
+  settledeletions();
+}
+
+// ---- explanations -----------------------------------------------------------------------------------------
+
+namespace {
+
+const HouseWords& housewords(HouseKind kind) {
+  return kind == HouseKind::row ? rowwords : kind == HouseKind::column ? columnwords : blockwords;
+}
+
+}  // namespace
+
+void explainnakedpair() {
+  const HouseWords& inhouse = housewords(shown.kind);
+  Lesson lesson;
+  lesson.line(inlanguage(nakedtitle)).line(inlanguage(nakedrule)).line(ruleline);
+  lesson.line(tell(inhouse.yellowcells, shown)).line(tell(containonly, shown));
+  lesson.line(tell(inhouse.forced, shown)).line(tell(inhouse.deletefrom, shown));
+  lesson.line(inlanguage(wecandelete));
+  victims(shown, [&](int cell, int digit) {
+    pencilmark(cell, digit).back = red;
+    lesson.words(tellcandidate(redcandidate, cell, digit));
+  });
+  if (lesson.stopped()) return;
+
+  frmmain::txthint.text = tell(nakedclosing, shown);
+  for (int cell : housecells(shown.kind, shown.house))
+    if (pencilmark(cell, shown.one).back == red || pencilmark(cell, shown.other).back == red)
+      frmmain::txthint.text += say(closingcell, hole("cell", cellname(cell)));
+  closelesson();
+  clearcolours();
+}
+
+void explainhiddenpair() {
+  const HouseWords& inhouse = housewords(shown.kind);
+  Lesson lesson;
+  lesson.line(inlanguage(hiddentitle)).line(inlanguage(hiddenrule)).line(ruleline);
+  lesson.line(tell(inhouse.greencells, shown)).line(tell(onlyones, shown));
+  lesson.line(tell(inhouse.onemust, shown)).line(tell(inhouse.othermust, shown));
+  lesson.line(inlanguage(fromtwocells)).line(tell(anyother, shown));
+  if (lesson.stopped()) return;
+
+  frmmain::txthint.text = tell(hiddenclosing, shown);
+  closelesson();
+  clearcolours();
+}
+
+}  // namespace gradino

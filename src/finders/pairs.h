@@ -1,0 +1,17 @@
+// Naked and hidden pairs, levels 4 and 5.
+#pragma once
+
+namespace gradino {
+
+namespace frmmain {
+void nakedpair();
+void hiddenpair();
+}  // namespace frmmain
+namespace frmgenerazione {
+void nakedpair();
+void hiddenpair();
+}  // namespace frmgenerazione
+void explainnakedpair();
+void explainhiddenpair();
+
+}  // namespace gradino
