@@ -13,6 +13,7 @@
 #include "step.h"
 #include "subcommands.h"
 #include "tables.h"
+#include "wings.h"
 
 namespace gradino::cli {
 namespace {
@@ -74,6 +75,8 @@ constexpr std::pair<const char*, void (*)()> twins[] = {
     {"intersections", frmgenerazione::intersections},
     {"nakedpair",     frmgenerazione::nakedpair},
     {"hiddenpair",    frmgenerazione::hiddenpair},
+    {"findxywing",    frmgenerazione::findxywing},
+    {"findxyzwing",   frmgenerazione::findxyzwing},
     {"findxwing",     frmgenerazione::findxwing},
     {"findswordfish", frmgenerazione::findswordfish},
     {"findjellyfish", frmgenerazione::findjellyfish},

@@ -6,6 +6,7 @@
 #include "pairs.h"
 #include "singles.h"
 #include "step.h"
+#include "wings.h"
 #include "words.h"
 
 namespace gradino {
@@ -28,6 +29,8 @@ constexpr Explanation explanations[] = {
     {"intersections",      explainintersections},
     {"nakedpair",          explainnakedpair},
     {"hiddenpair",         explainhiddenpair},
+    {"findxywing",         explainxywing},
+    {"findxyzwing",        explainxyzwing},
     {"findxwing",          explainxwing},
     {"findswordfish",      explainswordfish},
     {"findjellyfish",      explainjellyfish},

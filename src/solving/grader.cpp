@@ -10,6 +10,7 @@
 #include "singles.h"
 #include "step.h"
 #include "tables.h"
+#include "wings.h"
 #include "words.h"
 
 namespace gradino {
@@ -28,6 +29,8 @@ constexpr void (*rungs[])() = {
     frmgenerazione::intersections,
     frmgenerazione::nakedpair,
     frmgenerazione::hiddenpair,
+    frmgenerazione::findxywing,
+    frmgenerazione::findxyzwing,
     frmgenerazione::findxwing,
     frmgenerazione::findswordfish,
     frmgenerazione::findjellyfish,

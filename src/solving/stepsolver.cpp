@@ -9,6 +9,7 @@
 #include "singles.h"
 #include "step.h"
 #include "tables.h"
+#include "wings.h"
 #include "words.h"
 
 namespace gradino {
@@ -27,6 +28,8 @@ constexpr Rung rungs[] = {
     {"intersections", frmmain::intersections},
     {"nakedpair",     frmmain::nakedpair},
     {"hiddenpair",    frmmain::hiddenpair},
+    {"findxywing",    frmmain::findxywing},
+    {"findxyzwing",   frmmain::findxyzwing},
     {"findxwing",     frmmain::findxwing},
     {"findswordfish", frmmain::findswordfish},
     {"findjellyfish", frmmain::findjellyfish},
