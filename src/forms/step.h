@@ -17,6 +17,10 @@ inline std::string steptag;
 inline constinit Byte curdigit{"curdigit"}, curcell{"curcell"};
 inline constinit Byte curblock{"curblock"}, currow{"currow"}, curcol{"curcol"};
 
+/// Digit of the last search of the main window's colours, rectangles or BUG; 10 after colours that found
+/// nothing. BUG finds it as they left it.
+inline constinit Byte colourdigit{"colourdigit"};
+
 /// True after a Nishio step; kept in the log's snapshots.
 inline constinit bool nishioflag = false;
 
