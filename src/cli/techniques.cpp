@@ -4,15 +4,19 @@
 #include <utility>
 
 #include "fish.h"
+#include "forcing.h"
 #include "gradestate.h"
 #include "intersections.h"
 #include "log.h"
+#include "loops.h"
 #include "pairs.h"
 #include "session.h"
 #include "singles.h"
 #include "step.h"
 #include "subcommands.h"
+#include "subsets.h"
 #include "tables.h"
+#include "xychains.h"
 #include "wings.h"
 
 namespace gradino::cli {
@@ -75,11 +79,16 @@ constexpr std::pair<const char*, void (*)()> twins[] = {
     {"intersections", frmgenerazione::intersections},
     {"nakedpair",     frmgenerazione::nakedpair},
     {"hiddenpair",    frmgenerazione::hiddenpair},
+    {"findtriple",    frmgenerazione::findtriple},
+    {"findquad",      frmgenerazione::findquad},
     {"findxywing",    frmgenerazione::findxywing},
     {"findxyzwing",   frmgenerazione::findxyzwing},
     {"findxwing",     frmgenerazione::findxwing},
     {"findswordfish", frmgenerazione::findswordfish},
     {"findjellyfish", frmgenerazione::findjellyfish},
+    {"xychain",       frmgenerazione::gradexychain},
+    {"links",         frmgenerazione::gradelinks},
+    {"forcing",       frmgenerazione::gradeforcing},
 };
 // clang-format on
 

@@ -2,12 +2,16 @@
 
 #include "boxes.h"
 #include "fish.h"
+#include "forcing.h"
 #include "intersections.h"
+#include "loops.h"
 #include "pairs.h"
 #include "singles.h"
 #include "step.h"
+#include "subsets.h"
 #include "wings.h"
 #include "words.h"
+#include "xychains.h"
 
 namespace gradino {
 namespace {
@@ -29,11 +33,16 @@ constexpr Explanation explanations[] = {
     {"intersections",      explainintersections},
     {"nakedpair",          explainnakedpair},
     {"hiddenpair",         explainhiddenpair},
+    {"findtriple",         explaintriple},
+    {"findquad",           explainquad},
     {"findxywing",         explainxywing},
     {"findxyzwing",        explainxyzwing},
     {"findxwing",          explainxwing},
     {"findswordfish",      explainswordfish},
     {"findjellyfish",      explainjellyfish},
+    {"xychain",            explainxychain},
+    {"links",              explainlinks},
+    {"xlinks",             explainforcing},
 };
 // clang-format on
 

@@ -1,17 +1,21 @@
 #include "grader.h"
 
 #include "fish.h"
+#include "forcing.h"
 #include "gradestate.h"
 #include "host.h"
 #include "intersections.h"
 #include "levelreport.h"
 #include "log.h"
+#include "loops.h"
 #include "pairs.h"
 #include "singles.h"
 #include "step.h"
+#include "subsets.h"
 #include "tables.h"
 #include "wings.h"
 #include "words.h"
+#include "xychains.h"
 
 namespace gradino {
 namespace {
@@ -29,11 +33,16 @@ constexpr void (*rungs[])() = {
     frmgenerazione::intersections,
     frmgenerazione::nakedpair,
     frmgenerazione::hiddenpair,
+    frmgenerazione::findtriple,
+    frmgenerazione::findquad,
     frmgenerazione::findxywing,
     frmgenerazione::findxyzwing,
     frmgenerazione::findxwing,
     frmgenerazione::findswordfish,
     frmgenerazione::findjellyfish,
+    frmgenerazione::gradexychain,
+    frmgenerazione::gradelinks,
+    frmgenerazione::gradeforcing,
 };
 // clang-format on
 

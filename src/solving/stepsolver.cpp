@@ -2,15 +2,19 @@
 
 #include "boxes.h"
 #include "fish.h"
+#include "forcing.h"
 #include "grid.h"
 #include "host.h"
 #include "intersections.h"
+#include "loops.h"
 #include "pairs.h"
 #include "singles.h"
 #include "step.h"
+#include "subsets.h"
 #include "tables.h"
 #include "wings.h"
 #include "words.h"
+#include "xychains.h"
 
 namespace gradino {
 namespace {
@@ -28,11 +32,16 @@ constexpr Rung rungs[] = {
     {"intersections", frmmain::intersections},
     {"nakedpair",     frmmain::nakedpair},
     {"hiddenpair",    frmmain::hiddenpair},
+    {"findtriple",    frmmain::findtriple},
+    {"findquad",      frmmain::findquad},
     {"findxywing",    frmmain::findxywing},
     {"findxyzwing",   frmmain::findxyzwing},
     {"findxwing",     frmmain::findxwing},
     {"findswordfish", frmmain::findswordfish},
     {"findjellyfish", frmmain::findjellyfish},
+    {"xychain",       frmmain::stepxychain},
+    {"links",         frmmain::steplinks},
+    {"xlinks",        frmmain::stepforcing},
 };
 // clang-format on
 

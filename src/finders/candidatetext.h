@@ -1,0 +1,35 @@
+// Reading a cell's candidates from candstr, which may hold any text that the user typed while editing pencil
+// marks: whatever is no digit reads as 0.
+#pragma once
+
+#include "tables.h"
+
+namespace gradino {
+
+inline int candidatecount(int cell) {
+  return static_cast<int>(candstr(cell).size());
+}
+
+/// The k-th candidate, from 0.
+inline int candidateat(int cell, int k) {
+  const char c = candstr(cell)[static_cast<std::size_t>(k)];
+  return c >= '0' && c <= '9' ? c - '0' : 0;
+}
+
+inline bool bivalue(int cell) {
+  return candidatecount(cell) == 2;
+}
+
+/// The other of two candidates.
+inline int otherof(int cell, int digit) {
+  return candidateat(cell, 0) == digit ? candidateat(cell, 1) : candidateat(cell, 0);
+}
+
+/// True when solutiontext doesn't say that the digit is the cell's. An empty solutiontext is unequal to every
+/// digit: without a stored solution every candidate may be supposed.
+inline bool maybewrong(int cell, int digit) {
+  const std::string& solution = solutiontext(cell);
+  return solution.size() != 1 || solution[0] != '0' + digit;
+}
+
+}  // namespace gradino

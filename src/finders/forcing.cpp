@@ -1,0 +1,323 @@
+// Forcing chains: suppose a candidate true and follow what it forces, the singles that arise on the way too,
+// until one candidate has been reached both as true and as false. The supposition was wrong.
+//
+//                 r4c2 = 6 ... r9c5 = 1            first path
+//     r4c1 = 3  <
+//                 r6c1 <> 3 ... r9c5 <> 1          second path: r9c5 is both 1 and not 1, so r4c1 is not 3
+//
+// Cells with few candidates are tried first. A short contradiction is taken as it stands, otherwise the
+// shortest of the board.
+#include "forcing.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "candidatetext.h"
+#include "chainsteps.h"
+#include "gradestate.h"
+#include "grid.h"
+#include "host.h"
+#include "houses.h"
+#include "lesson.h"
+#include "light.h"
+#include "log.h"
+#include "nodequeue.h"
+#include "step.h"
+#include "words.h"
+
+namespace gradino {
+namespace {
+
+// ---- words ------------------------------------------------------------------------------------------------
+
+constexpr Words hint = {"CATENA FORZATA, trovata contradizione, numero {digit} , {cell}",
+                        "FORCING CHAIN, contradiction found number {digit} , {cell}"};
+
+constexpr Words loghead = {"CATENA FORZATA, numero {digit} , {cell}",
+                           "FORCING CHAIN, number {digit} , {cell}"};
+constexpr Words logif = {" * Se {cell}={digit} allora", " * If {cell}={digit} then"};
+constexpr Words logis = {" * {cell} = {digit}", " * {cell} = {digit}"};
+constexpr Words logisnot = {" * {cell} <> {digit}", " * {cell} <> {digit}"};
+constexpr Words logcontradiction = {" * CONTRADDIZIONE", " * CONTRADICTION"};
+constexpr Words logboth = {" * cell {cell} allo stesso tempo = e <> {digit}",
+                           " * cell {cell} is at the same time = and <> {digit}"};
+constexpr Words logdeleting = {" * elimino {digit} da {cell}", " * deleting {digit} from {cell}"};
+
+// The title says 20, the grader counts 21.
+constexpr Words title = {
+    "CATENA FORZATA - LIVELLO 20\r\n"
+    "Si deve trovare una catena di conseguenze che porti ad una contraddizione",
+    "FORCING CHAIN - LEVEL 20\r\n"
+    "We must find a chain that brings to a contradiction"};
+constexpr Words suppose = {"se {cell}={digit}", "if {cell}={digit}"};
+constexpr Words is = {"{cell} = {digit}", "{cell} = {digit}"};
+constexpr Words isnot = {"{cell} <> {digit}", "{cell} <> {digit}"};
+constexpr Words contradiction = {"CONTRADDIZIONE", "CONTRADICTION"};
+constexpr Words both = {"cell {cell} è allo stesso tempo = e <> {digit}",
+                        "cell {cell} is at the same time = and <> {digit}"};
+constexpr Words candelete = {"posso, perciò, eliminare {digit} da {cell}",
+                             "therefore, I can delete {digit} from {cell}"};
+
+constexpr int level = 21;
+
+// ---- search -----------------------------------------------------------------------------------------------
+
+constexpr int nochain = 80;      ///< steps: there is none
+constexpr int takenatonce = 10;  ///< a chain of fewer steps ends the search
+constexpr int showable = 20;     ///< the hint shows a chain of fewer steps
+constexpr int gradable = 15;     ///< the grader counts one of fewer
+constexpr int walklimit = 250;   ///< nodes; above it the walk ends
+constexpr int tablesize = 40;    ///< a chain of more steps doesn't fit the link tables: it is too long
+
+Byte forcinglength{"forcinglength"};  ///< index of the last step in the link tables
+
+/// How a candidate was first reached: as what, by which node, and if a single put it there, by the false
+/// nodes that left it alone.
+struct Reached {
+  enum State : signed char { no, yes, empty } state = empty;
+  int node = 0;
+  std::vector<int> alone;
+};
+
+class Hypothesis {
+ public:
+  Hypothesis(int digit, int cell) {
+    chainsteps = nochain;
+    forcinglength = nochain;
+    clearqueue();
+    reached_[slot(cell, digit)].state = Reached::yes;
+    addhypothesis(cell, digit, 2);  // "0,"
+    for (int node = 0; node < nodecount() && nodecount() <= walklimit; ++node)
+      if (chainpath(node) < 3 * forcinglength && !expand(node)) return;
+  }
+
+ private:
+  static std::size_t slot(int cell, int digit) { return static_cast<std::size_t>(cell * 10 + digit); }
+  Reached& reached(int cell, int digit) { return reached_[slot(cell, digit)]; }
+  bool isfalse(int cell, int digit) { return reached(cell, digit).state == Reached::no; }
+
+  /// Makes all that follows from a node. False: the search is over.
+  bool expand(int node) {
+    const int cell = chaincell(node), digit = chaindigit(node);
+    return chainflag(node) ? othersfalse(cell, digit, node) && peersfalse(cell, digit, node)
+                           : lastcandidate(cell, digit, node) && lastplaces(cell, digit, node);
+  }
+
+  bool othersfalse(int cell, int digit, int node) {
+    for (int k = 0; k < candidatecount(cell); ++k)
+      if (const int y = candidateat(cell, k); y != digit && !make(cell, y, false, node)) return false;
+    return true;
+  }
+
+  bool peersfalse(int cell, int digit, int node) {
+    for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block}) {
+      const int house = houseof(kind, cell);
+      for (int p : housepos(kind, digit, house)) {
+        const int q = housecell(kind, house, p);
+        if (q == cell) continue;
+        if (!make(q, digit, false, node)) return false;
+        if (bivalue(q) && !make(q, otherof(q, digit), true, node)) return false;
+      }
+    }
+    return true;
+  }
+
+  /// The other of two candidates; or the naked single, the only one not yet false.
+  bool lastcandidate(int cell, int digit, int node) {
+    if (bivalue(cell)) return make(cell, otherof(cell, digit), true, node);
+    int open = 0, last = 0;
+    std::vector<int> alone;
+    for (int k = 0; k < candidatecount(cell); ++k) {
+      const int y = candidateat(cell, k);
+      if (isfalse(cell, y))
+        alone.push_back(reached(cell, y).node);
+      else
+        ++open, last = y;
+    }
+    return open != 1 || make(cell, last, true, node, alone);
+  }
+
+  /// The hidden single: the only place of a house not yet false.
+  bool lastplaces(int cell, int digit, int node) {
+    for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block}) {
+      const int house = houseof(kind, cell);
+      int open = 0, last = 0;
+      std::vector<int> alone;
+      for (int p : housepos(kind, digit, house)) {
+        const int q = housecell(kind, house, p);
+        if (isfalse(q, digit))
+          alone.push_back(reached(q, digit).node);
+        else
+          ++open, last = q;
+      }
+      if (open == 1 && !make(last, digit, true, node, alone)) return false;
+    }
+    return true;
+  }
+
+  /// A statement that follows from a node. False: the search is over, by a contradiction or a full queue.
+  bool make(int cell, int digit, bool flag, int node, const std::vector<int>& alone = {}) {
+    Reached& first = reached(cell, digit);
+    const Reached::State state = flag ? Reached::yes : Reached::no;
+    const int path = chainpath(node) + tokenlength(nodecount());
+    if (first.state != Reached::empty && first.state != state) {
+      if (nodecount() <= decltype(chaincell)::high) contradiction(cell, digit, flag, node, first);
+      return false;
+    }
+    if (first.state == Reached::empty) first = {state, nodecount(), alone};
+    return addnode(cell, digit, flag, node, path) != Added::full;
+  }
+
+  /// The steps to the contradicting node, then those to the same candidate when it was first reached.
+  void contradiction(int cell, int digit, bool flag, int parent, const Reached& first) {
+    std::vector<int> steps = pathto(parent);
+    const std::size_t contradicting = steps.size();
+    for (int falsenode : first.alone)
+      for (int n : pathto(falsenode)) steps.push_back(n);
+    if (first.alone.empty())
+      steps = joined(steps, pathto(first.node));
+    else
+      steps.push_back(first.node);
+    if (steps.size() + 1 > tablesize) return;
+
+    linkcell.clear();
+    linkdigit.clear();
+    linkflag.clear();
+    int k = 0;
+    const auto store = [&k](int c, int d, bool f) {
+      linkcell(k) = c;
+      linkdigit(k) = d;
+      linkflag(k) = f;
+      ++k;
+    };
+    for (std::size_t s = 0; s < steps.size(); ++s) {
+      if (s == contradicting) store(cell, digit, flag);
+      store(chaincell(steps[s]), chaindigit(steps[s]), chainflag(steps[s]));
+    }
+    forcinglength = k - 1;
+    chainsteps = k;
+  }
+
+  /// A path ends in its node's own index.
+  static std::vector<int> pathto(int node) {
+    std::vector<int> path;
+    for (; node != 0; node = chainparent(node)) path.insert(path.begin(), node);
+    path.insert(path.begin(), 0);
+    return path;
+  }
+
+  static std::vector<int> joined(std::vector<int> path, const std::vector<int>& more) {
+    path.insert(path.end(), more.begin(), more.end());
+    return path;
+  }
+
+  std::array<Reached, 820> reached_;
+};
+
+void scanforcing(int digit, int cell) {
+  const Hypothesis run(digit, cell);
+}
+
+/// Tries the wrong candidates of the cells with two candidates, then of those with three, and so on. Leaves
+/// the chain in the link tables and its steps in chainsteps.
+void scanforcingall() {
+  foundflag = false;
+  chainsteps = nochain;
+  int best = nochain, bestdigit = 0, bestcell = 0, longest = 0;
+  for (int most = 2;; ++most) {
+    for (int cell = 0; cell < cells; ++cell) {
+      longest = std::max(longest, candidatecount(cell));
+      if (candidatecount(cell) != most) continue;
+      for (int k = 0; k < candidatecount(cell); ++k) {
+        const int digit = candidateat(cell, k);
+        if (!maybewrong(cell, digit)) continue;
+        scanforcing(digit, cell);
+        if (chainsteps < takenatonce) return;
+        if (chainsteps < best) best = chainsteps, bestdigit = digit, bestcell = cell;
+      }
+    }
+    host.runevents();
+    if (most + 1 > longest + 1) break;
+  }
+  if (best < showable) scanforcing(bestdigit, bestcell);
+}
+
+std::string tell(const Words& words, int k) {
+  return say(words, hole("cell", cellname(linkcell(k))), hole("digit", linkdigit(k)));
+}
+
+void paintchain(Colour colour) {
+  for (int k = 1; k <= forcinglength; ++k)
+    if (linkcell(k) != linkcell(0)) frmmain::Text2(linkcell(k)).back = colour;
+}
+
+}  // namespace
+
+// ---- step -------------------------------------------------------------------------------------------------
+
+void frmmain::stepforcing() {
+  steptag = "xlinks";
+  scanforcingall();
+  if (chainsteps >= showable) return;
+  const int cell = linkcell(0), digit = linkdigit(0);
+  pencilmark(cell, digit).back = red;
+  foundflag = true;
+  txthint.text = tell(hint, 0);
+  appendline(txthint.text);  // the one step that writes to the log; it keeps no board there
+  if (comandocorrente.empty()) logcount += 1;
+  nishioflag = false;
+  paintchain(yellow);
+  if (stopped()) return;  // the colours stay
+
+  deletecandidate(cell, digit);
+  showdeletions();
+  pencilmark(cell, digit).back = white;
+  paintchain(white);
+}
+
+// ---- twin -------------------------------------------------------------------------------------------------
+
+void frmgenerazione::gradeforcing() {
+  scanforcingall();
+  if (chainsteps >= gradable) {  // gives up: an empty box is the only word of it
+    host.message("");
+    runninglevel = level;
+    return;
+  }
+  foundflag = true;
+  headline(tell(loghead, 0));
+  detail(tell(logif, 0));
+  for (int k = 1; k <= forcinglength; ++k) detail(tell(linkflag(k) ? logis : logisnot, k));
+  detail(inlanguage(logcontradiction));
+  detail(tell(logboth, forcinglength));
+  detail(tell(logdeleting, 0));
+  deletecandidate(linkcell(0), linkdigit(0));
+  nishioflag = false;
+  raiselevel(level);
+  settledeletions();
+}
+
+// ---- explanation ------------------------------------------------------------------------------------------
+
+void explainforcing() {
+  Lesson lesson;
+  lesson.line(inlanguage(title)).line(ruleline);
+  pencilmark(linkcell(0), linkdigit(0)).back = green;
+  lesson.line(tell(suppose, 0));
+  if (lesson.stopped()) return;
+  for (int k = 1; k <= forcinglength; ++k) {
+    pencilmark(linkcell(k), linkdigit(k)).back = green;
+    lesson.line(tell(linkflag(k) ? is : isnot, k));
+    if (lesson.stopped()) return;
+  }
+  lesson.line(inlanguage(contradiction)).line(tell(both, forcinglength));
+  if (lesson.stopped()) return;
+  lesson.line(tell(candelete, 0));
+  if (lesson.stopped()) return;
+  closelesson();
+  foundflag = true;
+  clearcolours();
+}
+
+}  // namespace gradino

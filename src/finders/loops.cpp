@@ -1,0 +1,131 @@
+// Loops: a chain of consequences that starts from "the digit is in the cell" and comes back to "the digit is
+// not in the cell". The hypothesis was false, and the digit leaves the cell.
+//
+//     r1c1 = 5  ->  r1c7 <> 5  ->  r1c7 = 2  ->  r6c7 <> 2  ->  r6c1 = 2  ->  r6c1 <> 5 ... -> r1c1 <> 5
+//
+// The search (conjugatechains.h) keeps the shortest chain of the board.
+#include "loops.h"
+
+#include "conjugatechains.h"
+#include "gradestate.h"
+#include "grid.h"
+#include "houses.h"
+#include "lesson.h"
+#include "light.h"
+#include "log.h"
+#include "nodequeue.h"
+#include "step.h"
+#include "words.h"
+
+namespace gradino {
+namespace {
+
+// ---- words ------------------------------------------------------------------------------------------------
+
+constexpr Words hint = {"LOOP, trovata contradizione, numero {digit} , {cell}",
+                        "LOOP, contradiction found number {digit} , {cell}"};
+
+constexpr Words loghead = {"LOOP, trovata contradizione, {cell}", "LOOP, contradiction found, {cell}"};
+constexpr Words logif = {" * Se {cell}={digit} allora", " * If {cell}={digit} then"};
+constexpr Words logis = {" * {cell} = {digit}", " * {cell} = {digit}"};
+constexpr Words logisnot = {" * {cell} <> {digit}", " * {cell} <> {digit}"};
+constexpr Words lognegation = {" * {cell}<>{digit}", " * {cell}<>{digit}"};
+constexpr Words logcontradicts = {" * CONTRADDICE L'IPOTESI", " * CONTRADICTING THE HYPOTESHIS"};
+constexpr Words logdeleting = {" * elimino {digit} da {cell}", " * deleting {digit} from {cell}"};
+
+// The title says 19, the grader counts 20.
+constexpr Words title = {
+    "LOOPS - LIVELLO 19\r\n"
+    "Si deve trovare una cella nella quale ipotizzando un particolare candidato si ottiene, attraverso una catena "
+    "di conseguenze, alla negazione della ipotesi fatta",
+    "LOOPS - LEVEL 19\r\n"
+    "We must find a chain that, based on an  hypothesis brings to the opposite of the hypothesis itself"};
+constexpr Words suppose = {"se {cell}={digit}", "if {cell}={digit}"};
+constexpr Words is = {"{cell} = {digit}", "{cell} = {digit}"};
+constexpr Words isnot = {"{cell} <> {digit}", "{cell} <> {digit}"};
+constexpr Words negation = {"{cell}<>{digit}", "{cell}<>{digit}"};
+constexpr Words contradicts = {"CONTRADDICE L'IPOTESI", "CONTRADICTING THE HYPOTESHIS"};
+constexpr Words candelete = {"quindi posso eliminare {digit} da {cell}",
+                             "therefore, I can delete {digit} from {cell}"};
+
+constexpr int level = 20;
+
+std::string tell(const Words& words, int cell, int digit) {
+  return say(words, hole("cell", cellname(cell)), hole("digit", digit));
+}
+std::string telllink(const Words& yes, const Words& no, int k) {
+  return tell(linkflag(k) ? yes : no, linkcell(k), linkdigit(k));
+}
+
+void paintchain(Colour colour) {
+  for (int k = 1; k <= chainlength; ++k)
+    if (linkcell(k) != linkcell(0)) frmmain::Text2(linkcell(k)).back = colour;
+}
+
+}  // namespace
+
+// ---- step -------------------------------------------------------------------------------------------------
+
+void frmmain::steplinks() {
+  steptag = "links";
+  foundflag = false;
+  int digit = 0, cell = 0;
+  scanchain(ChainRules::loops, digit, cell);
+  if (chainlength >= nochain) return;
+  foundflag = true;
+  Text5.text = std::to_string(digit);
+  pencilmark(linkcell(0), linkdigit(0)).back = red;
+  txthint.text = tell(hint, cell, digit);
+  paintchain(yellow);
+  if (stopped()) return;  // the colours stay
+
+  deletecandidate(cell, digit);
+  pencilmark(cell, digit).back = white;
+  paintchain(white);
+  settledeletions();  // the pencil mark itself stays until the next repaint
+  nishioflag = false;
+}
+
+// ---- twin -------------------------------------------------------------------------------------------------
+
+void frmgenerazione::gradelinks() {
+  foundflag = false;
+  int digit = 0, cell = 0;
+  scanchain(ChainRules::loops, digit, cell);
+  if (chainlength >= nochain) return;
+  foundflag = true;
+  headline(tell(loghead, cell, digit));
+  nishioflag = false;
+  detail(tell(logif, cell, digit));
+  for (int k = 1; k <= chainlength; ++k) detail(telllink(logis, logisnot, k));
+  detail(tell(lognegation, cell, digit));
+  detail(inlanguage(logcontradicts));
+  detail(tell(logdeleting, cell, digit));
+  deletecandidate(cell, digit);
+  raiselevel(level);
+  settledeletions();
+}
+
+// ---- explanation ------------------------------------------------------------------------------------------
+
+void explainlinks() {
+  const int cell = linkcell(0), digit = linkdigit(0);
+  Lesson lesson;
+  lesson.line(inlanguage(title)).line(ruleline);
+  pencilmark(cell, digit).back = green;
+  lesson.line(tell(suppose, cell, digit));
+  if (lesson.stopped()) return;
+  for (int k = 1; k <= chainlength; ++k) {
+    pencilmark(linkcell(k), linkdigit(k)).back = green;
+    lesson.line(telllink(is, isnot, k));
+    if (lesson.stopped()) return;
+  }
+  lesson.line(tell(negation, cell, digit)).line(inlanguage(contradicts));
+  lesson.line(tell(candelete, cell, digit));
+  if (lesson.stopped()) return;
+  closelesson();
+  clearcolours();
+  foundflag = true;
+}
+
+}  // namespace gradino
