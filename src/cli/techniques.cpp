@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "colouring.h"
 #include "fish.h"
 #include "forcing.h"
 #include "gradestate.h"
@@ -86,6 +87,8 @@ constexpr std::pair<const char*, void (*)()> twins[] = {
     {"findxwing",     frmgenerazione::findxwing},
     {"findswordfish", frmgenerazione::findswordfish},
     {"findjellyfish", frmgenerazione::findjellyfish},
+    {"colors",        frmgenerazione::gradecolors},
+    {"xcolors",       frmgenerazione::gradexcolors},
     {"xychain",       frmgenerazione::gradexychain},
     {"links",         frmgenerazione::gradelinks},
     {"forcing",       frmgenerazione::gradeforcing},

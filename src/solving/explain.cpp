@@ -1,6 +1,7 @@
 #include "explain.h"
 
 #include "boxes.h"
+#include "colouring.h"
 #include "fish.h"
 #include "forcing.h"
 #include "intersections.h"
@@ -40,6 +41,7 @@ constexpr Explanation explanations[] = {
     {"findxwing",          explainxwing},
     {"findswordfish",      explainswordfish},
     {"findjellyfish",      explainjellyfish},
+    {"colors",             explaincolors},
     {"xychain",            explainxychain},
     {"links",              explainlinks},
     {"xlinks",             explainforcing},

@@ -1,5 +1,6 @@
 #include "grader.h"
 
+#include "colouring.h"
 #include "fish.h"
 #include "forcing.h"
 #include "gradestate.h"
@@ -40,6 +41,8 @@ constexpr void (*rungs[])() = {
     frmgenerazione::findxwing,
     frmgenerazione::findswordfish,
     frmgenerazione::findjellyfish,
+    frmgenerazione::gradecolors,
+    frmgenerazione::gradexcolors,
     frmgenerazione::gradexychain,
     frmgenerazione::gradelinks,
     frmgenerazione::gradeforcing,

@@ -1,6 +1,7 @@
 #include "stepsolver.h"
 
 #include "boxes.h"
+#include "colouring.h"
 #include "fish.h"
 #include "forcing.h"
 #include "grid.h"
@@ -39,6 +40,8 @@ constexpr Rung rungs[] = {
     {"findxwing",     frmmain::findxwing},
     {"findswordfish", frmmain::findswordfish},
     {"findjellyfish", frmmain::findjellyfish},
+    {"colors",        frmmain::stepcolors},
+    {"colors",        frmmain::stepxcolors},
     {"xychain",       frmmain::stepxychain},
     {"links",         frmmain::steplinks},
     {"xlinks",        frmmain::stepforcing},
