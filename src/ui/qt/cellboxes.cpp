@@ -1,0 +1,242 @@
+#include "cellboxes.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QSignalBlocker>
+#include <QTextOption>
+
+#include "editing.h"
+#include "events.h"
+#include "grid.h"
+#include "look.h"
+#include "menu.h"
+#include "tables.h"
+
+namespace gradino {
+namespace {
+
+// clang-format off
+constexpr int columnplaces[] = {24, 65, 106, 151, 192, 233, 278, 319, 360};
+constexpr int rowplaces[]    = {66, 107, 147, 192, 233, 274, 319, 360, 401};  // the third one pixel higher
+// clang-format on
+
+constexpr int markwidth = 11, markheight = 13, markpitch = 12, markinset = 2;
+
+/// The pencil mark that the other ones were made from stands outside the client area.
+constexpr QPoint templateplace{498, 492};
+
+QPoint markplace(int index) {
+  if (index == 0) return templateplace;
+  const int k = index % 10 - 1;
+  return cellplace(index / 10) + QPoint(k % 3, k / 3) * markpitch + QPoint(markinset, markinset);
+}
+
+/// "r1c1": in both languages.
+QString cellname(int cell) {
+  return QString("r%1c%2").arg(cell / 9 + 1).arg(cell % 9 + 1);
+}
+
+/// Windows key codes, as far as they are told apart.
+int keycode(int key) {
+  switch (key) {
+    case Qt::Key_Left:
+      return 37;
+    case Qt::Key_Up:
+      return 38;
+    case Qt::Key_Right:
+      return 39;
+    case Qt::Key_Down:
+      return 40;
+    default:
+      return 0;
+  }
+}
+
+/// A left click: the button was pressed on the widget and let go over it.
+bool clickends(const QWidget& widget, const QMouseEvent& event) {
+  return event.button() == Qt::LeftButton && widget.rect().contains(event.position().toPoint());
+}
+
+void drawborder(QWidget& widget, bool focus) {
+  QPainter painter(&widget);
+  painter.setPen(focus ? QPen(QColor(36, 89, 166), 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin)
+                       : QPen(bordergrey, 1));
+  const int inset = focus ? 1 : 0;
+  painter.drawRect(widget.rect().adjusted(inset, inset, -1, -1));
+}
+
+}  // namespace
+
+QPoint cellplace(int cell) {
+  return {columnplaces[cell % 9], rowplaces[cell / 9]};
+}
+
+DigitBox::DigitBox(QWidget* parent, int cell) : QLineEdit(parent), cell_(cell) {
+  setObjectName(QString("Text1_%1").arg(cell));
+  setAccessibleName(cellname(cell));
+  setGeometry(QRect(cellplace(cell), QSize(cellsize, cellsize)));
+  setFrame(false);
+  setAlignment(Qt::AlignCenter);
+  setFont(pixelfont(arial, 27, true));
+  setMouseTracking(true);
+  setFocusPolicy(Qt::ClickFocus);
+  connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+    onevent([this, typed = text.toStdString()] { Text1_Typed(cell_, typed); });
+  });
+}
+
+void DigitBox::mirror(const gradino::Box& box, bool reachable) {
+  setghost(!box.visible);
+  // One cell is always in reach of the Tab key, and that key leads out of the board from every cell.
+  if (const auto policy = reachable ? Qt::StrongFocus : Qt::ClickFocus; policy != focusPolicy())
+    setFocusPolicy(policy);
+  const bool there = box.visible || reachable || window()->focusWidget() == this;
+  if (there == isHidden()) setVisible(there);
+  if (shown_ == box) return;
+  if (const QString text = QString::fromStdString(box.text); text != this->text()) setText(text);
+  setcolours(*this, screencolour(box.back), screencolour(box.fore));
+  shown_ = box;
+}
+
+void DigitBox::setghost(bool ghost) {
+  if (ghost == ghost_) return;
+  ghost_ = ghost;
+  setAttribute(Qt::WA_TransparentForMouseEvents, ghost);
+  update();
+}
+
+// A key moves the focus first, and its character then goes to the box that has the focus.
+bool DigitBox::event(QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
+  onevent([this, event] { Text1_KeyDown(cell_, keycode(static_cast<QKeyEvent*>(event)->key())); });
+  auto* target = dynamic_cast<DigitBox*>(window()->focusWidget());
+  return target != nullptr && target->QLineEdit::event(event);
+}
+
+void DigitBox::mouseReleaseEvent(QMouseEvent* event) {
+  QLineEdit::mouseReleaseEvent(event);
+  if (clickends(*this, *event)) onevent([this] { Text1_Click(cell_); });
+}
+
+void DigitBox::mouseMoveEvent(QMouseEvent* event) {
+  QLineEdit::mouseMoveEvent(event);
+  onevent([this] { cell_MouseMove(cell_); });
+}
+
+void DigitBox::paintEvent(QPaintEvent* event) {
+  if (!ghost_) QLineEdit::paintEvent(event);
+  if (!ghost_ || hasFocus()) drawborder(*this, hasFocus());
+}
+
+MarksBox::MarksBox(QWidget* parent, int cell) : QPlainTextEdit(parent), cell_(cell) {
+  setObjectName(QString("Text2_%1").arg(cell));
+  setAccessibleName(cellname(cell) + " 123456789");
+  setGeometry(QRect(cellplace(cell), QSize(cellsize, cellsize)));
+  setFrameShape(QFrame::NoFrame);
+  setFont(pixelfont(mssansserif, 11));
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setWordWrapMode(QTextOption::WrapAnywhere);
+  QTextOption option = document()->defaultTextOption();
+  option.setAlignment(Qt::AlignHCenter);
+  document()->setDefaultTextOption(option);
+  setTabChangesFocus(true);
+  setReadOnly(true);
+  setFocusPolicy(Qt::NoFocus);
+  viewport()->setMouseTracking(true);
+  viewport()->setCursor(Qt::ArrowCursor);
+  connect(this, &QPlainTextEdit::textChanged, this,
+          [this] { onevent([this, typed = toPlainText().toStdString()] { Text2_Typed(cell_, typed); }); });
+}
+
+void MarksBox::mirror(const gradino::Box& box, bool editable) {
+  if (editable == isReadOnly()) {
+    setReadOnly(!editable);
+    setFocusPolicy(editable ? Qt::ClickFocus : Qt::NoFocus);
+    viewport()->setCursor(editable ? Qt::IBeamCursor : Qt::ArrowCursor);
+  }
+  if (shown_ == box) return;
+  if (const QString text = QString::fromStdString(box.text); text != toPlainText()) {
+    const QSignalBlocker quiet(this);
+    setPlainText(text);
+  }
+  setcolours(*this, screencolour(box.back), screencolour(box.fore));
+  shown_ = box;
+}
+
+void MarksBox::mouseReleaseEvent(QMouseEvent* event) {
+  QPlainTextEdit::mouseReleaseEvent(event);
+  if (clickends(*this, *event)) onevent([this] { Text2_Click(cell_); });
+}
+
+void MarksBox::mouseMoveEvent(QMouseEvent* event) {
+  QPlainTextEdit::mouseMoveEvent(event);
+  onevent([this] { cell_MouseMove(cell_); });
+}
+
+void MarksBox::paintEvent(QPaintEvent* event) {
+  QPlainTextEdit::paintEvent(event);
+  drawborder(*viewport(), hasFocus());
+}
+
+CandidateBox::CandidateBox(QWidget* parent, int index) : QLabel(parent), index_(index) {
+  setObjectName(QString("candidate_%1").arg(index));
+  setAccessibleName(cellname(index / 10) + QString(" %1").arg(index % 10));
+  setGeometry(QRect(markplace(index), QSize(markwidth, markheight)));
+  setAlignment(Qt::AlignCenter);
+  setTextFormat(Qt::PlainText);
+  setAutoFillBackground(true);
+}
+
+void CandidateBox::mirror(const gradino::Box& box) {
+  if (shown_ == box) return;
+  setText(QString::fromStdString(box.text));
+  setcolours(*this, screencolour(box.back), screencolour(box.fore));
+  setVisible(box.visible);
+  shown_ = box;
+}
+
+void CandidateBox::mouseReleaseEvent(QMouseEvent* event) {
+  if (clickends(*this, *event)) onevent([this] { candidate_Click(index_); });
+}
+
+CellBoxes::CellBoxes(QWidget* client) {
+  candidates_[0] = new CandidateBox(client, 0);
+  const QFont markfont = pixelfont(mssansserif, 11);
+  for (std::size_t cell = 0; cell < 81; ++cell) {
+    const int number = static_cast<int>(cell);
+    marks_[cell] = new MarksBox(client, number);
+    for (std::size_t k = 1; k <= 9; ++k) {
+      candidates_[cell * 10 + k] = new CandidateBox(client, number * 10 + static_cast<int>(k));
+      candidates_[cell * 10 + k]->setFont(markfont);
+    }
+    digits_[cell] = new DigitBox(client, number);
+  }
+}
+
+void CellBoxes::mirror() {
+  movefocus();
+  const bool editable = modificacandidati || frmmain::Toolbar1::modifica.ticked;
+  for (std::size_t cell = 0; cell < 81; ++cell) {
+    const int number = static_cast<int>(cell);
+    marks_[cell]->mirror(frmmain::Text2(number), editable);
+    digits_[cell]->mirror(frmmain::Text1(number), number == navcell);
+  }
+  for (std::size_t index = 0; index < candidates_.size(); ++index)
+    if (candidates_[index] != nullptr)
+      candidates_[index]->mirror(frmmain::candidate(static_cast<int>(index)));
+}
+
+void CellBoxes::movefocus() {
+  using frmmain::Focus;
+  const Focus request = frmmain::focusrequest;
+  frmmain::focusrequest = {};
+  if (request.on == Focus::On::nothing) return;
+  QWidget* target = digits_.at(static_cast<std::size_t>(request.cell));
+  if (request.on == Focus::On::text2) target = marks_.at(static_cast<std::size_t>(request.cell));
+  target->show();
+  target->setFocus(Qt::OtherFocusReason);
+}
+
+}  // namespace gradino

@@ -1,0 +1,87 @@
+// The 81 cells. Each is a stack of an editable box for pencil marks, nine small labels, and the digit box,
+// which covers the others while it is visible.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPoint>
+#include <array>
+#include <optional>
+
+#include "boxes.h"
+
+namespace gradino {
+
+inline constexpr int cellsize = 41;
+
+/// Top left corner of a cell, in the client area.
+QPoint cellplace(int cell);
+
+/// Text1: the digit. While pencil marks cover it, it can still have the focus: it is then a ghost, which
+/// shows nothing but a frame and lets the mouse through, and what is typed goes into it.
+class DigitBox : public QLineEdit {
+ public:
+  DigitBox(QWidget* parent, int cell);
+  void mirror(const gradino::Box& box, bool reachable);
+
+ protected:
+  bool event(QEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void setghost(bool ghost);
+
+  int cell_;
+  bool ghost_ = false;
+  std::optional<gradino::Box> shown_;
+};
+
+/// Text2: the cell's ground, and its pencil marks while they are edited.  (A frame of the toolkit has a Box
+/// of its own.)
+class MarksBox : public QPlainTextEdit {
+ public:
+  MarksBox(QWidget* parent, int cell);
+  void mirror(const gradino::Box& box, bool editable);
+
+ protected:
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  int cell_;
+  std::optional<gradino::Box> shown_;
+};
+
+/// A pencil mark.
+class CandidateBox : public QLabel {
+ public:
+  CandidateBox(QWidget* parent, int index);
+  void mirror(const gradino::Box& box);
+
+ protected:
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  int index_;
+  std::optional<gradino::Box> shown_;
+};
+
+/// All cells, inside the client area.
+class CellBoxes {
+ public:
+  explicit CellBoxes(QWidget* client);
+  void mirror();
+
+ private:
+  void movefocus();
+
+  std::array<DigitBox*, 81> digits_{};
+  std::array<MarksBox*, 81> marks_{};
+  std::array<CandidateBox*, 810> candidates_{};
+};
+
+}  // namespace gradino

@@ -1,0 +1,91 @@
+#include "mainwindow.h"
+
+#include <QCloseEvent>
+#include <QLayout>
+#include <QMenuBar>
+
+#include "clock.h"
+#include "commands.h"
+#include "events.h"
+#include "host.h"
+#include "look.h"
+#include "windowhost.h"
+
+namespace gradino {
+namespace {
+
+constexpr int toolbar2y = 0, toolbar1y = 28;
+
+/// The place of the layout: of a fixed size, below the menu bar.
+QWidget* newclient(QMainWindow& window) {
+  auto* client = new QWidget(&window);
+  client->setObjectName("main");
+  client->setFixedSize(frmmain::clientwidth, frmmain::clientheight);
+  setcolours(*client, teal, paleyellow);
+  client->setAutoFillBackground(true);
+  window.setCentralWidget(client);
+  window.layout()->setSizeConstraint(QLayout::SetFixedSize);
+  return client;
+}
+
+}  // namespace
+
+MainWindow::MainWindow() {
+  beginprogram();
+  setWindowTitle("Gradino");
+  QWidget* client = newclient(*this);
+  cells_ = std::make_unique<CellBoxes>(client);
+  panel_ = std::make_unique<Panel>(client);
+  toolbar2_ = new Toolbar(client, "Toolbar2", toolbar2y, toolbar2rows(), Toolbar2_ButtonClick);
+  toolbar1_ = new Toolbar(client, "Toolbar1", toolbar1y, toolbar1rows(), Toolbar1_ButtonClick);
+  panel_->raisepictures();
+  menus_ = std::make_unique<Menus>(menuBar());
+  timer2_.setInterval(1000);
+  timer2_.callOnTimeout(this, [] { onevent(Timer2_Timer); });
+
+  usewindows(*this);
+  showchanges = [this] { mirror(); };
+  frmmain::focusrequest = {.on = frmmain::Focus::On::text1, .cell = 0};
+  mirror();
+}
+
+MainWindow::~MainWindow() {
+  showchanges = [] {};
+  host = {};
+}
+
+void MainWindow::mirror() {
+  noteplace();
+  cells_->mirror();
+  panel_->mirror();
+  toolbar1_->mirror();
+  toolbar2_->mirror();
+  menus_->mirror();
+  log_.mirror();
+  activity_.mirror();
+  if (timer2on == timer2_.isActive()) return;
+  if (timer2on) {
+    timer2_.start();
+  } else {
+    timer2_.stop();
+  }
+}
+
+void MainWindow::noteplace() const {
+  const QRect place = frameGeometry();
+  frmmain::left = place.left();
+  frmmain::top = place.top();
+  frmmain::width = place.width();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  endprogram();
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+  QMainWindow::moveEvent(event);
+  noteplace();
+}
+
+}  // namespace gradino

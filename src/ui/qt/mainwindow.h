@@ -1,0 +1,38 @@
+// The main window: it shows what stands in the boxes and tells the program what the user does.
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+#include <memory>
+
+#include "cellboxes.h"
+#include "panel.h"
+#include "smallwindows.h"
+#include "toolbars.h"
+
+namespace gradino {
+
+/// One at a time. startprogram() has run before. Closing it ends the event loop, with all other windows.
+class MainWindow : public QMainWindow {
+ public:
+  MainWindow();
+  ~MainWindow() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+
+ private:
+  void mirror();
+  void noteplace() const;
+
+  std::unique_ptr<CellBoxes> cells_;
+  std::unique_ptr<Panel> panel_;
+  Toolbar *toolbar1_ = nullptr, *toolbar2_ = nullptr;
+  std::unique_ptr<Menus> menus_;
+  LogWindow log_;
+  ActivityWindow activity_;
+  QTimer timer2_;
+};
+
+}  // namespace gradino

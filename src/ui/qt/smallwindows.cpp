@@ -1,0 +1,115 @@
+#include "smallwindows.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+#include <QTextCursor>
+#include <QVBoxLayout>
+
+#include "boxes.h"
+#include "events.h"
+#include "look.h"
+#include "menu.h"
+#include "replay.h"
+
+namespace gradino {
+namespace {
+
+constexpr QSize logsize{560, 420}, activitysize{420, 420};
+
+/// The text of the log, which tells where it was double-clicked.
+class LogText : public QPlainTextEdit {
+ public:
+  using QPlainTextEdit::QPlainTextEdit;
+
+ protected:
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    QPlainTextEdit::mouseDoubleClickEvent(event);
+    if (event->button() != Qt::LeftButton) return;
+    const std::size_t caret = datacaret();
+    onevent([caret] { Text3_DblClick(caret); });
+  }
+
+ private:
+  /// The caret in bytes of the log's text, whose lines end in two characters and not in one.
+  std::size_t datacaret() const {
+    const QString before = toPlainText().left(textCursor().selectionStart());
+    return static_cast<std::size_t>(before.toUtf8().size() + before.count('\n'));
+  }
+};
+
+/// A read-only text that fills its window.
+void filltext(QWidget& window, QPlainTextEdit& text) {
+  text.setObjectName("Text3");
+  text.setReadOnly(true);
+  text.setFont(pixelfont(arial, 14));
+  auto* layout = new QVBoxLayout(&window);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(&text);
+}
+
+void settitle(QWidget& window, QPlainTextEdit& text, const std::string& caption) {
+  const QString title = QString::fromStdString(caption);
+  if (window.windowTitle() == title) return;
+  window.setWindowTitle(title);
+  text.setAccessibleName(title);
+}
+
+}  // namespace
+
+LogWindow::LogWindow() : text_(new LogText(this)) {
+  setObjectName("Frmlog");
+  filltext(*this, *text_);
+  text_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  resize(logsize);
+}
+
+void LogWindow::mirror() {
+  settitle(*this, *text_, Frmlog::caption);
+  if (shown_ != Frmlog::Text3.text) {
+    text_->setPlainText(QString::fromStdString(Frmlog::Text3.text));
+    shown_ = Frmlog::Text3.text;
+  }
+  if (Frmlog::visible == isVisible()) return;
+  setVisible(Frmlog::visible);
+}
+
+// The window is only hidden: the log stays, and the menu entry shows it again.
+void LogWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  onevent([] { Frmlog::visible = frmmain::mnuactivity.ticked = false; });
+}
+
+ActivityWindow::ActivityWindow() : text_(new QPlainTextEdit(this)) {
+  setObjectName("frmactivity");
+  filltext(*this, *text_);
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  resize(activitysize);
+}
+
+void ActivityWindow::mirror() {
+  settitle(*this, *text_, frmactivity::caption);
+  if (shown_ != frmactivity::Text3.text) {
+    text_->setPlainText(QString::fromStdString(frmactivity::Text3.text));
+    shown_ = frmactivity::Text3.text;
+  }
+  if (frmactivity::visible == isVisible()) return;
+  if (frmactivity::visible) place();
+  setVisible(frmactivity::visible);
+}
+
+// Where it was asked for, but never off the screen: beside a main window at its right edge it covers a part
+// of that.
+void ActivityWindow::place() {
+  const QRect room = screen()->availableGeometry();
+  const int rightmost = room.right() + 1 - frameGeometry().width();
+  const int lowest = room.bottom() + 1 - frameGeometry().height();
+  move(qMax(room.left(), qMin(frmactivity::left, rightmost)),
+       qMax(room.top(), qMin(frmactivity::top, lowest)));
+}
+
+void ActivityWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  onevent([] { frmactivity::visible = false; });
+}
+
+}  // namespace gradino

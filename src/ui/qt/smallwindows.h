@@ -1,0 +1,41 @@
+// The windows of the activity log and of the explanations.
+#pragma once
+
+#include <QPlainTextEdit>
+#include <QWidget>
+#include <optional>
+#include <string>
+
+namespace gradino {
+
+/// Frmlog. A double click on a line goes back to that step.
+class LogWindow : public QWidget {
+ public:
+  LogWindow();
+  void mirror();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  QPlainTextEdit* text_;
+  std::optional<std::string> shown_;
+};
+
+/// frmactivity. It comes up beside the main window without taking the focus.
+class ActivityWindow : public QWidget {
+ public:
+  ActivityWindow();
+  void mirror();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void place();
+
+  QPlainTextEdit* text_;
+  std::optional<std::string> shown_;
+};
+
+}  // namespace gradino

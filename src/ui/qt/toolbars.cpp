@@ -1,0 +1,98 @@
+#include "toolbars.h"
+
+#include <QAction>
+#include <QFontMetrics>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "events.h"
+#include "look.h"
+
+namespace gradino {
+namespace {
+
+constexpr int barheight = 28;
+constexpr int keywidth = 23, keyheight = 26, separatorwidth = 8;
+
+/// Separators in a row keep the room of the traffic light, which stands over the lower bar.
+constexpr int lightend = 423;
+
+int widthof(const PictureButton& key) {
+  if (key.text().isEmpty()) return keywidth;
+  return qMax(keywidth, QFontMetrics(pixelfont(mssansserif, 10)).horizontalAdvance(key.text()) + 2);
+}
+
+}  // namespace
+
+Toolbar::Toolbar(QWidget* client, const char* name, int y, std::span<const KeyRow> rows, Click click)
+    : QWidget(client), rows_(rows) {
+  setObjectName(name);
+  setGeometry(0, y, frmmain::clientwidth, barheight);
+  setAutoFillBackground(true);
+  for (const KeyRow& row : rows) addkey(row, click);
+}
+
+void Toolbar::addkey(const KeyRow& row, Click click) {
+  if (row.action == nullptr) return keys_.push_back(nullptr);
+  const std::string name = objectName().toStdString() + "_" + row.key;
+  auto* key = new PictureButton(this, name.c_str(), PictureButton::Look::key, [click, &row] { click(row); });
+  key->setart(QString("toolbar/") + row.key);
+  keys_.push_back(key);
+}
+
+void Toolbar::mirror() {
+  for (std::size_t n = 0; n < keys_.size(); ++n) {
+    if (keys_[n] == nullptr) continue;
+    Control control = *rows_[n].control;
+    control.caption = rows_[n].caption;
+    keys_[n]->mirror(control);
+  }
+  placekeys();
+}
+
+// A hidden key closes up.
+void Toolbar::placekeys() {
+  int x = 0;
+  for (std::size_t n = 0; n < rows_.size(); ++n) {
+    if (rows_[n].control == nullptr) {
+      x = n > 0 && rows_[n - 1].control == nullptr ? lightend : x + separatorwidth;
+      continue;
+    }
+    if (keys_[n] == nullptr || keys_[n]->isHidden()) continue;
+    keys_[n]->setGeometry(x, (barheight - keyheight) / 2, widthof(*keys_[n]), keyheight);
+    x += widthof(*keys_[n]);
+  }
+}
+
+// A title whose entries have no command yet is left out with them.
+Menus::Menus(QMenuBar* bar) {
+  QMenu* menu = nullptr;
+  const Control* title = nullptr;
+  for (const MenuRow& row : menurows()) {
+    if (row.title) {
+      title = row.control;
+      menu = nullptr;
+      continue;
+    }
+    if (row.action == nullptr) continue;
+    if (menu == nullptr) {
+      menu = bar->addMenu("");
+      entries_.push_back({title, menu->menuAction()});
+    }
+    QAction* action = menu->addAction("");
+    QObject::connect(action, &QAction::triggered, bar, [&row] { onevent(row.action); });
+    entries_.push_back({row.control, action});
+  }
+}
+
+// Only the program sets a check mark: the click on an entry that can be ticked would change it too.
+void Menus::mirror() {
+  for (const auto& [control, action] : entries_) {
+    action->setText(QString::fromStdString(control->caption));
+    action->setVisible(control->visible);
+    action->setCheckable(control->ticked);
+    action->setChecked(control->ticked);
+  }
+}
+
+}  // namespace gradino
