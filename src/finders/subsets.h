@@ -1,0 +1,19 @@
+// Triples (level 6) and quads (level 7), naked and hidden.
+#pragma once
+
+namespace gradino {
+
+namespace frmmain {
+void findtriple();
+void findquad();
+}  // namespace frmmain
+
+namespace frmgenerazione {
+void findtriple();
+void findquad();
+}  // namespace frmgenerazione
+
+void explaintriple();
+void explainquad();
+
+}  // namespace gradino
