@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "bug.h"
 #include "colouring.h"
 #include "fish.h"
 #include "forcing.h"
@@ -11,6 +12,7 @@
 #include "log.h"
 #include "loops.h"
 #include "pairs.h"
+#include "rectangles.h"
 #include "session.h"
 #include "singles.h"
 #include "step.h"
@@ -89,6 +91,8 @@ constexpr std::pair<const char*, void (*)()> twins[] = {
     {"findjellyfish", frmgenerazione::findjellyfish},
     {"colors",        frmgenerazione::gradecolors},
     {"xcolors",       frmgenerazione::gradexcolors},
+    {"ur",            frmgenerazione::gradeur},
+    {"bug",           frmgenerazione::gradebug},
     {"xychain",       frmgenerazione::gradexychain},
     {"links",         frmgenerazione::gradelinks},
     {"forcing",       frmgenerazione::gradeforcing},

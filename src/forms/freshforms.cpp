@@ -18,7 +18,7 @@ void freshforms() {
 
   foundflag = false;
   steptag.clear();
-  for (Byte* state : {&curdigit, &curcell, &curblock, &currow, &curcol}) *state = 0;
+  for (Byte* state : {&curdigit, &curcell, &curblock, &currow, &curcol, &colourdigit}) *state = 0;
   nishioflag = false;
   comandocorrente.clear();
 

@@ -2,11 +2,13 @@
 
 #include "boxes.h"
 #include "colouring.h"
+#include "bug.h"
 #include "fish.h"
 #include "forcing.h"
 #include "intersections.h"
 #include "loops.h"
 #include "pairs.h"
+#include "rectangles.h"
 #include "singles.h"
 #include "step.h"
 #include "subsets.h"
@@ -45,6 +47,8 @@ constexpr Explanation explanations[] = {
     {"xychain",            explainxychain},
     {"links",              explainlinks},
     {"xlinks",             explainforcing},
+    {"ur",                 explainur},
+    {"bug",                explainbug},
 };
 // clang-format on
 

@@ -1,5 +1,6 @@
 #include "grader.h"
 
+#include "bug.h"
 #include "colouring.h"
 #include "fish.h"
 #include "forcing.h"
@@ -10,6 +11,7 @@
 #include "log.h"
 #include "loops.h"
 #include "pairs.h"
+#include "rectangles.h"
 #include "singles.h"
 #include "step.h"
 #include "subsets.h"
@@ -35,6 +37,8 @@ constexpr void (*rungs[])() = {
     frmgenerazione::nakedpair,
     frmgenerazione::hiddenpair,
     frmgenerazione::findtriple,
+    frmgenerazione::gradebug,
+    frmgenerazione::gradeur,
     frmgenerazione::findquad,
     frmgenerazione::findxywing,
     frmgenerazione::findxyzwing,

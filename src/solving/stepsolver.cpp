@@ -2,6 +2,7 @@
 
 #include "boxes.h"
 #include "colouring.h"
+#include "bug.h"
 #include "fish.h"
 #include "forcing.h"
 #include "grid.h"
@@ -9,6 +10,7 @@
 #include "intersections.h"
 #include "loops.h"
 #include "pairs.h"
+#include "rectangles.h"
 #include "singles.h"
 #include "step.h"
 #include "subsets.h"
@@ -42,6 +44,8 @@ constexpr Rung rungs[] = {
     {"findjellyfish", frmmain::findjellyfish},
     {"colors",        frmmain::stepcolors},
     {"colors",        frmmain::stepxcolors},
+    {"ur",            frmmain::stepur},
+    {"bug",           frmmain::stepbug},
     {"xychain",       frmmain::stepxychain},
     {"links",         frmmain::steplinks},
     {"xlinks",        frmmain::stepforcing},
