@@ -217,7 +217,7 @@ def type_line(text):
 
 def print_screen(picture, *crop):
     picture.parent.mkdir(parents=True, exist_ok=True)
-    subprocess.run(["import", "-window", "root", *crop, picture], check=True, timeout=20)
+    return subprocess.run(["import", "-window", "root", *crop, picture], check=False, timeout=20).returncode == 0
 
 
 # ---- the lesson -----------------------------------------------------------------------------------------
@@ -281,7 +281,8 @@ def take_picture(eyes, paper, picture):
     left, top = min(a.x for a in areas) - EDGE, min(a.y for a in areas) - TITLE
     wide = max(a.x + a.width for a in areas) + EDGE - left
     high = max(a.y + a.height for a in areas) + EDGE - top
-    print_screen(picture, "-crop", f"{wide}x{high}+{left}+{top}", "+repage")
+    if not print_screen(picture, "-crop", f"{wide}x{high}+{left}+{top}", "+repage"):
+        raise Missed("the picture could not be taken")
     print(f"The windows at that moment: {picture}")
 
 
@@ -333,8 +334,8 @@ def main():
                 lesson(str(program), puzzle, picture)
             except Missed:
                 failed = picture.with_stem(picture.stem + "-failed")
-                print_screen(failed)
-                print(f"The screen when the lesson failed: {failed}", file=sys.stderr)
+                if print_screen(failed):
+                    print(f"The screen when the lesson failed: {failed}", file=sys.stderr)
                 raise
             finally:
                 end_children()
