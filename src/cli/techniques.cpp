@@ -11,6 +11,7 @@
 #include "intersections.h"
 #include "log.h"
 #include "loops.h"
+#include "nishio.h"
 #include "pairs.h"
 #include "rectangles.h"
 #include "session.h"
@@ -96,6 +97,7 @@ constexpr std::pair<const char*, void (*)()> twins[] = {
     {"xychain",       frmgenerazione::gradexychain},
     {"links",         frmgenerazione::gradelinks},
     {"forcing",       frmgenerazione::gradeforcing},
+    {"nishio",        frmgenerazione::gradenishio},
 };
 // clang-format on
 

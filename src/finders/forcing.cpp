@@ -231,7 +231,7 @@ void scanforcingall() {
       if (candidatecount(cell) != most) continue;
       for (int k = 0; k < candidatecount(cell); ++k) {
         const int digit = candidateat(cell, k);
-        if (!maybewrong(cell, digit)) continue;
+        if (digit == 0 || !maybewrong(cell, digit)) continue;
         scanforcing(digit, cell);
         if (chainsteps < takenatonce) return;
         if (chainsteps < best) best = chainsteps, bestdigit = digit, bestcell = cell;

@@ -7,6 +7,7 @@
 #include "forcing.h"
 #include "intersections.h"
 #include "loops.h"
+#include "nishio.h"
 #include "pairs.h"
 #include "rectangles.h"
 #include "singles.h"
@@ -44,6 +45,7 @@ constexpr Explanation explanations[] = {
     {"findswordfish",      explainswordfish},
     {"findjellyfish",      explainjellyfish},
     {"colors",             explaincolors},
+    {"impossible",         explainnishio},
     {"xychain",            explainxychain},
     {"links",              explainlinks},
     {"xlinks",             explainforcing},

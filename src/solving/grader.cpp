@@ -10,6 +10,7 @@
 #include "levelreport.h"
 #include "log.h"
 #include "loops.h"
+#include "nishio.h"
 #include "pairs.h"
 #include "rectangles.h"
 #include "singles.h"
@@ -50,6 +51,7 @@ constexpr void (*rungs[])() = {
     frmgenerazione::gradexychain,
     frmgenerazione::gradelinks,
     frmgenerazione::gradeforcing,
+    frmgenerazione::gradenishio,
 };
 // clang-format on
 

@@ -9,6 +9,7 @@
 #include "host.h"
 #include "intersections.h"
 #include "loops.h"
+#include "nishio.h"
 #include "pairs.h"
 #include "rectangles.h"
 #include "singles.h"
@@ -49,6 +50,7 @@ constexpr Rung rungs[] = {
     {"xychain",       frmmain::stepxychain},
     {"links",         frmmain::steplinks},
     {"xlinks",        frmmain::stepforcing},
+    {"impossible",    frmmain::stepnishio},
 };
 // clang-format on
 

@@ -1,0 +1,345 @@
+// Nishio: trial and error restricted to singles. Place a candidate that may be wrong, let the singles run
+// until they stop, and look after each for an impossible state: a cell without a candidate, or a house in
+// which a digit has no place left. The candidate was wrong.
+//
+//     r5c5 = 3  ->  r5c8 = 6  ->  r2c8 = 1  ->  no 4 any more in column 8
+//
+// The trial runs on the live tables and puts them back. Cells with few candidates are tried first; a short
+// trial is taken as it stands, otherwise the shortest of the board.
+#include "nishio.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+#include "candidatetext.h"
+#include "chainsteps.h"
+#include "gradestate.h"
+#include "grid.h"
+#include "host.h"
+#include "houses.h"
+#include "lesson.h"
+#include "light.h"
+#include "log.h"
+#include "nodequeue.h"
+#include "singles.h"
+#include "step.h"
+#include "words.h"
+
+namespace gradino {
+namespace {
+
+// ---- words ------------------------------------------------------------------------------------------------
+
+// The hint and the headline of the log.
+constexpr Words found = {"CATENA NISHIO - Se {cell}={digit}", "NISHIO CHAIN - If {cell}={digit}"};
+
+// These lines are in English in both languages, and the house counts from 0.
+constexpr Words logstep = {" * {cell}={digit}", " * {cell}={digit}"};
+constexpr Words logalso = {" * also {cell}={digit}", " * also {cell}={digit}"};
+constexpr Words lognoplace = {" * {digit} no more possible in {kind} {house}",
+                              " * {digit} no more possible in {kind} {house}"};
+constexpr Words logimpossible = {" * IMPOSSIBLE", " * IMPOSSIBLE"};
+
+constexpr Words title = {
+    "TECNICA NISHIO  LIVELLO 21\r\n"
+    "si deve trovare una catena di conseguenze\r\n"
+    "che porti ad una contradizione: un numero\r\n"
+    "non e' piu' possibile in in gruppo oppure\r\n"
+    "e' contenuto piu' di una volta",
+    "TECHNIQUE NISHIO  LEVEL 21\r\n"
+    "a chain of consequences that brings to a contradiction\r\n"
+    "a number is not any more possible in a house \r\n"
+    "or in an empty cell NO CANDIDATE is any more possible"};
+constexpr Words suppose = {"Se {cell}={digit}", "If {cell}={digit}"};
+constexpr Words step = {"{cell}={digit}", "{cell}={digit}"};
+constexpr Words noplaceinrow = {"{digit} non piu' possibile in riga {house}",
+                                "{digit} no more possible in row {house}"};
+constexpr Words noplaceincolumn = {"{digit} non piu' possibile in colonna {house}",
+                                   "{digit} no more possible in column {house}"};
+constexpr Words noplaceinblock = {"{digit} non piu' possibile in settore {house}",
+                                  "{digit} no more possible in block {house}"};
+constexpr Words also = {"IMPOSSIBILE - anche {cell}={digit}", " IMPOSSIBLE - also {cell}={digit}"};
+constexpr Words removed = {" rimosso {digit} da {cell}", " removed {digit} from {cell}"};
+
+constexpr int level = 21;
+
+// ---- search -----------------------------------------------------------------------------------------------
+
+constexpr int notrial = 81;      ///< steps: there is none
+constexpr int takenatonce = 11;  ///< a trial of fewer steps ends the search
+constexpr int usable = 50;       ///< a trial of that many steps or more counts as none
+
+/// What makes a state impossible: in a house a digit without a place, or a cell without a candidate.
+struct Impossible {
+  bool flag = false;
+  bool house = false;
+  const char* kind = "";  ///< "row", "column", "block" or "cell"
+  int index = 0;          ///< house, 0-based, or cell
+  int digit = 0;
+  int cell = 0;
+};
+
+/// One trial: the placings behind the hypothesis, and how it ended.
+struct Trial {
+  std::vector<int> cell, digit;
+  Impossible end;
+};
+
+Byte nishiocount{"nishiocount"};  ///< placings of the running trial, which stand in the node queue's tables
+Impossible impossible;
+Trial best;
+
+/// The first digit of a kind of houses that is neither placed nor has a place left.
+bool lostdigit(int slots, const char* name) {
+  for (int house = 0; house < 9; ++house)
+    for (int digit = 1; digit <= 9; ++digit) {
+      if ((usedmask(slots + house) | candmask(slots + house)) & bitvalue(digit)) continue;
+      impossible = {true, true, name, house, digit, impossible.cell};
+      return true;
+    }
+  return false;
+}
+
+/// The union of candidates of each house goes into the work space of candmask, at the slot that usedmask has
+/// for the house.
+void unitecandidates(HouseKind kind, int slots) {
+  for (int house = 0; house < 9; ++house) {
+    candmask(slots + house) = 0;
+    for (int cell : housecells(kind, house)) candmask(slots + house) |= candmask(cell);
+  }
+}
+
+/// A house without a place for a digit overrides a cell without a candidate.
+void nishiocheck() {
+  impossible.house = false;
+  for (int cell = 0; cell < cells; ++cell)
+    if (candmask(cell) == 0 && cellvalue(cell) == 0)
+      impossible = {true, false, "cell", cell, impossible.digit, cell};
+  unitecandidates(HouseKind::row, rowslot);
+  unitecandidates(HouseKind::column, columnslot);
+  unitecandidates(HouseKind::block, blockslot);
+  if (lostdigit(rowslot, "row")) return;
+  if (lostdigit(columnslot, "column")) return;
+  lostdigit(blockslot, "block");
+}
+
+/// The next single there is, placed and recorded. The last digit of a house is left to the others.
+bool placenext() {
+  for (std::size_t rung = 1; rung < singlerungs.size(); ++rung) {
+    const std::string result = singlerungs[rung].find();
+    if (result.empty()) continue;
+    const Single single = singlerungs[rung].read(result);
+    cellvalue(single.cell) = single.digit;
+    candmask(single.cell) = 0;
+    rebuildusedmask();
+    rebuildcandstr();
+    rebuildpositions();
+    chaincell(nishiocount) = single.cell;
+    chaindigit(nishiocount) = single.digit;
+    nishiocount += 1;
+    return true;
+  }
+  return false;
+}
+
+void nishiopropagate() {
+  nishiocount = 0;
+  impossible.flag = false;
+  const bool before = suppresschange;
+  suppresschange = true;
+  while (!impossible.flag && placenext()) nishiocheck();
+  suppresschange = before;
+}
+
+/// The board before a trial.
+class Saved {
+ public:
+  Saved() {
+    std::copy_n(cellvalue.begin(), cells, values_.begin());
+    std::copy_n(candmask.begin(), cells, masks_.begin());
+  }
+  void restore() const {
+    std::copy_n(values_.begin(), cells, cellvalue.begin());
+    std::copy_n(masks_.begin(), cells, candmask.begin());
+    rebuildusedmask();
+    rebuildcandstr();
+    rebuildpositions();
+  }
+
+ private:
+  std::array<std::int32_t, cells> values_, masks_;
+};
+
+void keepbest(int digit, int cell) {
+  chainsteps = nishiocount;
+  stepcell = cell;
+  stepdigit = digit;
+  best = {{}, {}, impossible};
+  for (int k = 0; k < nishiocount; ++k) {
+    best.cell.push_back(chaincell(k));
+    best.digit.push_back(chaindigit(k));
+  }
+}
+
+void trial(int digit, int cell, const Saved& board) {
+  cellvalue(cell) = digit;
+  candmask(cell) = 0;
+  rebuildusedmask();
+  rebuildcandstr();
+  rebuildpositions();
+  nishiopropagate();
+  if (impossible.flag && nishiocount < chainsteps) keepbest(digit, cell);
+  board.restore();
+  impossible.flag = false;
+}
+
+/// Leaves the shortest trial in `best`, its steps in chainsteps and its hypothesis in stepcell and stepdigit.
+void scannishio() {
+  foundflag = false;
+  impossible.flag = false;
+  chainsteps = notrial;
+  const Saved board;
+  int longest = 0;
+  for (int most = 2; most <= longest + 1 || most == 2; ++most) {
+    for (int cell = 0; cell < cells; ++cell) {
+      const int count = candidatecount(cell);
+      longest = std::max(longest, count);
+      if (count != most) continue;
+      for (int k = 0; k < count; ++k) {
+        const int digit = candidateat(cell, k);
+        if (digit == 0 || !maybewrong(cell, digit)) continue;
+        trial(digit, cell, board);
+        if (chainsteps < takenatonce) return;
+      }
+    }
+    host.runevents();
+  }
+}
+
+std::string tell(const Words& words, int cell, int digit) {
+  return say(words, hole("cell", cellname(cell)), hole("digit", digit));
+}
+
+/// One line for each placing of the best trial, handed to use(cell, digit).
+template <class Use>
+void eachplacing(Use use) {
+  for (std::size_t k = 0; k < best.cell.size(); ++k) use(best.cell[k], best.digit[k]);
+}
+
+void paintplacings(Colour colour) {
+  eachplacing([colour](int cell, int) { frmmain::Text2(cell).back = colour; });
+}
+
+}  // namespace
+
+// ---- step -------------------------------------------------------------------------------------------------
+
+void frmmain::stepnishio() {
+  scannishio();
+  if (chainsteps >= usable) return;
+  foundflag = true;
+  paintplacings(yellow);
+  txthint.text = tell(found, stepcell, stepdigit);
+  const bool stop = stopped();
+  paintplacings(white);
+  if (stop) return;
+  deletecandidate(stepcell, stepdigit);
+  showdeletions();
+}
+
+// ---- twin -------------------------------------------------------------------------------------------------
+
+void frmgenerazione::gradenishio() {
+  scannishio();
+  if (chainsteps >= usable) return;
+  foundflag = true;
+  headline(tell(found, stepcell, stepdigit));
+  nishioflag = true;  // widens the next search for a loop
+  eachplacing([](int cell, int digit) { detail(tell(logstep, cell, digit)); });
+  if (best.end.house)
+    detail(say(lognoplace, hole("digit", best.end.digit), hole("kind", best.end.kind),
+               hole("house", best.end.index)));
+  else
+    detail(tell(logalso, best.end.cell, best.digit.back()));
+  detail(inlanguage(logimpossible));
+  deletecandidate(stepcell, stepdigit);
+  raiselevel(level);
+  settledeletions();
+}
+
+// ---- explanation ------------------------------------------------------------------------------------------
+
+namespace {
+
+/// The digit boxes as they stood: the argument writes its placings into them, and nobody's board is lost by
+/// it.
+class SavedBoxes {
+ public:
+  SavedBoxes() {
+    for (int cell = 0; cell < cells; ++cell) boxes_[static_cast<std::size_t>(cell)] = frmmain::Text1(cell);
+  }
+  ~SavedBoxes() { restore(); }
+  SavedBoxes(const SavedBoxes&) = delete;
+  SavedBoxes& operator=(const SavedBoxes&) = delete;
+
+  void restore() {
+    if (restored_) return;
+    restored_ = true;
+    for (int cell = 0; cell < cells; ++cell) {
+      const Box& before = boxes_[static_cast<std::size_t>(cell)];
+      frmmain::Text1(cell).text = before.text;
+      frmmain::Text1(cell).visible = before.visible;
+    }
+  }
+
+ private:
+  std::array<Box, cells> boxes_;
+  bool restored_ = false;
+};
+
+/// Shows a placing without letting the tables follow.
+void showplacing(int cell, int digit) {
+  frmmain::Text2(cell).back = yellow;
+  frmmain::Text1(cell).back = green;
+  frmmain::Text1(cell).text = std::to_string(digit);
+  frmmain::Text1(cell).visible = true;
+}
+
+std::string tellend() {
+  if (!best.end.house) return tell(also, best.end.cell, best.digit.back());
+  const std::string_view kind = best.end.kind;
+  const Words& words = kind == "row" ? noplaceinrow : kind == "column" ? noplaceincolumn : noplaceinblock;
+  return say(words, hole("digit", best.end.digit), hole("house", best.end.index + 1));
+}
+
+}  // namespace
+
+void explainnishio() {
+  SavedBoxes boxes;
+  const Trial argued = best;
+  const int cell = stepcell, digit = stepdigit;
+  Lesson lesson;
+  lesson.line(inlanguage(title)).line(longruleline);
+  lesson.line(tell(suppose, cell, digit));
+  paintplacings(white);
+  if (lesson.stopped()) return;
+  for (std::size_t k = 0; k < argued.cell.size(); ++k) {
+    showplacing(argued.cell[k], argued.digit[k]);
+    lesson.line(tell(step, argued.cell[k], argued.digit[k]));
+    if (lesson.stopped()) return;
+  }
+  lesson.line(tellend());
+  if (lesson.stopped()) return;
+
+  boxes.restore();
+  lesson.line(tell(removed, cell, digit));
+  deletecandidate(cell, digit);
+  showdeletions();
+  if (lesson.stopped()) return;
+  closelesson();
+  clearcolours();
+}
+
+}  // namespace gradino
