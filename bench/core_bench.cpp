@@ -11,6 +11,7 @@
 #include <benchmark/benchmark.h>
 
 #include "boxes.h"
+#include "colouring.h"
 #include "counter.h"
 #include "files.h"
 #include "fish.h"
@@ -136,5 +137,7 @@ QUIET(intersections);
 QUIET(findxwing);
 QUIET(findswordfish);
 QUIET(findjellyfish);
+QUIET(gradecolors);
+QUIET(gradexcolors);
 
 }  // namespace
