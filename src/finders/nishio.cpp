@@ -237,6 +237,7 @@ void paintplacings(Colour colour) {
 // ---- step -------------------------------------------------------------------------------------------------
 
 void frmmain::stepnishio() {
+  steptag = "impossible";
   scannishio();
   if (chainsteps >= usable) return;
   foundflag = true;

@@ -4,9 +4,8 @@
 namespace gradino {
 
 namespace frmmain {
-/// The ladder sets the tag "impossible" before it calls.
 void stepnishio();
-}  // namespace frmmain
+}
 namespace frmgenerazione {
 void gradenishio();
 }

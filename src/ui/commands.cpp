@@ -1,16 +1,28 @@
 #include "commands.h"
 
+#include "bug.h"
+#include "colouring.h"
 #include "counter.h"
 #include "editing.h"
 #include "files.h"
+#include "fish.h"
+#include "forcing.h"
 #include "grid.h"
 #include "host.h"
+#include "intersections.h"
+#include "loops.h"
 #include "menu.h"
+#include "nishio.h"
+#include "pairs.h"
+#include "rectangles.h"
 #include "replay.h"
 #include "step.h"
 #include "stepsolver.h"
+#include "subsets.h"
 #include "tables.h"
 #include "view.h"
+#include "wings.h"
+#include "xychains.h"
 
 namespace gradino {
 
@@ -50,6 +62,19 @@ bool savekey() {
   return true;
 }
 
+/// Techniques from the menu: one behind the other, whatever the first did.
+template <auto... techniques>
+void eachof() {
+  (techniques(), ...);
+}
+
+/// Techniques from the toolbar: each only if the one before found nothing.
+template <auto... techniques>
+bool untilfound() {
+  static_cast<void>(((techniques(), foundflag) || ...));
+  return true;
+}
+
 constexpr Words both(std::string_view text) {
   return {text, text};
 }
@@ -71,15 +96,15 @@ const MenuRow menutable[] = {
     {&mnuposition,   false, {"suggerisci posizione", "Suggest position"},       mnuposition_Click},
     {&mnunumber,     false, {"suggerisci numero", "Suggest number"},            mnunumber_Click},
     {&mnutecniche,   true,  {"Tecniche", "Tecniques"},                          nullptr},
-    {&mnurestricted, false, {"Intersezioni", "Intersections"},                  nullptr},
-    {&mnunakedpair,  false, both("Naked Pair"),                                 nullptr},
-    {&mnuhidden,     false, both("Hidden pair"),                                nullptr},
-    {&mnutriplet,    false, both("Naked-Hidden triple-quad"),                   nullptr},
-    {&mnuxy,         false, both("XY-XYZ Wing"),                                nullptr},
-    {&mnuxwing,      false, both("X Wing"),                                     nullptr},
-    {&mnusword,      false, both("Sword Fish -JellyFish"),                      nullptr},
-    {&mnucolori,     false, {"Colori", "Coloring"},                             nullptr},
-    {&mnuchain,      false, {"Catene forzate", "Forcing chain"},                nullptr},
+    {&mnurestricted, false, {"Intersezioni", "Intersections"},                  frmmain::intersections},
+    {&mnunakedpair,  false, both("Naked Pair"),                                 frmmain::nakedpair},
+    {&mnuhidden,     false, both("Hidden pair"),                                frmmain::hiddenpair},
+    {&mnutriplet,    false, both("Naked-Hidden triple-quad"),                   eachof<findtriple, findquad>},
+    {&mnuxy,         false, both("XY-XYZ Wing"),                                eachof<findxywing, findxyzwing>},
+    {&mnuxwing,      false, both("X Wing"),                                     findxwing},
+    {&mnusword,      false, both("Sword Fish -JellyFish"),                      eachof<findswordfish, findjellyfish>},
+    {&mnucolori,     false, {"Colori", "Coloring"},                             eachof<stepcolors, stepxcolors>},
+    {&mnuchain,      false, {"Catene forzate", "Forcing chain"},                eachof<steplinks, stepnishio>},
     {&mnutools,      true,  {"Strumenti", "Tools"},                             nullptr},
     {&mnusolve,      false, {"Risolvi", "Solve"},                               mnusolve_Click},
     {&mnugenerator,  true,  {"Generatore", "Generator"},                        nullptr},
@@ -108,15 +133,15 @@ const KeyRow toolbar1table[] = {
     {&Toolbar1::modifica,    "modifica",    "",       {},                                              run<modifica_Click>},
     {&Toolbar1::activity,    "activity",    "",       {"log attività", "activity log"},                run<mnuactivity_Click>},
     {nullptr,                "",            "",       {},                                              nullptr},
-    {&Toolbar1::obbligate,   "obbligate",   "",       {"intersezioni", "intersections"},               nullptr},
-    {&Toolbar1::nakedpair,   "nakedpair",   "",       {"doppia nuda", "naked pair"},                   nullptr},
-    {&Toolbar1::hidden,      "hidden",      "",       {"doppia nascosta", "hidden pair"},              nullptr},
-    {&Toolbar1::nakedtriple, "nakedtriple", "",       {"triple quadruple", "naked_hidden triple-quad"}, nullptr},
-    {&Toolbar1::xywing,      "xywing",      "",       {"XY-XYZ Wing", "XY-XYZ Wing "},                 nullptr},
-    {&Toolbar1::xwing,       "xwing",       "",       {"X Wing", "X Wing"},                            nullptr},
-    {&Toolbar1::sword,       "sword",       "",       {"swordfish-jellyfish", "swordfish-jellyfish"},  nullptr},
-    {&Toolbar1::colori,      "colori",      "",       {"colori", "colors"},                            nullptr},
-    {&Toolbar1::chain,       "chain",       "",       {"cicli - catene forzate", "loops - chains"},    nullptr},
+    {&Toolbar1::obbligate,   "obbligate",   "",       {"intersezioni", "intersections"},               run<frmmain::intersections>},
+    {&Toolbar1::nakedpair,   "nakedpair",   "",       {"doppia nuda", "naked pair"},                   run<frmmain::nakedpair>},
+    {&Toolbar1::hidden,      "hidden",      "",       {"doppia nascosta", "hidden pair"},              run<frmmain::hiddenpair>},
+    {&Toolbar1::nakedtriple, "nakedtriple", "",       {"triple quadruple", "naked_hidden triple-quad"}, untilfound<findtriple, findquad>},
+    {&Toolbar1::xywing,      "xywing",      "",       {"XY-XYZ Wing", "XY-XYZ Wing "},                 untilfound<findxywing, findxyzwing>},
+    {&Toolbar1::xwing,       "xwing",       "",       {"X Wing", "X Wing"},                            run<findxwing>},
+    {&Toolbar1::sword,       "sword",       "",       {"swordfish-jellyfish", "swordfish-jellyfish"},  untilfound<findswordfish, findjellyfish>},
+    {&Toolbar1::colori,      "colori",      "",       {"colori", "colors"},                            untilfound<stepcolors, stepxcolors>},
+    {&Toolbar1::chain,       "chain",       "",       {"cicli - catene forzate", "loops - chains"},    untilfound<steplinks, stepforcing, stepnishio>},
     {nullptr,                "",            "",       {},                                              nullptr},
     {nullptr,                "",            "",       {},                                              nullptr},
     {nullptr,                "",            "",       {},                                              nullptr},
@@ -176,6 +201,14 @@ void showgivens() {
   for (int cell = 0; cell < cells; ++cell) writetext1(cell, givens(cell));
   suppresschange = false;
   refreshcandidates();
+}
+
+void cmdimpossibili_Click() {
+  untilfound<stepbug, stepur>();
+}
+
+void Cmdtest_Click() {
+  stepxychain();
 }
 
 void Frame1_DblClick() {

@@ -46,6 +46,12 @@ bool countsolutions();
 /// Writes the givens back into all digit boxes.
 void showgivens();
 
+/// The loose button for impossible candidates: BUG, then, if it found nothing, unique rectangles.
+void cmdimpossibili_Click();
+
+/// The hidden test button: XY-chains.
+void Cmdtest_Click();
+
 /// A double click on Frame1: shows or hides the hidden tools.
 void Frame1_DblClick();
 
