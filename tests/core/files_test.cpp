@@ -300,6 +300,18 @@ TEST_P(Files, TheLoadsOwnWritesDoNotReachTheChangeHandling) {
   EXPECT_EQ(filledcount, 81 - std::count(severalsolutions.begin(), severalsolutions.end(), '.'));
 }
 
+// Nothing is left to find on it, and it has one solution.
+TEST_P(Files, AFullBoardIsToldAsBeyondTheTechniques) {
+  opentext(fullboard);
+  EXPECT_EQ(player.boxes,
+            Strings{in("                 Schema con 1 soluzione\r\n Non riesco a risolvere il sudoku con gli "
+                       "algoritmi dosponibili",
+                       "                 Puzzle with 1 solution\r\n I can't solve the sudoku with available "
+                       "algorithms")});
+  EXPECT_EQ(runninglevel, 21);
+  EXPECT_EQ(boxtexts(), fullboard);
+}
+
 TEST_P(Files, EditingPencilMarksSurvivesOpening) {
   modifica_Click();
   opentext(puzzle);
@@ -533,6 +545,7 @@ TEST_P(Files, TheSaveKeyOnAFullBoardWritesTheGivensAndTheMenuTheSolution) {
   player.names = {path("menu.sav")};
   player.event(mnusave_Click);
   EXPECT_EQ(bytes(path("menu.sav")).find('.'), std::string::npos);
+  player.boxes.clear();
 
   opentext(puzzle);
   mnusolve_Click();
