@@ -8,7 +8,10 @@ how=(--dry-run -Werror)
 
 # Versions of clang-format differ in small things: the one of Debian 12 decides.
 if command -v clang-format-14 >/dev/null; then
-  find src tests bench \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format-14 "${how[@]}"
+  find src tests bench \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format-14 "${how[@]}" || {
+    echo "check-style: tools/check-style.sh --fix formats these files" >&2
+    exit 1
+  }
 else
   echo "check-style: no clang-format-14 here, formatting not checked"
 fi

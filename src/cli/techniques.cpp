@@ -20,8 +20,8 @@
 #include "subcommands.h"
 #include "subsets.h"
 #include "tables.h"
-#include "xychains.h"
 #include "wings.h"
+#include "xychains.h"
 
 namespace gradino::cli {
 namespace {

@@ -1,8 +1,8 @@
 #include "stepsolver.h"
 
 #include "boxes.h"
-#include "colouring.h"
 #include "bug.h"
+#include "colouring.h"
 #include "fish.h"
 #include "forcing.h"
 #include "grid.h"
