@@ -66,6 +66,12 @@ void drawborder(QWidget& widget, bool focus) {
   painter.drawRect(widget.rect().adjusted(inset, inset, -1, -1));
 }
 
+/// The text's colour on its ground: a red digit in a red cell would not be seen.
+QColor readable(const gradino::Box& box) {
+  const QColor text = screencolour(box.fore);
+  return box.fore == box.back ? text.darker(250) : text;
+}
+
 }  // namespace
 
 QPoint cellplace(int cell) {
@@ -95,7 +101,7 @@ void DigitBox::mirror(const gradino::Box& box, bool reachable) {
   if (there == isHidden()) setVisible(there);
   if (shown_ == box) return;
   if (const QString text = QString::fromStdString(box.text); text != this->text()) setText(text);
-  setcolours(*this, screencolour(box.back), screencolour(box.fore));
+  setcolours(*this, screencolour(box.back), readable(box));
   shown_ = box;
 }
 
@@ -109,9 +115,15 @@ void DigitBox::setghost(bool ghost) {
 // A key moves the focus first, and its character then goes to the box that has the focus.
 bool DigitBox::event(QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
-  onevent([this, event] { Text1_KeyDown(cell_, keycode(static_cast<QKeyEvent*>(event)->key())); });
+  auto* pressed = static_cast<QKeyEvent*>(event);
+  onevent([this, pressed] { Text1_KeyDown(cell_, keycode(pressed->key())); });
   auto* target = dynamic_cast<DigitBox*>(window()->focusWidget());
-  return target != nullptr && target->QLineEdit::event(event);
+  if (target == nullptr ||
+      pressed->modifiers().testFlag(Qt::AltModifier)) {  // Alt calls a menu, it doesn't type
+    pressed->ignore();
+    return true;
+  }
+  return target->QLineEdit::event(event);
 }
 
 void DigitBox::mouseReleaseEvent(QMouseEvent* event) {
@@ -161,7 +173,7 @@ void MarksBox::mirror(const gradino::Box& box, bool editable) {
     const QSignalBlocker quiet(this);
     setPlainText(text);
   }
-  setcolours(*this, screencolour(box.back), screencolour(box.fore));
+  setcolours(*this, screencolour(box.back), readable(box));
   shown_ = box;
 }
 
@@ -192,7 +204,7 @@ CandidateBox::CandidateBox(QWidget* parent, int index) : QLabel(parent), index_(
 void CandidateBox::mirror(const gradino::Box& box) {
   if (shown_ == box) return;
   setText(QString::fromStdString(box.text));
-  setcolours(*this, screencolour(box.back), screencolour(box.fore));
+  setcolours(*this, screencolour(box.back), readable(box));
   setVisible(box.visible);
   shown_ = box;
 }

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QMenuBar>
+#include <QScreen>
 
 #include "clock.h"
 #include "commands.h"
@@ -28,6 +29,14 @@ QWidget* newclient(QMainWindow& window) {
   return client;
 }
 
+/// Beside the window there should be room for the explanations.
+QPoint startplace(const QScreen& screen, const QSize& window) {
+  const QRect room = screen.availableGeometry();
+  const QSize both = window + QSize(activitysize.width(), 0);
+  return {qMax(room.left(), room.center().x() - both.width() / 2),
+          qMax(room.top(), room.center().y() - both.height() / 2)};
+}
+
 }  // namespace
 
 MainWindow::MainWindow() {
@@ -47,6 +56,7 @@ MainWindow::MainWindow() {
   showchanges = [this] { mirror(); };
   frmmain::focusrequest = {.on = frmmain::Focus::On::text1, .cell = 0};
   mirror();
+  move(startplace(*screen(), sizeHint()));
 }
 
 MainWindow::~MainWindow() {

@@ -14,7 +14,7 @@
 namespace gradino {
 namespace {
 
-constexpr QSize logsize{560, 420}, activitysize{420, 420};
+constexpr QSize logsize{560, 420};
 
 /// The text of the log, which tells where it was double-clicked.
 class LogText : public QPlainTextEdit {
@@ -97,14 +97,15 @@ void ActivityWindow::mirror() {
   setVisible(frmactivity::visible);
 }
 
-// Where it was asked for, but never off the screen: beside a main window at its right edge it covers a part
-// of that.
+// Where it was asked for, but never off the screen: beside a main window at the screen's right edge it stands
+// on the other side, so that the traffic light is not covered.
 void ActivityWindow::place() {
   const QRect room = screen()->availableGeometry();
   const int rightmost = room.right() + 1 - frameGeometry().width();
   const int lowest = room.bottom() + 1 - frameGeometry().height();
-  move(qMax(room.left(), qMin(frmactivity::left, rightmost)),
-       qMax(room.top(), qMin(frmactivity::top, lowest)));
+  const int leftof = frmmain::left - frameGeometry().width();
+  const int left = frmactivity::left > rightmost && leftof >= room.left() ? leftof : frmactivity::left;
+  move(qMax(room.left(), qMin(left, rightmost)), qMax(room.top(), qMin(frmactivity::top, lowest)));
 }
 
 void ActivityWindow::closeEvent(QCloseEvent* event) {

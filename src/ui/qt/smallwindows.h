@@ -2,11 +2,14 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <QSize>
 #include <QWidget>
 #include <optional>
 #include <string>
 
 namespace gradino {
+
+inline constexpr QSize activitysize{440, 420};
 
 /// Frmlog. A double click on a line goes back to that step.
 class LogWindow : public QWidget {

@@ -1,14 +1,21 @@
 #include "toolbars.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QFontMetrics>
 #include <QMenu>
 #include <QMenuBar>
+#include <algorithm>
+#include <iterator>
 
 #include "events.h"
 #include "look.h"
+#include "menu.h"
 
 namespace gradino {
+
+using namespace frmmain;
+
 namespace {
 
 constexpr int barheight = 28;
@@ -17,9 +24,34 @@ constexpr int keywidth = 23, keyheight = 26, separatorwidth = 8;
 /// Separators in a row keep the room of the traffic light, which stands over the lower bar.
 constexpr int lightend = 423;
 
+// By these names scripts and tests find the entries.
+struct MenuName {
+  const Control* control;
+  const char* name;
+};
+// clang-format off
+const MenuName menunames[] = {
+    {&mnufile, "mnufile"}, {&mnuopen, "mnuopen"}, {&mnusave, "mnusave"}, {&mnunew, "mnunew"},
+    {&mnuprint, "mnuprint"}, {&mnulibreria, "mnulibreria"}, {&mnuview, "mnuview"},
+    {&mnupencil, "mnupencil"}, {&mnurefresh, "mnurefresh"}, {&mnuedit, "mnuedit"},
+    {&mnuactivity, "mnuactivity"}, {&mnuhints, "mnuhints"}, {&mnuposition, "mnuposition"},
+    {&mnunumber, "mnunumber"}, {&mnutecniche, "mnutecniche"}, {&mnurestricted, "mnurestricted"},
+    {&mnunakedpair, "mnunakedpair"}, {&mnuhidden, "mnuhidden"}, {&mnutriplet, "mnutriplet"},
+    {&mnuxy, "mnuxy"}, {&mnuxwing, "mnuxwing"}, {&mnusword, "mnusword"}, {&mnucolori, "mnucolori"},
+    {&mnuchain, "mnuchain"}, {&mnutools, "mnutools"}, {&mnusolve, "mnusolve"},
+    {&mnugenerator, "mnugenerator"}, {&mnuadvanced, "mnuadvanced"},
+};
+// clang-format on
+
+const char* nameof(const Control* control) {
+  return std::find_if(std::begin(menunames), std::end(menunames),
+                      [control](const MenuName& row) { return row.control == control; })
+      ->name;
+}
+
 int widthof(const PictureButton& key) {
   if (key.text().isEmpty()) return keywidth;
-  return qMax(keywidth, QFontMetrics(pixelfont(mssansserif, 10)).horizontalAdvance(key.text()) + 2);
+  return qMax(keywidth, QFontMetrics(pixelfont(mssansserif, 10)).horizontalAdvance(key.text()) + 6);
 }
 
 }  // namespace
@@ -27,7 +59,8 @@ int widthof(const PictureButton& key) {
 Toolbar::Toolbar(QWidget* client, const char* name, int y, std::span<const KeyRow> rows, Click click)
     : QWidget(client), rows_(rows) {
   setObjectName(name);
-  setGeometry(0, y, frmmain::clientwidth, barheight);
+  setGeometry(0, y, clientwidth, barheight);
+  setPalette(QApplication::palette());  // not the client area's
   setAutoFillBackground(true);
   for (const KeyRow& row : rows) addkey(row, click);
 }
@@ -77,18 +110,21 @@ Menus::Menus(QMenuBar* bar) {
     if (row.action == nullptr) continue;
     if (menu == nullptr) {
       menu = bar->addMenu("");
+      menu->menuAction()->setObjectName(nameof(title));
       entries_.push_back({title, menu->menuAction()});
     }
     QAction* action = menu->addAction("");
+    action->setObjectName(nameof(row.control));
     QObject::connect(action, &QAction::triggered, bar, [&row] { onevent(row.action); });
     entries_.push_back({row.control, action});
   }
 }
 
-// Only the program sets a check mark: the click on an entry that can be ticked would change it too.
+// A title's first letter opens it together with Alt. Only the program sets a check mark: the click on an
+// entry that can be ticked would change it too.
 void Menus::mirror() {
   for (const auto& [control, action] : entries_) {
-    action->setText(QString::fromStdString(control->caption));
+    action->setText((action->menu() != nullptr ? "&" : "") + QString::fromStdString(control->caption));
     action->setVisible(control->visible);
     action->setCheckable(control->ticked);
     action->setChecked(control->ticked);
