@@ -22,6 +22,7 @@
 
 #include <array>
 #include <bitset>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -257,6 +258,11 @@ bool samehouse(int a, int b) {
   return samerow(a, b) || samecolumn(a, b) || sameblock(a, b);
 }
 
+int positionin(HouseKind kind, int cell) {
+  const int row = cellrow(cell) - 1, col = cellcol(cell) - 1;
+  return kind == HouseKind::row ? col : kind == HouseKind::column ? row : row % 3 * 3 + col % 3;
+}
+
 /// The three cells of a's row, or of a's column, that lie in b's block: act(cell) for each.
 template <class Act>
 void rowinblock(int a, int b, Act act) {
@@ -413,7 +419,7 @@ struct XColours {
 class Hypothesis {
  public:
   Hypothesis(int digit, int seed) : digit_(digit) {
-    set(seed, true);
+    settle(seed, true);
     for (int i = 0; i < count_; ++i)
       for (HouseKind kind : {HouseKind::block, HouseKind::row, HouseKind::column})
         follow(chainflag(i), kind, houseof(kind, chaincell(i)));
@@ -421,19 +427,29 @@ class Hypothesis {
 
   /// Gathers the true cells. True: two of them share a house.
   bool gather(Group& group) const {
-    bool clash = false;
     group.clear();
-    for (int i = 0; i < count_; ++i) {
-      if (!chainflag(i)) continue;
-      for (int other : group) clash = clash || samehouse(chaincell(i), other);
-      group.add(chaincell(i));
-    }
-    return clash;
+    for (int i = 0; i < count_; ++i)
+      if (chainflag(i)) group.add(chaincell(i));
+    return clash_;
   }
 
  private:
-  void set(int cell, bool truth) {
-    (truth ? true_ : false_).set(static_cast<std::size_t>(cell));
+  /// What is known of a house.
+  struct Known {
+    Positions settled;
+    bool hastrue = false;
+  };
+  Known& known(HouseKind kind, int house) {
+    return known_[static_cast<std::size_t>(kind)][static_cast<std::size_t>(house)];
+  }
+
+  void settle(int cell, bool truth) {
+    for (HouseKind kind : {HouseKind::block, HouseKind::row, HouseKind::column}) {
+      Known& house = known(kind, houseof(kind, cell));
+      house.settled.add(positionin(kind, cell));
+      clash_ = clash_ || (truth && house.hastrue);
+      house.hastrue = house.hastrue || truth;
+    }
     chaincell(count_) = cell;
     chainflag(count_) = truth;
     ++count_;
@@ -442,28 +458,20 @@ class Hypothesis {
   /// What one cell means for a house of its own: true, it makes all open places false; false, it forces the
   /// last open place if there is but one and the house has no true cell.
   void follow(bool truth, HouseKind kind, int house) {
-    int open = 0, last = 0;
-    bool satisfied = false;
-    for (int p : housepos(kind, digit_, house)) {
-      const int cell = housecell(kind, house, p);
-      const auto c = static_cast<std::size_t>(cell);
-      if (true_[c]) {
-        satisfied = true;
-      } else if (!false_[c]) {
-        if (truth) {
-          set(cell, false);
-        } else {
-          ++open;
-          last = cell;
-        }
-      }
-    }
-    if (open == 1 && !satisfied) set(last, true);
+    const Known& here = known(kind, house);
+    if (!truth && here.hastrue) return;
+    Positions open = housepos(kind, digit_, house);
+    open.bits = static_cast<std::uint16_t>(open.bits & ~here.settled.bits);
+    if (truth)
+      for (int p : open) settle(housecell(kind, house, p), false);
+    else if (!open.empty() && open.first() == open.last())
+      settle(housecell(kind, house, open.first()), true);
   }
 
   int digit_;
   int count_ = 0;
-  std::bitset<cells> true_, false_;
+  bool clash_ = false;
+  std::array<std::array<Known, 9>, 3> known_;
 };
 
 void recordcommon(XColours& find) {
@@ -472,6 +480,40 @@ void recordcommon(XColours& find) {
   find.common.clear();
   for (int cell : find.group[1])
     if (infirst[static_cast<std::size_t>(cell)]) find.common.add(cell);
+}
+
+/// What the true cells of a group see, and where they are, as columns by row.
+struct Sight {
+  std::array<unsigned, 9> seen{}, own{};
+
+  explicit Sight(const Group& group) {
+    unsigned columns = 0;
+    for (int cell : group) {
+      const auto row = static_cast<std::size_t>(cellrow(cell) - 1), band = row / 3 * 3;
+      const int col = cellcol(cell) - 1;
+      own[row] |= 1u << col;
+      columns |= 1u << col;
+      seen[row] = 0x1ff;
+      for (std::size_t r = band; r < band + 3; ++r) seen[r] |= 7u << col / 3 * 3;
+    }
+    for (unsigned& row : seen) row |= columns;
+  }
+};
+
+/// Whether any cell but the true ones sees both groups: most pairs of hypotheses end here. places: the
+/// columns of the digit's candidates, by row.
+bool anydeletion(const XColours& find, const std::array<unsigned, 9>& places) {
+  const Sight one(find.group[0]), other(find.group[1]);
+  for (std::size_t r = 0; r < 9; ++r)
+    if (places[r] & one.seen[r] & other.seen[r] & ~one.own[r] & ~other.own[r]) return true;
+  return false;
+}
+
+std::array<unsigned, 9> candidatesbyrow(int digit) {
+  std::array<unsigned, 9> places{};
+  for (int cell = 0; cell < cells; ++cell)
+    if (hascandidate(cell, digit)) places[static_cast<std::size_t>(cell / 9)] |= 1u << cell % 9;
+  return places;
 }
 
 /// Records what sees a true cell of each group. A cell that is true in both counts as a pair too: it shares
@@ -494,10 +536,11 @@ void recorddeletions(XColours& find) {
 }
 
 /// Both hypotheses of a house. When both clash it is the second that is called false.
-void runpair(XColours& find, int first, int second) {
+void runpair(XColours& find, int first, int second, const std::array<unsigned, 9>& places) {
   if (Hypothesis(find.digit, first).gather(find.group[0])) find.type = Colourtype::firstfalse;
   if (Hypothesis(find.digit, second).gather(find.group[1])) find.type = Colourtype::secondfalse;
   if (find.type != Colourtype::nothing) return;
+  if (!anydeletion(find, places)) return;
   recordcommon(find);
   recorddeletions(find);
   if (!find.deleted.empty()) find.type = Colourtype::xdeletion;
@@ -508,13 +551,14 @@ XColours scanxcolors(Byte& digit) {
   XColours find;
   for (digit = 1; digit <= 9; digit += 1) {
     find.digit = digit;
+    const std::array<unsigned, 9> places = candidatesbyrow(digit);
     std::bitset<cells * cells> done;  // two cells can share a line and a block
     const bool over =
         seeds(digit, {HouseKind::row, HouseKind::block, HouseKind::column}, [&](int first, int second) {
           const auto pair = static_cast<std::size_t>(first * cells + second);
           if (done[pair]) return false;
           done.set(pair);
-          runpair(find, first, second);
+          runpair(find, first, second, places);
           return find.type != Colourtype::nothing;
         });
     if (over) break;
