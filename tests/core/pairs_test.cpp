@@ -657,6 +657,20 @@ TEST_F(Pairs, ASignThatIsNoDigitStandsForNone) {
             "\r\nNAKED PAIR 4. ,  cells r1c2 , r1c7\r\n * deleted 4 from r1c5 , ");
 }
 
+TEST_F(Pairs, ThePartnerOfANakedPairIsTheHigherCell) {
+  leave(at(1, 7), "47");
+  modificacandidati = true;
+  writetext2(at(1, 2), "4,7");  // the same mask, but three signs: no pair begins here
+  modificacandidati = false;
+  EXPECT_EQ(step(frmmain::nakedpair), "");
+}
+
+TEST_F(Pairs, ACellWithoutCandidatesIsNoNakedPairWhateverItsTextSays) {
+  leave(at(1, 2), "47");
+  candmask(at(1, 2)) = candmask(at(1, 7)) = 0;
+  EXPECT_EQ(step(frmmain::nakedpair), "");
+}
+
 TEST_F(Pairs, HiddenPairsGoByTheirDigitsThenRowsColumnsBlocks) {
   take("89", row(1, {2, 8}));
   take("12", block(9, at(7, 7), at(9, 9)));
