@@ -1,8 +1,10 @@
 #include "probe.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <initializer_list>
 
 #include "tables.h"
 
@@ -11,7 +13,7 @@ namespace {
 
 using Mask = std::uint16_t;
 
-constexpr int rowhouse = 0, columnhouse = 9, blockhouse = 18;
+constexpr std::size_t rowhouse = 0, columnhouse = 9, blockhouse = 18;
 
 /// A board while it is being completed. Small enough to be copied at each branch.
 struct Attempt {
@@ -122,6 +124,88 @@ bool complete(Attempt& a) {
   return true;
 }
 
+/// Which houses must take which digits, by counting alone. A search would walk boards with a clash for ever,
+/// because there some houses need not take all that they lack.
+///
+/// A house with as many holes as missing digits must take them all. A digit goes into as many houses of each
+/// kind: at least into the most that must take it in some kind, at most into the fewest that lack it. Where
+/// the two meet, every house of the kind that lacks it must take it, or none that need not may.
+class Counting {
+ public:
+  explicit Counting(Attempt& a) : a_(a) {}
+
+  /// False: the board can't be completed.
+  bool settle() {
+    do {
+      changed_ = false;
+      for (std::size_t house = 0; house < 27; ++house)
+        if (!settlehouse(house)) return false;
+      for (int digit = 1; digit <= 9; ++digit)
+        if (!settledigit(static_cast<Mask>(1 << digit))) return false;
+    } while (changed_);
+    return true;
+  }
+
+ private:
+  bool settlehouse(std::size_t house) {
+    const int holes = a_.holes[house];
+    if (holes == 0) a_.left[house] = 0;
+    if (std::popcount(a_.left[house]) == holes) set(must_[house], a_.left[house]);
+    if (std::popcount(must_[house]) == holes) set(a_.left[house], must_[house]);
+    return std::popcount(must_[house]) <= holes && std::popcount(a_.left[house]) >= holes;
+  }
+
+  bool settledigit(Mask bit) {
+    if (!balance(bit, {houses(rowhouse, 9), houses(columnhouse, 9), houses(blockhouse, 9)})) return false;
+    for (std::size_t third = 0; third < 3; ++third) {
+      if (!balance(bit, {houses(rowhouse + 3 * third, 3), houses(blockhouse + 3 * third, 3)})) return false;
+      if (!balance(bit, {houses(columnhouse + 3 * third, 3), houses(blockhouse + third, 3, 3)})) return false;
+    }
+    return true;
+  }
+
+  struct Houses {
+    std::size_t first, count, stride;
+  };
+  static Houses houses(std::size_t first, std::size_t count, std::size_t stride = 1) {
+    return {first, count, stride};
+  }
+
+  /// Sets of houses that cover the same cells: the whole board, a band, a stack.
+  bool balance(Mask bit, std::initializer_list<Houses> covers) {
+    int least = 0, most = 27;
+    for (const Houses& cover : covers) {
+      least = std::max(least, count(must_, cover, bit));
+      most = std::min(most, count(a_.left, cover, bit));
+    }
+    if (least > most) return false;
+    for (const Houses& cover : covers) {
+      const bool all = count(a_.left, cover, bit) == least, nomore = count(must_, cover, bit) == most;
+      for (std::size_t k = 0; k < cover.count; ++k) {
+        const std::size_t house = cover.first + k * cover.stride;
+        if (all && (a_.left[house] & bit)) set(must_[house], static_cast<Mask>(must_[house] | bit));
+        if (nomore && !(must_[house] & bit)) set(a_.left[house], static_cast<Mask>(a_.left[house] & ~bit));
+      }
+    }
+    return true;
+  }
+
+  static int count(const std::array<Mask, 27>& masks, const Houses& cover, Mask bit) {
+    int found = 0;
+    for (std::size_t k = 0; k < cover.count; ++k) found += (masks[cover.first + k * cover.stride] & bit) != 0;
+    return found;
+  }
+
+  void set(Mask& mask, Mask value) {
+    changed_ |= mask != value;
+    mask = value;
+  }
+
+  Attempt& a_;
+  std::array<Mask, 27> must_{};
+  bool changed_ = false;
+};
+
 /// The completion found last: as long as the board agrees with it there is nothing to search.
 std::array<std::uint8_t, 81> known;
 bool isknown = false;
@@ -141,7 +225,7 @@ void newprobe() {
 bool completable() {
   if (isknown && agrees()) return true;
   Attempt attempt = fromboard();
-  if (!complete(attempt)) return false;
+  if (!Counting(attempt).settle() || !complete(attempt)) return false;
   known = attempt.value;
   isknown = true;
   return true;
