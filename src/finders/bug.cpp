@@ -88,7 +88,7 @@ Bug scanbug(int before) {
   return find;
 }
 
-/// The step on show, for its explanation.
+/// What the last step found, for its explanation.
 Bug shown;
 
 std::string tell(const Words& words, const Bug& find) {
@@ -102,11 +102,10 @@ std::string tell(const Words& words, const Bug& find) {
 void frmmain::stepbug() {
   foundflag = false;
   steptag = "bug";
-  const Bug find = scanbug(colourdigit);
+  const Bug find = shown = scanbug(colourdigit);  // a command that comes in during the wait may show another
   if (find.cell == nocell) return;
   colourdigit = find.digit;
   foundflag = true;
-  shown = find;
   Text5.text = std::to_string(find.digit);
   Text2(find.cell).back = yellow;
   txthint.text = tell(found, find);
@@ -136,13 +135,14 @@ void frmgenerazione::gradebug() {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 void explainbug() {
-  if (shown.cell == nocell) return;  // asked for by a command that found nothing, while another step waits
+  const Bug find = shown;
+  if (find.cell == nocell) return;  // a command that found nothing, while another step waits, may be asked
   Lesson lesson;
   lesson.line(title).line(inlanguage(rule)).line(longruleline);
-  lesson.line(tell(found, shown)).line(tell(ifdifferent, shown));
+  lesson.line(tell(found, find)).line(tell(ifdifferent, find));
   if (lesson.stopped()) return;
 
-  lesson.line(tell(wecaninsert, shown));
+  lesson.line(tell(wecaninsert, find));
   if (lesson.stopped()) return;
   closelesson();
   clearcolours();

@@ -205,6 +205,7 @@ bool judge(Rectangle& find) {
 /// The first rectangle, by corner 1.
 void scanur(Rectangle& find) {
   foundflag = false;
+  find = {};
   for (find.urcell1 = 0; find.urcell1 < cells; ++find.urcell1)
     if (find.pairmask() != 0 && bivalue(find.urcell1) && corners(find) && haspair(find, find.urcell4()) &&
         judge(find))
@@ -218,7 +219,7 @@ void victims(const Rectangle& find, int digit, Act act) {
     if (hascandidate(find.commoncell(i), digit)) act(find.commoncell(i));
 }
 
-/// The rectangle on show, for its explanation.
+/// What the last step found, for its explanation.
 Rectangle shown;
 
 std::string tell(const Words& words, const Rectangle& find) {
@@ -309,26 +310,26 @@ void gradetype2(const Rectangle& find) {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 /// False: the user said stop.
-bool arguetype1(Lesson& lesson) {
-  lesson.line(tell(case1, shown)).line(tell(twosolutions, shown));
-  lesson.line(tell(firstsolution, shown)).line(tell(secondsolution, shown));
+bool arguetype1(const Rectangle& find, Lesson& lesson) {
+  lesson.line(tell(case1, find)).line(tell(twosolutions, find));
+  lesson.line(tell(firstsolution, find)).line(tell(secondsolution, find));
   if (lesson.stopped()) return false;
-  lesson.line(tell(candeletepair, shown));
+  lesson.line(tell(candeletepair, find));
   if (lesson.stopped()) return false;
 
   // The step's own work, shown here: the step then finds it done.
-  const int cell = shown.urcell4();
-  candmask(cell) ^= shown.pairmask();
+  const int cell = find.urcell4();
+  candmask(cell) ^= find.pairmask();
   rebuildcandstr();
   updatetext2();
   if (candidatecount(cell) != 1) return true;
   return !lesson.line(tellonly(andinsert, cell)).stopped();
 }
 
-bool arguetype2(Lesson& lesson) {
-  if (lesson.line(tell(case2, shown)).stopped()) return false;
-  paintcommon(shown, red);
-  lesson.line(tell(eitheror, shown)).line(tell(candeletedigit, shown));
+bool arguetype2(const Rectangle& find, Lesson& lesson) {
+  if (lesson.line(tell(case2, find)).stopped()) return false;
+  paintcommon(find, red);
+  lesson.line(tell(eitheror, find)).line(tell(candeletedigit, find));
   if (lesson.stopped()) return false;
   foundflag = true;
   return true;
@@ -338,11 +339,10 @@ bool arguetype2(Lesson& lesson) {
 
 void frmmain::stepur() {
   steptag = "ur";
-  Rectangle find;
-  scanur(find);
+  scanur(shown);
+  const Rectangle find = shown;  // a command that comes in during the wait may show another
   if (find.urtype != Rectangle::type1 && find.urtype != Rectangle::type2) return;
   foundflag = true;
-  shown = find;
   find.urtype == Rectangle::type1 ? steptype1(find) : steptype2(find);
 }
 
@@ -356,11 +356,13 @@ void frmgenerazione::gradeur() {
 }
 
 void explainur() {
-  if (shown.urtype == Rectangle::nothing) return;  // asked for by a command that found nothing
-  for (int cell : {shown.urcell1, shown.urcell4()}) frmmain::Text2(cell).back = green;
+  const Rectangle find = shown;
+  // A command that found nothing, while another step waits, may be asked too.
+  if (find.urtype != Rectangle::type1 && find.urtype != Rectangle::type2) return;
+  for (int cell : {find.urcell1, find.urcell4()}) frmmain::Text2(cell).back = green;
   Lesson lesson;
   lesson.line(inlanguage(title)).line(inlanguage(rule)).line(longruleline);
-  if (!(shown.urtype == Rectangle::type1 ? arguetype1(lesson) : arguetype2(lesson))) return;
+  if (!(find.urtype == Rectangle::type1 ? arguetype1(find, lesson) : arguetype2(find, lesson))) return;
   closelesson();
   clearcolours();
 }
