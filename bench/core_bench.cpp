@@ -24,6 +24,7 @@
 #include "puzzlefile.h"
 #include "startup.h"
 #include "tables.h"
+#include "wings.h"
 
 namespace {
 
@@ -134,6 +135,8 @@ void nothingfound(benchmark::State& state, void (*twin)()) {
 }
 #define QUIET(twin) BENCHMARK_CAPTURE(nothingfound, twin, frmgenerazione::twin)
 QUIET(intersections);
+QUIET(findxywing);
+QUIET(findxyzwing);
 QUIET(findxwing);
 QUIET(findswordfish);
 QUIET(findjellyfish);

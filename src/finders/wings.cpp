@@ -17,7 +17,7 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -125,6 +125,11 @@ bool hascandidates(int cell, std::size_t n) {
 int candidateat(int cell, std::size_t k) {
   const char c = candstr(cell)[k];
   return c >= '1' && c <= '9' ? c - '0' : 0;
+}
+
+bool hastwoatmost(std::int32_t mask) {
+  const std::int32_t butone = mask & (mask - 1);
+  return (butone & (butone - 1)) == 0;
 }
 
 std::int32_t pairmask(int digit1, int digit2) {
@@ -239,7 +244,7 @@ std::int32_t possiblez(const Wing& find) {
   for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block})
     for (int cell : housecells(kind, houseof(kind, find.pivot))) {
       const std::int32_t mask = candmask(cell);
-      if (std::popcount(static_cast<unsigned>(mask)) > 2) continue;
+      if (!hastwoatmost(mask)) continue;
       if ((mask & x) == x) besidex |= mask;
       if ((mask & y) == y) besidey |= mask;
     }

@@ -75,6 +75,10 @@ class Wings : public Bilingual {
     EXPECT_EQ(runninglevel, level);
     EXPECT_EQ(levelcount(level), 1);
     EXPECT_EQ(logcount, 2);
+    const Board left = theboard();
+    rebuildcandstr();
+    rebuildpositions();
+    EXPECT_EQ(left, theboard());
   }
 
   static Frame frame(const char* tag, const std::string& hint, const Paint& boxes, const Paint& marks) {
