@@ -199,68 +199,86 @@ bool hasvictims(const Subset& find) {
   return any;
 }
 
+/// What the search looks at in a house.
+struct View {
+  std::array<Positions, 10> places{};        ///< by digit
+  std::array<int, 9> likely{}, likelyset{};  ///< cells of n - 1 or n candidates, and their candidates
+  int likelies = 0;                          ///< how many they are
+};
+
 /// The houses as bits, so that those worth a look are known before a set of digits is tried in them. Rows are
 /// bits 0 to 8, columns 9 to 17, blocks 18 to 26: ascending, as they are tried, and as they stand in
 /// usedmask.
 struct Houses {
-  std::array<unsigned, 10> open{};        ///< by digit: it is not placed there
-  std::array<unsigned, 10> narrow{};      ///< by digit: it has 1 to n places there
-  unsigned likely = 0;                    ///< n or more cells could be members of a naked subset
-  std::array<Positions, 27> likelycells;  ///< these: of n - 1 or n candidates
+  std::array<unsigned, 10> open{};    ///< by digit: it is not placed there
+  std::array<unsigned, 10> narrow{};  ///< by digit: it has 1 to n places there
+  unsigned likely = 0;                ///< there are cells enough for a naked subset
+  std::array<View, 27> views{};
 };
+
+void surveydigits(Houses& houses, int h, int n) {
+  const unsigned bit = 1u << h;
+  for (int digit = 1; digit <= 9; ++digit) {
+    const auto d = static_cast<std::size_t>(digit);
+    const Positions places = houses.views[static_cast<std::size_t>(h)].places[d];
+    if ((usedmask(rowslot + h) & bitvalue(digit)) == 0) houses.open[d] |= bit;
+    if (!places.empty() && places.length() <= n) houses.narrow[d] |= bit;
+  }
+}
+
+void surveycells(View& view, HouseKind kind, int house, int n) {
+  for (int cell : housecells(kind, house)) {
+    const int candidates = std::popcount(static_cast<unsigned>(candmask(cell)));
+    if (candidates != n - 1 && candidates != n) continue;
+    const auto k = static_cast<std::size_t>(view.likelies++);
+    view.likely[k] = cell;
+    view.likelyset[k] = candmask(cell);
+  }
+}
 
 Houses survey(const Size& size) {
   Houses houses;
   for (int h = 0; h < 27; ++h) {
     const auto kind = static_cast<HouseKind>(h / 9);
-    const unsigned bit = 1u << h;
-    std::array<Positions, 10> places;
+    View& view = houses.views[static_cast<std::size_t>(h)];
     int opendigits = 0;
     for (int digit = 1; digit <= 9; ++digit) {
-      places[static_cast<std::size_t>(digit)] = housepos(kind, digit, h % 9);
-      if (!places[static_cast<std::size_t>(digit)].empty()) ++opendigits;
+      const Positions places = housepos(kind, digit, h % 9);
+      view.places[static_cast<std::size_t>(digit)] = places;
+      if (!places.empty()) ++opendigits;
     }
     if (opendigits <= size.toofew) continue;
-
-    for (int digit = 1; digit <= 9; ++digit) {
-      const auto d = static_cast<std::size_t>(digit);
-      if ((usedmask(rowslot + h) & bitvalue(digit)) == 0) houses.open[d] |= bit;
-      if (!places[d].empty() && places[d].length() <= size.n) houses.narrow[d] |= bit;
-    }
-    Positions& cells_ = houses.likelycells[static_cast<std::size_t>(h)];
-    for (int p = 0; p < 9; ++p) {
-      const int candidates = std::popcount(static_cast<unsigned>(candmask(housecell(kind, h % 9, p))));
-      if (candidates == size.n - 1 || candidates == size.n) cells_.add(p);
-    }
-    if (cells_.length() >= size.n) houses.likely |= bit;
+    surveydigits(houses, h, size.n);
+    surveycells(view, kind, h % 9, size.n);
+    if (view.likelies >= size.n) houses.likely |= 1u << h;
   }
   return houses;
 }
 
 /// The first n cells that hold nothing but the set. One cell more of that sort would lose its candidates, so
 /// when the first n are of no use there is no other choice.
-bool isnaked(Subset& find, const Positions& likelycells) {
+bool isnaked(Subset& find, const View& view) {
   find.kind = Subset::Kind::naked;
   find.cells.clear();
-  for (int p : likelycells) {
-    if ((candmask(find.cellat(p)) & ~find.set) != 0) continue;
-    find.cells.push_back(find.cellat(p));
+  for (std::size_t k = 0; k < static_cast<std::size_t>(view.likelies); ++k) {
+    if ((view.likelyset[k] & ~find.set) != 0) continue;
+    find.cells.push_back(view.likely[k]);
     if (static_cast<int>(find.cells.size()) == find.size->n) return hasvictims(find);
   }
   return false;
 }
 
 /// The n places of the digits together.
-bool ishidden(Subset& find) {
+bool ishidden(Subset& find, const View& view) {
   Positions united;
   eachdigit(find.set, [&](int digit) {
-    united.bits = static_cast<std::uint16_t>(united.bits | housepos(find.housekind, digit, find.house).bits);
+    united.bits = static_cast<std::uint16_t>(united.bits | view.places[static_cast<std::size_t>(digit)].bits);
   });
   if (united.length() != find.size->n) return false;
   find.kind = Subset::Kind::hidden;
   find.cells.clear();
   eachdigit(find.set, [&](int digit) {
-    for (int p : housepos(find.housekind, digit, find.house))
+    for (int p : view.places[static_cast<std::size_t>(digit)])
       if (!find.has(find.cellat(p))) find.cells.push_back(find.cellat(p));
   });
   return hasvictims(find);
@@ -283,9 +301,9 @@ Subset subsetfinder(const Size& size) {
       const int h = std::countr_zero(rest);
       find.housekind = static_cast<HouseKind>(h / 9);
       find.house = h % 9;
-      if ((houses.likely >> h & 1) && isnaked(find, houses.likelycells[static_cast<std::size_t>(h)]))
-        return find;
-      if ((narrow >> h & 1) && ishidden(find)) return find;
+      const View& view = houses.views[static_cast<std::size_t>(h)];
+      if ((houses.likely >> h & 1) && isnaked(find, view)) return find;
+      if ((narrow >> h & 1) && ishidden(find, view)) return find;
     }
   }
   return {};
