@@ -23,6 +23,7 @@
 #include "log.h"
 #include "puzzlefile.h"
 #include "startup.h"
+#include "subsets.h"
 #include "tables.h"
 #include "wings.h"
 
@@ -135,6 +136,8 @@ void nothingfound(benchmark::State& state, void (*twin)()) {
 }
 #define QUIET(twin) BENCHMARK_CAPTURE(nothingfound, twin, frmgenerazione::twin)
 QUIET(intersections);
+QUIET(findtriple);
+QUIET(findquad);
 QUIET(findxywing);
 QUIET(findxyzwing);
 QUIET(findxwing);

@@ -179,7 +179,7 @@ struct Subset {
 /// Calls act(digit) for each digit of a mask, ascending.
 template <class Act>
 void eachdigit(int mask, Act act) {
-  for (unsigned rest = static_cast<unsigned>(mask); rest != 0; rest &= rest - 1) act(std::countr_zero(rest));
+  for (auto rest = static_cast<unsigned>(mask); rest != 0; rest &= rest - 1) act(std::countr_zero(rest));
 }
 
 /// The one walk over the candidates that go, by cell and then digit: act(cell, digit) for each.
