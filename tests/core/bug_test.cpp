@@ -267,12 +267,12 @@ TEST_F(Bug, ThreePlacesInTheRowTheColumnOrTheBlock) {
 
 TEST_F(Bug, TwoOrFourPlacesDoNotQualify) {
   onlycells({{at(5, 5), "123"},
-             {at(5, 1), "19"},  // 1: four places in the row
-             {at(5, 2), "19"},
-             {at(5, 3), "19"},
-             {at(5, 9), "24"},  // 2: three in the row
-             {at(5, 8), "24"},
-             {at(9, 5), "35"}});  // 3: two in the column
+             {at(9, 5), "15"},  // 1: two places in the column
+             {at(5, 8), "24"},  // 2: three in the row
+             {at(5, 9), "24"},
+             {at(5, 1), "39"},  // 3: four in the row
+             {at(5, 2), "39"},
+             {at(5, 3), "39"}});
   EXPECT_EQ(twin(), "\r\nBUG in r5c5\r\n * entered 2 in r5c5");
 }
 

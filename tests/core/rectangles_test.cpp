@@ -484,9 +484,13 @@ TEST_F(Rectangles, AFitHasBothDigitsAndAtMostThreeCandidates) {
   corners("12", "12", "12", "1234");
   take(at(2, 4), "2");
   EXPECT_EQ(step(), "");
+  // Four candidates in r1c4: it is passed over for r1c7.
   put(emptyboard);
   corners("12", "1234", "12", "1234");
   EXPECT_EQ(step(), "");
+  leave(at(1, 7), "12");
+  leave(at(2, 7), "1234");
+  EXPECT_EQ(step(), "UNIQUE RECTANGLE in r1c1, r1c7, r2c1, r2c7");
 }
 
 TEST_F(Rectangles, TwoCornersStandInTheBlockOfTheFirst) {
@@ -632,6 +636,20 @@ TEST_F(Rectangles, TheTwinDoesNotPlaceTheLastCandidate) {
   EXPECT_EQ(candstr(at(2, 4)), "3");
   EXPECT_EQ(cellvalue(at(2, 4)), 0);
   EXPECT_EQ(filledcount, 0);
+}
+
+TEST_F(Rectangles, TheExplanationPaintsTheRedCellsItself) {
+  corners("12", "12", "123", "123");
+  takeall({at(2, 2), at(2, 3), at(2, 5), at(2, 6)}, "3");
+  player.script = {help,
+                   [] {
+                     clearcolours();
+                     go();
+                   },
+                   go};
+  player.event(frmmain::stepur);
+  ASSERT_EQ(player.frames.size(), 3u);
+  EXPECT_EQ(player.frames[2].Text2, (Paint{{at(2, 7), "red"}, {at(2, 8), "red"}, {at(2, 9), "red"}}));
 }
 
 TEST_F(Rectangles, GradingDuringAWaitDoesNotChangeWhatTheExplanationArgues) {
