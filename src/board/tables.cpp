@@ -1,5 +1,9 @@
 #include "tables.h"
 
+#include <array>
+#include <bit>
+#include <cstring>
+
 namespace gradino {
 
 void buildtables() {
@@ -51,15 +55,33 @@ void rebuildusedmask() {
       usedmask(row * 9 + col) = usedmask(rowslot + row) | columns[col] | blocks[row / 3 * 3 + col / 3];
 }
 
+namespace {
+
+/// A digit set as text, digits ascending.
+struct SetText {
+  char digits[9];
+  std::uint8_t length;
+};
+
+/// All 512 of them, by mask / 2.
+constexpr auto settexts = [] {
+  std::array<SetText, 512> texts{};
+  for (unsigned set = 0; set < 512; ++set)
+    for (int digit = 1; digit <= 9; ++digit)
+      if (set >> (digit - 1) & 1) texts[set].digits[texts[set].length++] = static_cast<char>('0' + digit);
+  return texts;
+}();
+
+}  // namespace
+
 void rebuildcandstr() {
   for (int cell = 0; cell < cells; ++cell) {
     std::int32_t& mask = candmask(cell);
     mask &= fullmask - usedmask(cell);
-    char text[9];
-    std::size_t length = 0;
-    for (int digit = 1; digit <= 9; ++digit)
-      if (mask >> digit & 1) text[length++] = static_cast<char>('0' + digit);
-    if (candstr(cell) != std::string_view(text, length)) candstr(cell).assign(text, length);
+    const SetText& text = settexts[static_cast<std::size_t>(mask >> 1)];
+    std::string& stored = candstr(cell);
+    if (stored.size() != text.length || std::memcmp(stored.data(), text.digits, text.length) != 0)
+      stored.assign(text.digits, text.length);
   }
 }
 

@@ -374,6 +374,7 @@ void arguelines(Lesson& lesson) {
 }
 
 void explain(const FishKind& fish) {
+  if (static_cast<int>(shown.lines.size()) != fish.n) return;  // the tag was set, but no such fish was found
   Lesson lesson;
   lesson.line(inlanguage(fish.rule)).line(fish.ruleline);
   if (fish.n == 2)

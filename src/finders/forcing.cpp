@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <vector>
 
 #include "candidatetext.h"
@@ -72,13 +73,22 @@ constexpr int tablesize = 40;    ///< a chain of more steps doesn't fit the link
 
 Byte forcinglength{"forcinglength"};  ///< index of the last step in the link tables
 
-/// How a candidate was first reached: as what, by which node, and if a single put it there, by the false
-/// nodes that left it alone.
-struct Reached {
-  enum State : signed char { no, yes, empty } state = empty;
-  int node = 0;
-  std::vector<int> alone;
+/// The false nodes that left a single alone: at most nine.
+struct Alone {
+  std::array<std::int16_t, 9> nodes{};
+  int count = 0;
 };
+
+/// How a candidate was first reached: as what, by which node, and if a single put it there, by which false
+/// nodes. Of another run it counts as not reached.
+struct Reached {
+  int run = 0;
+  bool flag = false;
+  int node = 0;
+  Alone alone;
+};
+std::array<Reached, 820> reachedtable;  ///< cell * 10 + digit
+int run = 0;
 
 class Hypothesis {
  public:
@@ -86,16 +96,25 @@ class Hypothesis {
     chainsteps = nochain;
     forcinglength = nochain;
     clearqueue();
-    reached_[slot(cell, digit)].state = Reached::yes;
+    ++run;
+    reached(cell, digit) = {run, true, 0, {}};
     addhypothesis(cell, digit, 2);  // "0,"
     for (int node = 0; node < nodecount() && nodecount() <= walklimit; ++node)
       if (chainpath(node) < 3 * forcinglength && !expand(node)) return;
   }
 
  private:
-  static std::size_t slot(int cell, int digit) { return static_cast<std::size_t>(cell * 10 + digit); }
-  Reached& reached(int cell, int digit) { return reached_[slot(cell, digit)]; }
-  bool isfalse(int cell, int digit) { return reached(cell, digit).state == Reached::no; }
+  static Reached& reached(int cell, int digit) {
+    return reachedtable[static_cast<std::size_t>(cell * 10 + digit)];
+  }
+  static bool isfalse(int cell, int digit) {
+    const Reached& first = reached(cell, digit);
+    return first.run == run && !first.flag;
+  }
+  static void addfalse(Alone& alone, int cell, int digit) {
+    alone.nodes[static_cast<std::size_t>(alone.count++)] =
+        static_cast<std::int16_t>(reached(cell, digit).node);
+  }
 
   /// Makes all that follows from a node. False: the search is over.
   bool expand(int node) {
@@ -127,11 +146,11 @@ class Hypothesis {
   bool lastcandidate(int cell, int digit, int node) {
     if (bivalue(cell)) return make(cell, otherof(cell, digit), true, node);
     int open = 0, last = 0;
-    std::vector<int> alone;
-    for (int k = 0; k < candidatecount(cell); ++k) {
+    Alone alone;
+    for (int k = 0; k < candidatecount(cell) && open < 2; ++k) {
       const int y = candidateat(cell, k);
       if (isfalse(cell, y))
-        alone.push_back(reached(cell, y).node);
+        addfalse(alone, cell, y);
       else
         ++open, last = y;
     }
@@ -143,13 +162,15 @@ class Hypothesis {
     for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block}) {
       const int house = houseof(kind, cell);
       int open = 0, last = 0;
-      std::vector<int> alone;
+      Alone alone;
       for (int p : housepos(kind, digit, house)) {
         const int q = housecell(kind, house, p);
         if (isfalse(q, digit))
-          alone.push_back(reached(q, digit).node);
+          addfalse(alone, q, digit);
+        else if (++open < 2)
+          last = q;
         else
-          ++open, last = q;
+          break;
       }
       if (open == 1 && !make(last, digit, true, node, alone)) return false;
     }
@@ -157,15 +178,14 @@ class Hypothesis {
   }
 
   /// A statement that follows from a node. False: the search is over, by a contradiction or a full queue.
-  bool make(int cell, int digit, bool flag, int node, const std::vector<int>& alone = {}) {
+  bool make(int cell, int digit, bool flag, int node, const Alone& alone = {}) {
     Reached& first = reached(cell, digit);
-    const Reached::State state = flag ? Reached::yes : Reached::no;
     const int path = chainpath(node) + tokenlength(nodecount());
-    if (first.state != Reached::empty && first.state != state) {
+    if (first.run == run && first.flag != flag) {
       if (nodecount() <= decltype(chaincell)::high) contradiction(cell, digit, flag, node, first);
       return false;
     }
-    if (first.state == Reached::empty) first = {state, nodecount(), alone};
+    if (first.run != run) first = {run, flag, nodecount(), alone};
     return addnode(cell, digit, flag, node, path) != Added::full;
   }
 
@@ -173,9 +193,9 @@ class Hypothesis {
   void contradiction(int cell, int digit, bool flag, int parent, const Reached& first) {
     std::vector<int> steps = pathto(parent);
     const std::size_t contradicting = steps.size();
-    for (int falsenode : first.alone)
-      for (int n : pathto(falsenode)) steps.push_back(n);
-    if (first.alone.empty())
+    for (int k = 0; k < first.alone.count; ++k)
+      steps = joined(steps, pathto(first.alone.nodes[static_cast<std::size_t>(k)]));
+    if (first.alone.count == 0)
       steps = joined(steps, pathto(first.node));
     else
       steps.push_back(first.node);
@@ -211,12 +231,10 @@ class Hypothesis {
     path.insert(path.end(), more.begin(), more.end());
     return path;
   }
-
-  std::array<Reached, 820> reached_;
 };
 
 void scanforcing(int digit, int cell) {
-  const Hypothesis run(digit, cell);
+  const Hypothesis searched(digit, cell);
 }
 
 /// Tries the wrong candidates of the cells with two candidates, then of those with three, and so on. Leaves
@@ -301,6 +319,7 @@ void frmgenerazione::gradeforcing() {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 void explainforcing() {
+  if (chainsteps >= showable) return;  // the tag was set, but nothing was found
   Lesson lesson;
   lesson.line(inlanguage(title)).line(ruleline);
   pencilmark(linkcell(0), linkdigit(0)).back = green;

@@ -267,6 +267,7 @@ void frmgenerazione::intersections() {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 void explainintersections() {
+  if (shown.kind == nullptr) return;  // the tag was set, but nothing was ever found
   const KindWords& kind = *shown.kind;
   Lesson lesson;
   lesson.line(inlanguage(kind.title)).line(inlanguage(kind.rule)).line(ruleline);

@@ -109,6 +109,7 @@ void frmgenerazione::gradelinks() {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 void explainlinks() {
+  if (chainlength >= nochain) return;  // the tag was set, but nothing was found
   const int cell = linkcell(0), digit = linkdigit(0);
   Lesson lesson;
   lesson.line(inlanguage(title)).line(ruleline);

@@ -318,6 +318,7 @@ std::string tellend() {
 }  // namespace
 
 void explainnishio() {
+  if (best.cell.empty()) return;  // the tag was set, but nothing was ever found
   SavedBoxes boxes;
   const Trial argued = best;
   const int cell = stepcell, digit = stepdigit;

@@ -10,6 +10,7 @@
 #include "pairs.h"
 
 #include <string>
+#include <vector>
 
 #include "gradestate.h"
 #include "grid.h"
@@ -183,19 +184,35 @@ bool bare(const Pair& hidden) {
   return (candmask(hidden.first) & ~hidden.mask()) == 0 && candmask(hidden.second) == hidden.mask();
 }
 
+struct TwoPlaces {
+  HouseKind kind;
+  int house;
+  Positions places;
+};
+
+/// The houses in which a digit has two places left: rows, columns, blocks.
+std::vector<TwoPlaces> twoplaces(int digit) {
+  std::vector<TwoPlaces> found;
+  for (HouseKind kind : housekinds)
+    for (int house = 0; house < 9; ++house)
+      if (const Positions places = housepos(kind, digit, house); places.length() == 2)
+        found.push_back({kind, house, places});
+  return found;
+}
+
 /// The first hidden pair that takes something away: the digits outermost; for them rows, columns, blocks.
 Pair findhidden() {
-  for (int one = 1; one <= 8; ++one)
+  for (int one = 1; one <= 8; ++one) {
+    const std::vector<TwoPlaces> houses = twoplaces(one);
     for (int other = one + 1; other <= 9; ++other)
-      for (HouseKind kind : housekinds)
-        for (int house = 0; house < 9; ++house) {
-          const Positions places = housepos(kind, one, house);
-          if (places.length() != 2 || places != housepos(kind, other, house)) continue;
-          Pair pair = {
-              kind, house, housecell(kind, house, places.first()), housecell(kind, house, places.last()),
-              one,  other, std::to_string(one * 10 + other)};
-          if (!bare(pair)) return pair;
-        }
+      for (const auto& [kind, house, places] : houses) {
+        if (housepos(kind, other, house) != places) continue;
+        const int first = housecell(kind, house, places.first());
+        const int second = housecell(kind, house, places.last());
+        Pair pair = {kind, house, first, second, one, other, std::to_string(one * 10 + other)};
+        if (!bare(pair)) return pair;
+      }
+  }
   return {};
 }
 

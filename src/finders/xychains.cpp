@@ -112,6 +112,7 @@ void frmgenerazione::gradexychain() {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 void explainxychain() {
+  if (chainlength >= nochain) return;  // the tag was set, but nothing was found
   const int cell = linkcell(0), digit = linkdigit(0);
   Lesson lesson;
   lesson.line(inlanguage(title)).line(ruleline);
