@@ -6,6 +6,7 @@
 #include "commands.h"
 #include "editing.h"
 #include "files.h"
+#include "grid.h"
 #include "host.h"
 #include "menu.h"
 #include "player.h"
@@ -160,6 +161,16 @@ TEST_P(DuringAWait, AFaultOfAnEventIsToldAndTheWaitGoesOn) {
   during([] { throw Fault{Fault::Kind::bounds, "cellvalue", 82, 0, 81, "somewhere"}; });
   ASSERT_EQ(player.boxes.size(), 1u);
   EXPECT_NE(player.boxes[0].find("cellvalue"), std::string::npos);
+}
+
+TEST_F(Program, AFaultOfAnEventLeavesTheChangeHandlingWorking) {
+  put(emptyboard);
+  player.event([] {
+    suppresschange = true;
+    cellvalue(82) = 1;
+  });
+  EXPECT_EQ(player.boxes.size(), 1u);
+  EXPECT_FALSE(suppresschange);
 }
 
 class Loading : public Bilingual {};
