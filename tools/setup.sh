@@ -11,7 +11,7 @@ set -euo pipefail
 declare -A groups=(
   [build]="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libfmt-dev libcli11-dev nlohmann-json3-dev
            fonts-liberation fonts-comic-neue"
-  [test]="libgtest-dev libbenchmark-dev librapidcheck-dev clang-format-14 shellcheck"
+  [test]="libgtest-dev libbenchmark-dev librapidcheck-dev xz-utils clang-format-14 shellcheck"
   [screen]="xvfb openbox xdotool imagemagick dbus-daemon at-spi2-core gir1.2-atspi-2.0
             python3-gi"
   [wayland]="qt6-wayland"
