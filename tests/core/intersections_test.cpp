@@ -460,6 +460,15 @@ TEST_F(Intersections, BlocksComeFirstThenRowsThenColumnsAndTheHouseBeforeTheDigi
   EXPECT_EQ(levelcount(3), 8);
 }
 
+TEST_F(Intersections, OneStepIsOneIntersection) {
+  keep(4, block(6), "34");
+  keep(5, row(9), "01");
+  EXPECT_EQ(step(), "INTERSECTION - in block 6 is present only on row 5");
+  EXPECT_EQ(player.frames.size(), 1u);
+  EXPECT_EQ(step(), "INTERSECTION - in row 9 is present only on block 7");
+  EXPECT_EQ(step(), "");
+}
+
 TEST_F(Intersections, AStepKeepsDigitAndBothHouses) {
   curcell = 50;
   keep(4, block(6), "34");
