@@ -477,7 +477,6 @@ class Hypothesis {
 void recordcommon(XColours& find) {
   std::bitset<cells> infirst;
   for (int cell : find.group[0]) infirst.set(static_cast<std::size_t>(cell));
-  find.common.clear();
   for (int cell : find.group[1])
     if (infirst[static_cast<std::size_t>(cell)]) find.common.add(cell);
 }
@@ -500,8 +499,8 @@ struct Sight {
   }
 };
 
-/// Whether any cell but the true ones sees both groups: most pairs of hypotheses end here. places: the
-/// columns of the digit's candidates, by row.
+/// Whether a cell sees both groups: most pairs of hypotheses end here. A true cell never does, as no two of a
+/// sound group share a house. places: the columns of the digit's candidates, by row.
 bool anydeletion(const XColours& find, const std::array<unsigned, 9>& places) {
   const Sight one(find.group[0]), other(find.group[1]);
   for (std::size_t r = 0; r < 9; ++r)
@@ -522,7 +521,6 @@ void recorddeletions(XColours& find) {
   const auto record = [&find, here = __func__](int cell) {
     if (hascandidate(cell, find.digit)) find.deleted.add(cell, here);
   };
-  find.deleted.clear();
   for (int a : find.group[0])
     for (int b : find.group[1]) {
       seenbyboth(a, b, record);
@@ -543,7 +541,7 @@ void runpair(XColours& find, int first, int second, const std::array<unsigned, 9
   if (!anydeletion(find, places)) return;
   recordcommon(find);
   recorddeletions(find);
-  if (!find.deleted.empty()) find.type = Colourtype::xdeletion;
+  find.type = Colourtype::xdeletion;
 }
 
 /// The first house whose two hypotheses give something. Common cells alone are nothing.

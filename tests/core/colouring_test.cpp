@@ -626,6 +626,21 @@ TEST_P(ColoursSearch, TheLowestDigitThatGivesSomethingIsTaken) {
   EXPECT_EQ(deletions(), in("eliminato 3 from   r1c6 , ", "deleted 3 from   r1c6 , "));
 }
 
+// r1c2 and r3c3 are in block 1, and so are r1c3 and r3c2.
+TEST_P(ColoursSearch, OfTwoClashesTheFirstCounts) {
+  Places places;
+  places.fill("... ... ...");
+  places[0] = places[2] = ".xx ... ...";
+  draw(4, places);
+  frmgenerazione::gradecolors();
+  EXPECT_EQ(
+      Frmlog::Text3.text,
+      "\r\n" + lines({in("COLORI - CONTRADIZIONE, il numero 4 è forzato nelle celle color2",
+                         "COLORS - CONTRADICTION, the number 4 it is forced in color2 cells"),
+                      " * color1 r1c2,r3c3,", " * color2 r1c3,r3c2,",
+                      in(" * inserito 4 in   r1c3 ,   r3c2 , ", " * entered 4 in   r1c3 ,   r3c2 , ")}));
+}
+
 TEST_P(ColoursSearch, TenRecordedDeletionsFit) {
   draw(4, ten);
   EXPECT_EQ(deletions(),
