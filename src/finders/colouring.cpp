@@ -7,8 +7,7 @@
 //     . Y . | . . x | . . .      two places each: column 2, row 5, block 5
 //           |       |
 //     . . . | . . G | . . .      deletion   x sees a Y in its row and a G in its column: it loses the digit
-//     . G . | . Y . | . . .      clash      if Y stood twice in a house, Y were false, and all of G got the
-//     digit
+//     . G . | . Y . | . . .      clash      if a house had Y twice, Y were false and all of G got the digit
 //
 // X-colours (levels 15 and 16). From such a house two hypotheses are run, one for each place. What a true
 // cell sees is false; a house with one place left makes that place true. The true cells of each are a group.
@@ -16,8 +15,7 @@
 //     deletion   a cell that sees a true cell of either group loses the digit; a cell true in both gets it
 //     clash      two true cells of one hypothesis in a house: it is false, and the other seed gets the digit
 //
-// What is recorded is recorded in fixed lists, repeats too: a board that gives more than they hold is a
-// fault.
+// Deletions are recorded in short lists, repeats too: a board that gives more than they hold is a fault.
 #include "colouring.h"
 
 #include <array>
@@ -258,11 +256,6 @@ bool samehouse(int a, int b) {
   return samerow(a, b) || samecolumn(a, b) || sameblock(a, b);
 }
 
-int positionin(HouseKind kind, int cell) {
-  const int row = cellrow(cell) - 1, col = cellcol(cell) - 1;
-  return kind == HouseKind::row ? col : kind == HouseKind::column ? row : row % 3 * 3 + col % 3;
-}
-
 /// The three cells of a's row, or of a's column, that lie in b's block: act(cell) for each.
 template <class Act>
 void rowinblock(int a, int b, Act act) {
@@ -444,15 +437,19 @@ class Hypothesis {
   }
 
   void settle(int cell, bool truth) {
-    for (HouseKind kind : {HouseKind::block, HouseKind::row, HouseKind::column}) {
-      Known& house = known(kind, houseof(kind, cell));
-      house.settled.add(positionin(kind, cell));
-      clash_ = clash_ || (truth && house.hastrue);
-      house.hastrue = house.hastrue || truth;
-    }
+    const int row = cellrow(cell) - 1, col = cellcol(cell) - 1;
+    settle(HouseKind::row, row, col, truth);
+    settle(HouseKind::column, col, row, truth);
+    settle(HouseKind::block, cellblock(cell) - 1, row % 3 * 3 + col % 3, truth);
     chaincell(count_) = cell;
     chainflag(count_) = truth;
     ++count_;
+  }
+  void settle(HouseKind kind, int house, int position, bool truth) {
+    Known& here = known(kind, house);
+    here.settled.add(position);
+    clash_ = clash_ || (truth && here.hastrue);
+    here.hastrue = here.hastrue || truth;
   }
 
   /// What one cell means for a house of its own: true, it makes all open places false; false, it forces the
@@ -510,8 +507,9 @@ bool anydeletion(const XColours& find, const std::array<unsigned, 9>& places) {
 
 std::array<unsigned, 9> candidatesbyrow(int digit) {
   std::array<unsigned, 9> places{};
+  const int bit = bitvalue(digit);
   for (int cell = 0; cell < cells; ++cell)
-    if (hascandidate(cell, digit)) places[static_cast<std::size_t>(cell / 9)] |= 1u << cell % 9;
+    if (candmask(cell) & bit) places[static_cast<std::size_t>(cell / 9)] |= 1u << cell % 9;
   return places;
 }
 
