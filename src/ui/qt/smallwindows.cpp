@@ -16,6 +16,9 @@ namespace {
 
 constexpr QSize logsize{560, 420};
 
+/// What the window manager will put around a window: not known before it was shown once.
+constexpr QSize unseenframe{12, 40};
+
 /// The text of the log, which tells where it was double-clicked.
 class LogText : public QPlainTextEdit {
  public:
@@ -101,9 +104,10 @@ void ActivityWindow::mirror() {
 // on the other side, so that the traffic light is not covered.
 void ActivityWindow::place() {
   const QRect room = screen()->availableGeometry();
-  const int rightmost = room.right() + 1 - frameGeometry().width();
-  const int lowest = room.bottom() + 1 - frameGeometry().height();
-  const int leftof = frmmain::left - frameGeometry().width();
+  const QSize size = frameGeometry().size().expandedTo(activitysize + unseenframe);
+  const int rightmost = room.right() + 1 - size.width();
+  const int lowest = room.bottom() + 1 - size.height();
+  const int leftof = frmmain::left - size.width();
   const int left = frmactivity::left > rightmost && leftof >= room.left() ? leftof : frmactivity::left;
   move(qMax(room.left(), qMin(left, rightmost)), qMax(room.top(), qMin(frmactivity::top, lowest)));
 }
