@@ -444,7 +444,8 @@ TEST_F(Judged, TheLimitIsExact) {
   EXPECT_EQ(comandocorrente, "");
 }
 
-// ---- judged by an independent reading ---------------------------------------------------------------------
+// ---- judged by recorded results
+// ------------------------------------------------------------------------------
 
 TEST_F(Counter, CountsAsTheGoldenLinesSay) {
   std::ifstream lines(TESTDATA "/golden/count.jsonl");
