@@ -447,21 +447,21 @@ TEST_F(Judged, TheLimitIsExact) {
 // ---- judged by recorded results
 // ------------------------------------------------------------------------------
 
-TEST_F(Counter, CountsAsTheGoldenLinesSay) {
-  std::ifstream lines(TESTDATA "/golden/count.jsonl");
+TEST_F(Counter, CountsAsTheReferenceLinesSay) {
+  std::ifstream lines(TESTDATA "/reference/count.jsonl");
   int n = 0;
   for (std::string text; std::getline(lines, text); ++n) {
-    const auto golden = nlohmann::json::parse(text);
+    const auto expected = nlohmann::json::parse(text);
     freshcounter();
-    count(golden["puzzle"].get<std::string>(), "conta");
-    SCOPED_TRACE(golden["puzzle"].get<std::string>());
-    EXPECT_EQ(numerosoluzioni, golden["count"].get<int>());
-    EXPECT_EQ(player.boxes, golden["boxes"].get<Strings>());
+    count(expected["puzzle"].get<std::string>(), "conta");
+    SCOPED_TRACE(expected["puzzle"].get<std::string>());
+    EXPECT_EQ(numerosoluzioni, expected["count"].get<int>());
+    EXPECT_EQ(player.boxes, expected["boxes"].get<Strings>());
     std::string board;
     for (int cell = 0; cell < 81; ++cell) board += std::to_string(cellvalue(cell));
-    EXPECT_EQ(board, golden["values"].get<std::string>());
+    EXPECT_EQ(board, expected["values"].get<std::string>());
     for (const auto& [key, index] : {std::pair("first", 1), std::pair("second", 2)})
-      EXPECT_EQ(stringhesoluzione(index), golden[key].is_null() ? "" : golden[key].get<std::string>());
+      EXPECT_EQ(stringhesoluzione(index), expected[key].is_null() ? "" : expected[key].get<std::string>());
   }
   EXPECT_EQ(n, 20);
 }
