@@ -97,26 +97,47 @@ void Layout::places() {
     const char* name;
     QRect place;  // labels and the light are as large as what they show
   };
+  // clang-format off
   const Row rows[] = {
-      {"lblfile", {406, 64, 0, 0}},        {"txtesposti", {406, 84, 41, 31}},
-      {"Label1", {406, 116, 0, 0}},        {"txtvuoti", {406, 136, 41, 31}},
-      {"Label3", {406, 173, 0, 0}},        {"Text5", {406, 194, 41, 31}},
-      {"Label2", {410, 260, 0, 0}},        {"tempotot", {406, 280, 79, 19}},
-      {"picstart", {406, 306, 17, 18}},    {"Picture2", {470, 306, 17, 18}},
-      {"Label5", {406, 332, 0, 0}},        {"txtprogressivo", {406, 352, 79, 19}},
-      {"bkglabel", {434, 444, 41, 19}},    {"txthint", {4, 468, 485, 16}},
-      {"filetxt", {4, 482, 485, 16}},      {"txtlivello", {4, 498, 426, 16}},
-      {"testototale", {430, 498, 60, 16}}, {"txtlivello1", {4, 514, 485, 16}},
-      {"Check1", {692, 264, 0, 0}},        {"Frame1", {4, 62, 15, 11}},
-      {"Toolbar2", {0, 0, 491, 28}},       {"Toolbar1", {0, 28, 491, 28}},
-      {"Pictgo", {357, 34, 0, 0}},         {"Pictalt", {382, 34, 0, 0}},
-      {"Picthelp", {402, 34, 0, 0}},       {"cmdlan", {452, 2, 35, 25}},
-      {"colore_0", {460, 114, 20, 20}},    {"colore_1", {460, 138, 20, 20}},
-      {"colore_2", {460, 90, 20, 20}},     {"colore_3", {460, 66, 20, 20}},
-      {"colore_4", {460, 234, 20, 20}},    {"colore_5", {460, 162, 20, 20}},
-      {"colore_6", {460, 186, 20, 20}},    {"colore_7", {460, 210, 20, 20}},
-      {"colore_8", {432, 235, 20, 20}},
+      {"lblfile",        {406,  64,   0,   0}},
+      {"txtesposti",     {406,  84,  41,  31}},
+      {"Label1",         {406, 116,   0,   0}},
+      {"txtvuoti",       {406, 136,  41,  31}},
+      {"Label3",         {406, 173,   0,   0}},
+      {"Text5",          {406, 194,  41,  31}},
+      {"Label2",         {410, 260,   0,   0}},
+      {"tempotot",       {406, 280,  79,  19}},
+      {"picstart",       {406, 306,  17,  18}},
+      {"Picture2",       {470, 306,  17,  18}},
+      {"Label5",         {406, 332,   0,   0}},
+      {"txtprogressivo", {406, 352,  79,  19}},
+      {"bkglabel",       {434, 444,  41,  19}},
+      {"txthint",        {  4, 468, 485,  16}},
+      {"filetxt",        {  4, 482, 485,  16}},
+      {"txtlivello",     {  4, 498, 426,  16}},
+      {"testototale",    {430, 498,  60,  16}},
+      {"txtlivello1",    {  4, 514, 485,  16}},
+      {"Check1",         {692, 264,   0,   0}},
+      {"Frame1",         {  4,  62,  15,  11}},
+      {"Toolbar2",       {  0,   0, 491,  28}},
+      {"Toolbar1",       {  0,  28, 491,  28}},
+      {"Pictgo",         {357,  34,   0,   0}},
+      {"Pictalt",        {382,  34,   0,   0}},
+      {"Picthelp",       {402,  34,   0,   0}},
+      {"cmdlan",         {452,   2,  35,  25}},
+      {"cmdimpossibili", {308,  32,  22,  22}},
+      {"Cmdtest",        {329,   4,  22,  22}},
+      {"colore_0",       {460, 114,  20,  20}},
+      {"colore_1",       {460, 138,  20,  20}},
+      {"colore_2",       {460,  90,  20,  20}},
+      {"colore_3",       {460,  66,  20,  20}},
+      {"colore_4",       {460, 234,  20,  20}},
+      {"colore_5",       {460, 162,  20,  20}},
+      {"colore_6",       {460, 186,  20,  20}},
+      {"colore_7",       {460, 210,  20,  20}},
+      {"colore_8",       {432, 235,  20,  20}},
   };
+  // clang-format on
   for (const auto& [name, place] : rows) {
     COMPARE_OF(name, user.place(name).topLeft(), place.topLeft());
     if (!place.isEmpty()) COMPARE_OF(name, user.place(name).size(), place.size());
@@ -184,7 +205,7 @@ void Layout::keys() {
       const QRect place = user.place(key->objectName());
       QVERIFY2(last.isNull() || place.left() > last.right(), qPrintable(key->objectName()));
       QVERIFY2(user.place(bar).contains(place), qPrintable(key->objectName()));
-      for (const char* above : {"Pictgo", "Pictalt", "Picthelp", "cmdlan"})
+      for (const char* above : {"Pictgo", "Pictalt", "Picthelp", "cmdlan", "cmdimpossibili"})
         QVERIFY2(!place.intersects(user.place(above)), qPrintable(key->objectName()));
       last = place;
     }

@@ -82,9 +82,9 @@ const PictureRow picturerows[] = {
     {"picstart",       &picstart,       {406, 306, 17, 18}, flat, "lamps/verde",         picstart_Click},
     {"Picture2",       &Picture2,       {470, 306, 17, 18}, flat, "lamps/reset",         Picture2_Click},
     {"cmdlan",         &cmdlan,         {452,   2, 35, 25}, key,  "flags/it",            cmdlan_Click},
-    {"cmdimpossibili", &cmdimpossibili, {308,  32, 22, 22}, key,  "toolbar/impossibili", nullptr},
+    {"cmdimpossibili", &cmdimpossibili, {308,  32, 22, 22}, key,  "toolbar/impossibili", cmdimpossibili_Click},
     {"cmdnice",        &cmdnice,        {388,   4, 22, 22}, key,  "toolbar/nice",        nullptr},
-    {"Cmdtest",        &Cmdtest,        {329,   4, 22, 22}, key,  "toolbar/test",        nullptr},
+    {"Cmdtest",        &Cmdtest,        {329,   4, 22, 22}, key,  "toolbar/test",        Cmdtest_Click},
 };
 
 const ColourRow colourrows[] = {
