@@ -72,8 +72,8 @@ bool printinorder(const std::vector<std::string>& items, int jobs,
     else
       fmt::print(stderr, "a worker ended before puzzle {} was done\n", i + 1);
   }
-  for (Worker& worker : workers) {
-    worker.results.reset();
+  for (Worker& worker : workers) worker.results.reset();  // all of them first: a worker may still be writing
+  for (const Worker& worker : workers) {
     int status = 0;
     waitpid(worker.process, &status, 0);
   }

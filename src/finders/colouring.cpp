@@ -871,7 +871,8 @@ bool showgroup(Lesson& lesson, std::size_t k) {
   const int digit = xshown.digit;
   lesson.line(
       say(groupwords[k].iftrue, hole("digit", digit), hole("cell", cellname(xshown.group[k].first()))));
-  for (int cell : xshown.group[k]) {
+  const auto group = xshown.group[k];  // a command in one of the waits may search anew
+  for (int cell : group) {
     pencilmark(cell, digit).back = groupwords[k].colour;
     for (HouseKind kind : {HouseKind::block, HouseKind::row, HouseKind::column})
       for (int seen : housecells(kind, houseof(kind, cell)))

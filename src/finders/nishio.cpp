@@ -160,9 +160,12 @@ class Saved {
     std::copy_n(cellvalue.begin(), cells, values_.begin());
     std::copy_n(candmask.begin(), cells, masks_.begin());
   }
-  void restore() const {
+  void putback() const {
     std::copy_n(values_.begin(), cells, cellvalue.begin());
     std::copy_n(masks_.begin(), cells, candmask.begin());
+  }
+  void restore() const {
+    putback();
     rebuildusedmask();
     rebuildcandstr();
     rebuildpositions();
@@ -184,12 +187,17 @@ void keepbest(int digit, int cell) {
 }
 
 void trial(int digit, int cell, const Saved& board) {
-  cellvalue(cell) = digit;
-  candmask(cell) = 0;
-  rebuildusedmask();
-  rebuildcandstr();
-  rebuildpositions();
-  nishiopropagate();
+  try {
+    cellvalue(cell) = digit;
+    candmask(cell) = 0;
+    rebuildusedmask();
+    rebuildcandstr();
+    rebuildpositions();
+    nishiopropagate();
+  } catch (const Fault&) {  // a box with a number above 9: the board keeps its trouble, not the trial
+    board.putback();
+    throw;
+  }
   if (impossible.flag && nishiocount < chainsteps) keepbest(digit, cell);
   board.restore();
   impossible.flag = false;
@@ -200,9 +208,9 @@ void scannishio() {
   foundflag = false;
   impossible.flag = false;
   chainsteps = notrial;
-  const Saved board;
   int longest = 0;
   for (int most = 2; most <= longest + 1 || most == 2; ++most) {
+    const Saved board;  // of each band afresh: a command that came in between may have changed it
     for (int cell = 0; cell < cells; ++cell) {
       const int count = candidatecount(cell);
       longest = std::max(longest, count);
@@ -237,7 +245,7 @@ void paintplacings(Colour colour) {
 // ---- step -------------------------------------------------------------------------------------------------
 
 void frmmain::stepnishio() {
-  steptag = "impossible";
+  steptag = "impossible";  // also behind the menu and the toolbar, so that the help argues this step
   scannishio();
   if (chainsteps >= usable) return;
   foundflag = true;
@@ -278,24 +286,30 @@ namespace {
 /// it.
 class SavedBoxes {
  public:
-  SavedBoxes() {
+  explicit SavedBoxes(const Trial& argued) : argued_(argued) {
     for (int cell = 0; cell < cells; ++cell) boxes_[static_cast<std::size_t>(cell)] = frmmain::Text1(cell);
   }
   ~SavedBoxes() { restore(); }
   SavedBoxes(const SavedBoxes&) = delete;
   SavedBoxes& operator=(const SavedBoxes&) = delete;
 
+  /// A board that came in meanwhile, or a digit that the user entered, is not put back over.
   void restore() {
-    if (restored_) return;
+    if (restored_ || board_ != boardnumber) return;
     restored_ = true;
-    for (int cell = 0; cell < cells; ++cell) {
+    for (std::size_t k = 0; k < argued_.cell.size(); ++k) {
+      const int cell = argued_.cell[k];
       const Box& before = boxes_[static_cast<std::size_t>(cell)];
-      frmmain::Text1(cell).text = before.text;
-      frmmain::Text1(cell).visible = before.visible;
+      Box& box = frmmain::Text1(cell);
+      if (cellvalue(cell) != 0 || box.text != std::to_string(argued_.digit[k])) continue;
+      box.text = before.text;
+      box.visible = before.visible;
     }
   }
 
  private:
+  const Trial& argued_;
+  const int board_ = boardnumber;
   std::array<Box, cells> boxes_;
   bool restored_ = false;
 };
@@ -308,19 +322,19 @@ void showplacing(int cell, int digit) {
   frmmain::Text1(cell).visible = true;
 }
 
-std::string tellend() {
-  if (!best.end.house) return tell(also, best.end.cell, best.digit.back());
-  const std::string_view kind = best.end.kind;
+std::string tellend(const Trial& argued) {
+  if (!argued.end.house) return tell(also, argued.end.cell, argued.digit.back());
+  const std::string_view kind = argued.end.kind;
   const Words& words = kind == "row" ? noplaceinrow : kind == "column" ? noplaceincolumn : noplaceinblock;
-  return say(words, hole("digit", best.end.digit), hole("house", best.end.index + 1));
+  return say(words, hole("digit", argued.end.digit), hole("house", argued.end.index + 1));
 }
 
 }  // namespace
 
 void explainnishio() {
-  if (best.cell.empty()) return;  // the tag was set, but nothing was ever found
-  SavedBoxes boxes;
+  if (chainsteps >= usable || best.cell.empty()) return;  // the tag was set, but nothing was found
   const Trial argued = best;
+  SavedBoxes boxes(argued);
   const int cell = stepcell, digit = stepdigit;
   Lesson lesson;
   lesson.line(inlanguage(title)).line(longruleline);
@@ -332,7 +346,7 @@ void explainnishio() {
     lesson.line(tell(step, argued.cell[k], argued.digit[k]));
     if (lesson.stopped()) return;
   }
-  lesson.line(tellend());
+  lesson.line(tellend(argued));
   if (lesson.stopped()) return;
 
   boxes.restore();

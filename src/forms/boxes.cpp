@@ -93,6 +93,7 @@ void freshboxes() {
   frmactivity::caption = "Spiegazioni";
   frmactivity::visible = false;
   frmactivity::left = frmactivity::top = 0;
+  frmactivity::placed = true;
   frmactivity::Text3 = {};
 }
 

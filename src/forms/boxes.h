@@ -90,6 +90,7 @@ namespace frmactivity {
 inline std::string caption;
 inline bool visible = false;
 inline int left = 0, top = 0;
+inline bool placed = true;  ///< false: left and top were set anew, and whoever shows windows moves it there
 inline Box Text3;
 }  // namespace frmactivity
 

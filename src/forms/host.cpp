@@ -1,6 +1,9 @@
 #include "host.h"
 
+#include <exception>
+
 #include "grid.h"
+#include "light.h"
 #include "words.h"
 
 namespace gradino {
@@ -8,9 +11,14 @@ namespace gradino {
 void runevent(const std::function<void()>& event) {
   try {
     event();
+  } catch (const BoardLost&) {
+    suppresschange = false;
   } catch (const Fault& fault) {
     suppresschange = false;
     host.message(faulttext(fault));
+  } catch (const std::exception& error) {
+    suppresschange = false;
+    host.message(error.what());
   }
 }
 

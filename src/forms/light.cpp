@@ -23,8 +23,10 @@ void aspetta() {
 }
 
 bool stopped() {
+  const int board = boardnumber;
   lightresult = 0;
   aspetta();
+  if (board != boardnumber) throw BoardLost{};
   return lightresult == 2;
 }
 

@@ -14,6 +14,13 @@ inline constinit Byte lightresult{"lightresult"};
 /// lightresult to 0. Waits nest: the inner one's answer ends the outer ones too.
 void aspetta();
 
+/// Grows when the board is cleared.
+inline constinit int boardnumber = 0;
+
+/// Thrown by stopped() when the board was cleared during the wait (the menu has no lock): what waited has
+/// lost its board, and must not touch the new one. The guard around each event ends it without a word.
+struct BoardLost {};
+
 /// Sets lightresult to 0, waits, and tells whether the answer was stop.
 bool stopped();
 

@@ -46,22 +46,28 @@ bool written(const std::string& name, const std::string& text) {
   return !file.fail();
 }
 
-/// Replaces the file, or leaves the one that is there as it was: the new one is written beside it first.
+/// Replaces the file, or leaves the one that is there as it was: the new one is written beside it first,
+/// where there is room for it. A write-protected file is refused, and so is what would wait for a reader.
 void writefile(const std::string& name, const std::string& text) {
   namespace fs = std::filesystem;
   std::error_code error;
-  if (!fs::is_regular_file(name, error)) {
-    if (!written(name, text)) filefault(name);
-    return;
+  const fs::file_status there = fs::status(name, error);
+  if (fs::exists(there) && !fs::is_regular_file(there) && !fs::is_character_file(there)) filefault(name);
+  if (fs::is_regular_file(there)) {
+    if (!std::ofstream(name, std::ios::binary | std::ios::app)) filefault(name);
+    const fs::path target = fs::canonical(name, error);
+    const fs::path beside = target.string() + ".new";
+    const bool free = !fs::is_regular_file(beside, error);  // nobody's file is written over
+    if (free && std::ofstream(beside, std::ios::binary)) {
+      bool done = written(beside.string(), text);
+      if (done) fs::permissions(beside, there.permissions(), error);
+      if (done) fs::rename(beside, target, error);
+      if (done && !error) return;
+      fs::remove(beside, error);
+      filefault(name);
+    }
   }
-  const fs::path target = fs::canonical(name, error);
-  const fs::path beside = target.string() + ".new";
-  const bool done = written(beside.string(), text);
-  if (done) fs::permissions(beside, fs::status(target).permissions(), error);
-  if (done) fs::rename(beside, target, error);
-  if (done && !error) return;
-  fs::remove(beside, error);
-  filefault(name);
+  if (!written(name, text)) filefault(name);
 }
 
 /// The empty boxes show entries in the plain text colour from here on.
@@ -88,12 +94,14 @@ void openpuzzle() {
   std::ifstream file = openfile(name);
   if (name.ends_with("sas")) {
     readcommas(file);
+    file.close();
     frmmain::filetxt.text = name;
     // Runs into the failure test with no failure pending, which reports one; suppresschange and bkglabel
     // stay.
     return host.message(std::string(inlanguage(openfailed)));
   }
   scanfile(file);
+  file.close();
   suppresschange = false;
   refreshcandidates();
   rebuildcandstr();
@@ -163,7 +171,14 @@ void showboard() {
 void gradeboard() {
   settleboard();
   mnupencil_Click();
-  SolveSudoku();
+  try {
+    SolveSudoku();
+  } catch (const Fault&) {  // a full table: the grade is lost, but not the board
+    settleboard();
+    plainempty();
+    updatetext2();
+    throw;
+  }
   showboard();
 }
 

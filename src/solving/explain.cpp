@@ -60,6 +60,7 @@ void Picthelp_Click() {
   frmactivity::caption = inlanguage(caption);
   frmactivity::top = frmmain::top;
   frmactivity::left = frmmain::left + frmmain::width;
+  frmactivity::placed = false;
   for (const Explanation& row : explanations)
     if (steptag == row.tag) return row.explain();
 }

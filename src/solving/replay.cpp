@@ -93,7 +93,8 @@ void clearboard() {
   frmmain::txtlivello1.text.clear();
   colorescelto = 0;
   frmmain::Pictgo.visible = frmmain::Pictalt.visible = frmmain::Picthelp.visible = false;
-  lightresult = 2;  // a step that still waits has lost its board: it ends as if stopped
+  lightresult = 2;  // a step that still waits has lost its board: its wait ends
+  boardnumber += 1;
   cleargrade();
   suppresschange = true;
   for (int cell = 0; cell < cells; ++cell) {

@@ -49,6 +49,7 @@ MainWindow::MainWindow() {
   toolbar1_ = new Toolbar(client, "Toolbar1", toolbar1y, toolbar1rows(), Toolbar1_ButtonClick);
   panel_->raisepictures();
   menus_ = std::make_unique<Menus>(menuBar());
+  timer2_.setTimerType(Qt::PreciseTimer);
   timer2_.setInterval(1000);
   timer2_.callOnTimeout(this, [] { onevent(Timer2_Timer); });
 

@@ -95,8 +95,9 @@ void ActivityWindow::mirror() {
     text_->setPlainText(QString::fromStdString(frmactivity::Text3.text));
     shown_ = frmactivity::Text3.text;
   }
+  if (frmactivity::visible && (!frmactivity::placed || !isVisible())) place();
+  frmactivity::placed = true;
   if (frmactivity::visible == isVisible()) return;
-  if (frmactivity::visible) place();
   setVisible(frmactivity::visible);
 }
 
