@@ -294,16 +294,18 @@ Fish shown;
 // ---- step -------------------------------------------------------------------------------------------------
 
 // An X-Wing shows all four corners in green. The greater ones show where the digit is, and in red where it
-// goes.
-void paint(const FishKind& fish, const Fish& find) {
-  if (fish.n > 2) victims(find, [&](int cell) { pencilmark(cell, find.digit).back = red; });
+// goes. Returns the cells painted: they alone go back to white, so that what an explanation painted stays
+// when it was stopped.
+std::vector<int> paint(const FishKind& fish, const Fish& find) {
+  std::vector<int> painted;
+  const auto mark = [&](int cell, Colour colour) {
+    pencilmark(cell, find.digit).back = colour;
+    painted.push_back(cell);
+  };
+  if (fish.n > 2) victims(find, [&](int cell) { mark(cell, red); });
   for (int cell : crossings(find))
-    if (fish.n == 2 || hascandidate(cell, find.digit)) pencilmark(cell, find.digit).back = green;
-}
-
-void unpaint(const Fish& find) {
-  for (int crossline : find.cross)
-    for (int p = 0; p < 9; ++p) pencilmark(find.cell(p, crossline), find.digit).back = white;
+    if (fish.n == 2 || hascandidate(cell, find.digit)) mark(cell, green);
+  return painted;
 }
 
 void step(const FishKind& fish) {
@@ -312,13 +314,13 @@ void step(const FishKind& fish) {
   const Fish find = scan(fish);
   if (find.kind == Fish::none) return;
   shown = find;
-  paint(fish, find);
+  const std::vector<int> painted = paint(fish, find);
   foundflag = true;
   curdigit = find.digit;
   frmmain::Text5.text = std::to_string(find.digit);
   frmmain::txthint.text = tell(find.of(fish.found), find);
   const bool stop = stopped();
-  unpaint(find);
+  for (int cell : painted) pencilmark(cell, find.digit).back = white;
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
   frmmain::txthint.text = tell(deleted, find);

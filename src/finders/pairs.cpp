@@ -334,6 +334,7 @@ const HouseWords& housewords(HouseKind kind) {
 }  // namespace
 
 void explainnakedpair() {
+  if (!shown.found()) return;  // the tag was set, but nothing was ever found
   const HouseWords& inhouse = housewords(shown.kind);
   Lesson lesson;
   lesson.line(inlanguage(nakedtitle)).line(inlanguage(nakedrule)).line(ruleline);
@@ -355,6 +356,7 @@ void explainnakedpair() {
 }
 
 void explainhiddenpair() {
+  if (!shown.found()) return;  // the tag was set, but nothing was ever found
   const HouseWords& inhouse = housewords(shown.kind);
   Lesson lesson;
   lesson.line(inlanguage(hiddentitle)).line(inlanguage(hiddenrule)).line(ruleline);

@@ -398,47 +398,48 @@ const HouseWords& housewords(HouseKind kind) {
   return kind == HouseKind::row ? rowwords : kind == HouseKind::column ? columnwords : blockwords;
 }
 
-void arguenaked(Lesson& lesson) {
-  const Size& size = *shown.size;
-  lesson.line(tell(housewords(shown.housekind).deletefrom, shown));
-  lesson.line(inlanguage(shown.housekind == HouseKind::column ? size.ourcasecolumn : ourcase)).line("");
-  victims(shown, [&](int cell, int digit) {
+void arguenaked(Lesson& lesson, const Subset& find) {
+  const Size& size = *find.size;
+  lesson.line(tell(housewords(find.housekind).deletefrom, find));
+  lesson.line(inlanguage(find.housekind == HouseKind::column ? size.ourcasecolumn : ourcase)).line("");
+  victims(find, [&](int cell, int digit) {
     pencilmark(cell, digit).back = red;
     lesson.words(tellcandidate(redcandidate, cell, digit));
   });
 }
 
-void arguehidden(Lesson& lesson) {
-  lesson.line(tell(deletefromcells, shown)).line(inlanguage(anyother));
-  victims(shown, [](int cell, int digit) { pencilmark(cell, digit).back = red; });
+void arguehidden(Lesson& lesson, const Subset& find) {
+  lesson.line(tell(deletefromcells, find)).line(inlanguage(anyother));
+  victims(find, [](int cell, int digit) { pencilmark(cell, digit).back = red; });
 }
 
 /// The naked subset's words name every cell of the house that has a digit of the set, its own among them.
-void closing() {
-  frmmain::txthint.text = tell(shown.naked() ? nakedclosing : hiddenclosing, shown);
-  if (!shown.naked()) return;
-  eachdigit(shown.set, [](int digit) {
-    for (int cell : housecells(shown.housekind, shown.house))
+void closing(const Subset& find) {
+  frmmain::txthint.text = tell(find.naked() ? nakedclosing : hiddenclosing, find);
+  if (!find.naked()) return;
+  eachdigit(find.set, [&find](int digit) {
+    for (int cell : housecells(find.housekind, find.house))
       if (hascandidate(cell, digit)) frmmain::txthint.text += say(closingcell, hole("cell", cellname(cell)));
   });
 }
 
 void explain() {
-  if (!shown.found()) return;  // a search without a result was started from the menu during another's wait
-  const bool naked = shown.naked();
-  const HouseWords& inhouse = housewords(shown.housekind);
+  const Subset find = shown;  // a command that comes in during the wait may show another, or none
+  if (!find.found()) return;  // a search without a result was started from the menu during another's wait
+  const bool naked = find.naked();
+  const HouseWords& inhouse = housewords(find.housekind);
   Lesson lesson;
-  lesson.line(inlanguage(naked ? shown.size->nakedtitle : shown.size->hiddentitle));
-  lesson.line(tell(naked ? nakedrule : hiddenrule, shown)).line(ruleline);
-  lesson.line(tell(inhouse.greencells, shown)).line(tell(naked ? containonly : onlyones, shown));
-  lesson.line(tell(inhouse.forced, shown));
+  lesson.line(inlanguage(naked ? find.size->nakedtitle : find.size->hiddentitle));
+  lesson.line(tell(naked ? nakedrule : hiddenrule, find)).line(ruleline);
+  lesson.line(tell(inhouse.greencells, find)).line(tell(naked ? containonly : onlyones, find));
+  lesson.line(tell(inhouse.forced, find));
   if (naked)
-    arguenaked(lesson);
+    arguenaked(lesson, find);
   else
-    arguehidden(lesson);
+    arguehidden(lesson, find);
   if (lesson.stopped()) return;
 
-  closing();
+  closing(find);
   closelesson();
   clearcolours();
 }

@@ -13,6 +13,7 @@ void runevent(const std::function<void()>& event) {
     event();
   } catch (const BoardLost&) {
     suppresschange = false;
+    clearcolours();  // those of the step that has lost its board
   } catch (const Fault& fault) {
     suppresschange = false;
     host.message(faulttext(fault));

@@ -1,8 +1,7 @@
 // Closing the main window ends the program at once, from whatever depth, with the exit code 0.
-#include <QElapsedTimer>
-
 #include "boxes.h"
 #include "mainwindow.h"
+#include "menu.h"
 #include "user.h"
 
 using namespace gradino;
@@ -15,6 +14,7 @@ class Closing : public QObject {
   void inwait();
   void inexplanation();
   void inmessagebox();
+  void inmessageboxofopening();
   void inmessageboxinwait();
   void infiledialog();
   void inreplayinwait();
@@ -74,6 +74,16 @@ void Closing::inmessagebox() {
   };
   QCOMPARE(run(user, [&] { user.press(hintkey); }), 0);
   QVERIFY(open);
+}
+
+// What the routine would have done behind the box is not done any more.
+void Closing::inmessageboxofopening() {
+  User user;
+  user.onbox = [&] { user.window().close(); };
+  user.names = {user.file("several.sav", QByteArray(18, '.') + easysolution.mid(18) + "\r\n")};
+  QCOMPARE(run(user, [&] { user.press("Toolbar2_open"); }), 0);
+  QVERIFY(frmmain::filetxt.text.ends_with("several.sav"));
+  QCOMPARE(frmmain::mnupencil.ticked, false);
 }
 
 void Closing::inmessageboxinwait() {
