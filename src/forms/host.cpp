@@ -1,6 +1,6 @@
 #include "host.h"
 
-#include <exception>
+#include <stdexcept>
 
 #include "grid.h"
 #include "light.h"
@@ -17,7 +17,7 @@ void runevent(const std::function<void()>& event) {
   } catch (const Fault& fault) {
     suppresschange = false;
     host.message(faulttext(fault));
-  } catch (const std::exception& error) {
+  } catch (const std::runtime_error& error) {
     suppresschange = false;
     host.message(error.what());
   }
