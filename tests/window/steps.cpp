@@ -52,6 +52,8 @@ void doubleclickline(int line) {
   QPlainTextEdit* text = textof("Frmlog");
   QTextCursor cursor(text->document()->findBlockByNumber(line));
   cursor.movePosition(QTextCursor::Right, QTextCursor::MoveAnchor, 5);
+  text->setTextCursor(cursor);
+  text->ensureCursorVisible();  // a click lands only on a line that is on show
   const QPoint place = text->cursorRect(cursor).center();
   QTest::mouseClick(text->viewport(), Qt::LeftButton, {}, place);
   QTest::mouseDClick(text->viewport(), Qt::LeftButton, {}, place);
