@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "candidatetext.h"
+#include "chain.h"
 #include "chainsteps.h"
 #include "gradestate.h"
 #include "grid.h"
@@ -38,8 +39,6 @@ constexpr Words hint = {"CATENA FORZATA, trovata contradizione, numero {digit} ,
 constexpr Words loghead = {"CATENA FORZATA, numero {digit} , {cell}",
                            "FORCING CHAIN, number {digit} , {cell}"};
 constexpr Words logif = {" * Se {cell}={digit} allora", " * If {cell}={digit} then"};
-constexpr Words logis = {" * {cell} = {digit}", " * {cell} = {digit}"};
-constexpr Words logisnot = {" * {cell} <> {digit}", " * {cell} <> {digit}"};
 constexpr Words logcontradiction = {" * CONTRADDIZIONE", " * CONTRADICTION"};
 constexpr Words logboth = {" * cell {cell} allo stesso tempo = e <> {digit}",
                            " * cell {cell} is at the same time = and <> {digit}"};
@@ -52,8 +51,6 @@ constexpr Words title = {
     "FORCING CHAIN - LEVEL 20\r\n"
     "We must find a chain that brings to a contradiction"};
 constexpr Words suppose = {"se {cell}={digit}", "if {cell}={digit}"};
-constexpr Words is = {"{cell} = {digit}", "{cell} = {digit}"};
-constexpr Words isnot = {"{cell} <> {digit}", "{cell} <> {digit}"};
 constexpr Words contradiction = {"CONTRADDIZIONE", "CONTRADICTION"};
 constexpr Words both = {"cell {cell} è allo stesso tempo = e <> {digit}",
                         "cell {cell} is at the same time = and <> {digit}"};
@@ -261,15 +258,6 @@ void scanforcingall() {
   if (best < showable) scanforcing(bestdigit, bestcell);
 }
 
-std::string tell(const Words& words, int k) {
-  return say(words, hole("cell", cellname(linkcell(k))), hole("digit", linkdigit(k)));
-}
-
-void paintchain(Colour colour) {
-  for (int k = 1; k <= forcinglength; ++k)
-    if (linkcell(k) != linkcell(0)) frmmain::Text2(linkcell(k)).back = colour;
-}
-
 }  // namespace
 
 // ---- step -------------------------------------------------------------------------------------------------
@@ -278,20 +266,21 @@ void frmmain::stepforcing() {
   steptag = "xlinks";
   scanforcingall();
   if (chainsteps >= showable) return;
-  const int cell = linkcell(0), digit = linkdigit(0);
+  const Chain chain(forcinglength);
+  const int cell = chain.start().cell, digit = chain.start().digit;
   pencilmark(cell, digit).back = red;
   foundflag = true;
-  txthint.text = tell(hint, 0);
+  txthint.text = tell(hint, cell, digit);
   appendline(txthint.text);  // the one step that writes to the log; it keeps no board there
   if (comandocorrente.empty()) logcount += 1;
   nishioflag = false;
-  paintchain(yellow);
+  chain.paint(yellow);
   if (stopped()) return;  // the colours stay
 
   deletecandidate(cell, digit);
   showdeletions();
   pencilmark(cell, digit).back = white;
-  paintchain(white);
+  chain.paint(white);
 }
 
 // ---- twin -------------------------------------------------------------------------------------------------
@@ -304,13 +293,15 @@ void frmgenerazione::gradeforcing() {
     return;
   }
   foundflag = true;
-  headline(tell(loghead, 0));
-  detail(tell(logif, 0));
-  for (int k = 1; k <= forcinglength; ++k) detail(tell(linkflag(k) ? logis : logisnot, k));
+  const Chain chain(forcinglength);
+  const int cell = chain.start().cell, digit = chain.start().digit;
+  headline(tell(loghead, cell, digit));
+  detail(tell(logif, cell, digit));
+  chain.log();
   detail(inlanguage(logcontradiction));
-  detail(tell(logboth, forcinglength));
-  detail(tell(logdeleting, 0));
-  deletecandidate(linkcell(0), linkdigit(0));
+  detail(tell(logboth, chain.last().cell, chain.last().digit));
+  detail(tell(logdeleting, cell, digit));
+  deletecandidate(cell, digit);
   nishioflag = false;
   raiselevel(level);
   settledeletions();
@@ -320,19 +311,14 @@ void frmgenerazione::gradeforcing() {
 
 void explainforcing() {
   if (chainsteps >= showable) return;  // the tag was set, but nothing was found
+  const Chain chain(forcinglength);
+  const int cell = chain.start().cell, digit = chain.start().digit;
   Lesson lesson;
   lesson.line(inlanguage(title)).line(ruleline);
-  pencilmark(linkcell(0), linkdigit(0)).back = green;
-  lesson.line(tell(suppose, 0));
+  if (!chain.argue(lesson, tell(suppose, cell, digit))) return;
+  lesson.line(inlanguage(contradiction)).line(tell(both, chain.last().cell, chain.last().digit));
   if (lesson.stopped()) return;
-  for (int k = 1; k <= forcinglength; ++k) {
-    pencilmark(linkcell(k), linkdigit(k)).back = green;
-    lesson.line(tell(linkflag(k) ? is : isnot, k));
-    if (lesson.stopped()) return;
-  }
-  lesson.line(inlanguage(contradiction)).line(tell(both, forcinglength));
-  if (lesson.stopped()) return;
-  lesson.line(tell(candelete, 0));
+  lesson.line(tell(candelete, cell, digit));
   if (lesson.stopped()) return;
   closelesson();
   foundflag = true;

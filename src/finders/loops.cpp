@@ -6,6 +6,7 @@
 // The search (conjugatechains.h) keeps the shortest chain of the board.
 #include "loops.h"
 
+#include "chain.h"
 #include "conjugatechains.h"
 #include "gradestate.h"
 #include "grid.h"
@@ -27,8 +28,6 @@ constexpr Words hint = {"LOOP, trovata contradizione, numero {digit} , {cell}",
 
 constexpr Words loghead = {"LOOP, trovata contradizione, {cell}", "LOOP, contradiction found, {cell}"};
 constexpr Words logif = {" * Se {cell}={digit} allora", " * If {cell}={digit} then"};
-constexpr Words logis = {" * {cell} = {digit}", " * {cell} = {digit}"};
-constexpr Words logisnot = {" * {cell} <> {digit}", " * {cell} <> {digit}"};
 constexpr Words lognegation = {" * {cell}<>{digit}", " * {cell}<>{digit}"};
 constexpr Words logcontradicts = {" * CONTRADDICE L'IPOTESI", " * CONTRADICTING THE HYPOTESHIS"};
 constexpr Words logdeleting = {" * elimino {digit} da {cell}", " * deleting {digit} from {cell}"};
@@ -41,26 +40,12 @@ constexpr Words title = {
     "LOOPS - LEVEL 19\r\n"
     "We must find a chain that, based on an  hypothesis brings to the opposite of the hypothesis itself"};
 constexpr Words suppose = {"se {cell}={digit}", "if {cell}={digit}"};
-constexpr Words is = {"{cell} = {digit}", "{cell} = {digit}"};
-constexpr Words isnot = {"{cell} <> {digit}", "{cell} <> {digit}"};
 constexpr Words negation = {"{cell}<>{digit}", "{cell}<>{digit}"};
 constexpr Words contradicts = {"CONTRADDICE L'IPOTESI", "CONTRADICTING THE HYPOTESHIS"};
 constexpr Words candelete = {"quindi posso eliminare {digit} da {cell}",
                              "therefore, I can delete {digit} from {cell}"};
 
 constexpr int level = 20;
-
-std::string tell(const Words& words, int cell, int digit) {
-  return say(words, hole("cell", cellname(cell)), hole("digit", digit));
-}
-std::string telllink(const Words& yes, const Words& no, int k) {
-  return tell(linkflag(k) ? yes : no, linkcell(k), linkdigit(k));
-}
-
-void paintchain(Colour colour) {
-  for (int k = 1; k <= chainlength; ++k)
-    if (linkcell(k) != linkcell(0)) frmmain::Text2(linkcell(k)).back = colour;
-}
 
 }  // namespace
 
@@ -73,15 +58,16 @@ void frmmain::steplinks() {
   scanchain(ChainRules::loops, digit, cell);
   if (chainlength >= nochain) return;
   foundflag = true;
+  const Chain chain(chainlength);
   Text5.text = std::to_string(digit);
-  pencilmark(linkcell(0), linkdigit(0)).back = red;
+  pencilmark(cell, digit).back = red;
   txthint.text = tell(hint, cell, digit);
-  paintchain(yellow);
+  chain.paint(yellow);
   if (stopped()) return;  // the colours stay
 
   deletecandidate(cell, digit);
   pencilmark(cell, digit).back = white;
-  paintchain(white);
+  chain.paint(white);
   settledeletions();  // the pencil mark itself stays until the next repaint
   nishioflag = false;
 }
@@ -97,7 +83,7 @@ void frmgenerazione::gradelinks() {
   headline(tell(loghead, cell, digit));
   nishioflag = false;
   detail(tell(logif, cell, digit));
-  for (int k = 1; k <= chainlength; ++k) detail(telllink(logis, logisnot, k));
+  Chain(chainlength).log();
   detail(tell(lognegation, cell, digit));
   detail(inlanguage(logcontradicts));
   detail(tell(logdeleting, cell, digit));
@@ -110,17 +96,11 @@ void frmgenerazione::gradelinks() {
 
 void explainlinks() {
   if (chainlength >= nochain) return;  // the tag was set, but nothing was found
-  const int cell = linkcell(0), digit = linkdigit(0);
+  const Chain chain(chainlength);
+  const int cell = chain.start().cell, digit = chain.start().digit;
   Lesson lesson;
   lesson.line(inlanguage(title)).line(ruleline);
-  pencilmark(cell, digit).back = green;
-  lesson.line(tell(suppose, cell, digit));
-  if (lesson.stopped()) return;
-  for (int k = 1; k <= chainlength; ++k) {
-    pencilmark(linkcell(k), linkdigit(k)).back = green;
-    lesson.line(telllink(is, isnot, k));
-    if (lesson.stopped()) return;
-  }
+  if (!chain.argue(lesson, tell(suppose, cell, digit))) return;
   lesson.line(tell(negation, cell, digit)).line(inlanguage(contradicts));
   lesson.line(tell(candelete, cell, digit));
   if (lesson.stopped()) return;

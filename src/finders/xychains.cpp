@@ -7,6 +7,7 @@
 // both, loses it. Only the start loses anything. The search is that of the loops, with narrower rules.
 #include "xychains.h"
 
+#include "chain.h"
 #include "conjugatechains.h"
 #include "gradestate.h"
 #include "grid.h"
@@ -29,9 +30,6 @@ constexpr Words found = {"CATENA XY {digit} , o in {first} , o in {last}",
 
 constexpr Words logif = {" * Se {cell} = {digit} allora", " * If {cell} = {digit} then"};
 constexpr Words logifnot = {" * Se {cell} <> {digit} allora", " * If {cell} <> {digit} then"};
-constexpr Words logis = {" * {cell} = {digit}", " * {cell} = {digit}"};
-constexpr Words logisnot = {" * {cell} <> {digit}", " * {cell} <> {digit}"};
-
 constexpr Words title = {
     "XY CHAIN - LEVEL 19\r\n"
     "La catena XY è una catena di celle contenenti solo 2 candidati.\r\n"
@@ -41,31 +39,22 @@ constexpr Words title = {
     "cell that is seen by both the start and the end of the chain CAN NOT contain the common candidate."};
 constexpr Words suppose = {"se {cell} = {digit}", "if {cell} = {digit}"};
 constexpr Words supposenot = {"se {cell} <> {digit}", "if {cell} <> {digit}"};
-constexpr Words is = {"{cell} = {digit}", "{cell} = {digit}"};
-constexpr Words isnot = {"{cell} <> {digit}", "{cell} <> {digit}"};
 constexpr Words therefore = {"perciò, {digit} o in {first} o in {last}",
                              "therefore, {digit} or in {first} or in {last}"};
 constexpr Words candelete = {"Posso eliminare {digit} da {cell}", "I can delete {digit} from {cell}"};
 
 constexpr int level = 19;
 
-std::string tell(const Words& words, int cell, int digit) {
-  return say(words, hole("cell", cellname(cell)), hole("digit", digit), hole("first", cellname(linkcell(1))),
-             hole("last", cellname(linkcell(chainlength))));
-}
-std::string telllink(const Words& yes, const Words& no, int k) {
-  return tell(linkflag(k) ? yes : no, linkcell(k), linkdigit(k));
+/// Words about the two ends of the chain proper.
+std::string tellends(const Words& words, int digit, const Chain& chain) {
+  return say(words, hole("digit", digit), hole("first", cellname(chain.first().cell)),
+             hole("last", cellname(chain.last().cell)));
 }
 
-void paintchain(Colour colour) {
-  for (int k = 1; k <= chainlength; ++k)
-    if (linkcell(k) != linkcell(0)) frmmain::Text2(linkcell(k)).back = colour;
-}
-
-void paintends(int digit, Colour ends, Colour start) {
-  pencilmark(linkcell(1), digit).back = ends;
-  pencilmark(linkcell(0), digit).back = start;
-  pencilmark(linkcell(chainlength), digit).back = ends;
+void paintends(const Chain& chain, int digit, Colour ends, Colour start) {
+  pencilmark(chain.first().cell, digit).back = ends;
+  pencilmark(chain.start().cell, digit).back = start;
+  pencilmark(chain.last().cell, digit).back = ends;
 }
 
 }  // namespace
@@ -79,15 +68,16 @@ void frmmain::stepxychain() {
   scanchain(ChainRules::xychains, digit, cell);
   if (chainlength >= nochain) return;
   foundflag = true;
+  const Chain chain(chainlength);
   Text5.text = std::to_string(digit);
-  paintends(digit, green, red);
-  txthint.text = tell(found, cell, digit);
-  paintchain(yellow);
+  paintends(chain, digit, green, red);
+  txthint.text = tellends(found, digit, chain);
+  chain.paint(yellow);
   if (stopped()) return;  // the colours stay
 
   deletecandidate(cell, digit);
-  paintends(digit, white, white);
-  paintchain(white);
+  paintends(chain, digit, white, white);
+  chain.paint(white);
   showdeletions();
   nishioflag = false;
 }
@@ -101,9 +91,10 @@ void frmgenerazione::gradexychain() {
   scanchain(ChainRules::xychains, digit, cell);
   if (chainlength >= nochain) return;
   foundflag = true;
-  headline(tell(found, cell, digit));
-  detail(tell(linkflag(0) ? logif : logifnot, cell, digit));
-  for (int k = 1; k <= chainlength; ++k) detail(telllink(logis, logisnot, k));
+  const Chain chain(chainlength);
+  headline(tellends(found, digit, chain));
+  detail(tell(chain.start().flag ? logif : logifnot, cell, digit));
+  chain.log();
   deletecandidate(cell, digit);
   raiselevel(level);
   settledeletions();
@@ -113,18 +104,12 @@ void frmgenerazione::gradexychain() {
 
 void explainxychain() {
   if (chainlength >= nochain) return;  // the tag was set, but nothing was found
-  const int cell = linkcell(0), digit = linkdigit(0);
+  const Chain chain(chainlength);
+  const int cell = chain.start().cell, digit = chain.start().digit;
   Lesson lesson;
   lesson.line(inlanguage(title)).line(ruleline);
-  pencilmark(cell, digit).back = green;
-  lesson.line(tell(linkflag(0) ? suppose : supposenot, cell, digit));
-  if (lesson.stopped()) return;
-  for (int k = 1; k <= chainlength; ++k) {
-    pencilmark(linkcell(k), linkdigit(k)).back = green;
-    lesson.line(telllink(is, isnot, k));
-    if (lesson.stopped()) return;
-  }
-  lesson.line(tell(therefore, cell, digit));
+  if (!chain.argue(lesson, tell(chain.start().flag ? suppose : supposenot, cell, digit))) return;
+  lesson.line(tellends(therefore, digit, chain));
   pencilmark(cell, digit).back = red;
   lesson.line(tell(candelete, cell, digit));
   if (lesson.stopped()) return;
