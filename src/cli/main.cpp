@@ -1,5 +1,6 @@
-// gradino-cli: the grader, the counter and the step solver for batches.
+// gradino-cli: the grader, the counter, the step solver and the generator for batches.
 #include <cstdio>
+#include <random>
 #include <stdexcept>
 
 #include <CLI/CLI.hpp>
@@ -25,6 +26,17 @@ bool batch(const std::vector<std::string>& files, int jobs, Work work, const Opt
          read;
 }
 
+/// Puzzles made in place of read, each by its number.
+bool make(int count, int jobs, const Options& options) {
+  if (!options.json) fmt::print("{}", generateheading());
+  std::vector<std::string> numbers;
+  for (int number = 0; number < count; ++number) numbers.push_back(std::to_string(number));
+  if (jobs > 1)
+    return printinorder(numbers, jobs, [&](const std::string& number) { return generate(number, options); });
+  for (const std::string& number : numbers) fmt::print("{}", generate(number, options));
+  return true;
+}
+
 bool boards(const std::vector<std::string>& files, const Options& options) {
   bool good = true;
   const bool read = eachline(files, [&](const std::string& file, long number, const std::string& line) {
@@ -45,7 +57,8 @@ int main(int argc, char** argv) try {
   Options options;
   std::vector<std::string> files;
   int jobs = 1;
-  CLI::App app("Grades, counts and walks sudoku puzzles: one puzzle a line, 81 of the symbols 1-9 . 0 x X.");
+  CLI::App app(
+      "Grades, counts, walks and makes sudoku puzzles: one puzzle a line, 81 of the symbols 1-9 . 0 x X.");
   app.require_subcommand(1);
 
   const auto sub = [&](const char* name, const char* help) {
@@ -60,8 +73,12 @@ int main(int argc, char** argv) try {
     return command;
   };
 
+  const auto addjobs = [&](CLI::App* command) {
+    command->add_option("--jobs", jobs, "Worker processes")->check(CLI::Range(1, 256));
+  };
+
   CLI::App* gradecommand = json(sub("grade", "Level, score and log of each puzzle"));
-  gradecommand->add_option("--jobs", jobs, "Worker processes")->check(CLI::Range(1, 256));
+  addjobs(gradecommand);
   gradecommand->add_flag("--snapshots", options.snapshots,
                          "With the board behind each line of the log (JSON)");
   CLI::App* countcommand = json(sub("count", "The number of solutions, up to 500"));
@@ -69,6 +86,14 @@ int main(int argc, char** argv) try {
   walkcommand->add_flag("--explain", options.explain, "With the explanation of each step");
   walkcommand->add_option("--stop", options.stop, "Answer stop at the first wait of this step")
       ->check(CLI::PositiveNumber);
+  CLI::App* generatecommand = json(app.add_subcommand("generate", "New puzzles, graded"));
+  int number = 1;
+  generatecommand->add_option("-n", number, "How many")->check(CLI::Range(1, 100'000'000));
+  generatecommand->add_flag("--supersimmetrico", options.supersymmetric,
+                            "Givens in four mirror cells at once, not only in two");
+  CLI::Option* seed =
+      generatecommand->add_option("--seed", options.seed, "The same puzzles each time, whatever the jobs");
+  addjobs(generatecommand);
   CLI::App* techniquescommand =
       sub("techniques", "What each technique alone does on boards given as JSON lines");
   CLI11_PARSE(app, argc, argv);
@@ -78,6 +103,10 @@ int main(int argc, char** argv) try {
   if (*gradecommand) {
     if (!options.json) fmt::print("{}", gradeheading());
     good = batch(files, jobs, grade, options);
+  }
+  if (*generatecommand) {
+    if (seed->empty()) options.seed = std::random_device{}();
+    good = make(number, jobs, options);
   }
   if (*countcommand) {
     if (!options.json) fmt::print("{}", countheading());

@@ -1,6 +1,7 @@
 // What each sub-command prints for one puzzle: a line of JSON, a row of a table or a text.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace gradino::cli {
@@ -8,9 +9,11 @@ namespace gradino::cli {
 struct Options {
   std::string language = "en";
   bool json = false;
-  bool snapshots = false;  ///< grade, JSON only
-  bool explain = false;    ///< walk: the help picture is clicked at the first wait of each step
-  int stop = 0;            ///< walk: the step whose first wait is answered stop; 0: none
+  bool snapshots = false;       ///< grade, JSON only
+  bool explain = false;         ///< walk: the help picture is clicked at the first wait of each step
+  int stop = 0;                 ///< walk: the step whose first wait is answered stop; 0: none
+  bool supersymmetric = false;  ///< generate: four mirror cells at once
+  std::uint64_t seed = 0;       ///< generate
 };
 
 /// Grades as opening a file does.
@@ -20,6 +23,10 @@ std::string gradeheading();
 /// Counts as the key `conta` does.
 std::string count(const std::string& puzzle, const Options& options);
 std::string countheading();
+
+/// Makes the puzzle of a number (decimal, from 0): the same for the same seed, whoever made others before.
+std::string generate(const std::string& number, const Options& options);
+std::string generateheading();
 
 /// Lets the step solver walk the puzzle, each wait answered go.
 std::string walk(const std::string& puzzle, const Options& options);

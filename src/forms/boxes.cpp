@@ -30,13 +30,25 @@ void freshcells() {
 
 void freshpanel() {
   for (Box* box : {&txthint, &filetxt, &txtlivello, &testototale, &txtlivello1, &txtesposti, &txtvuoti,
-                   &txtprogressivo, &lblfile, &Label1, &Label5, &testolivello, &txttotale, &txtdettaglio})
+                   &lblfile, &Label1, &Label5})
     *box = {};
   Label3 = Text5 = hiddenbox;  // until mnunumber
   Label2 = panelbox("timer");
   tempotot = panelbox("0");
   bkglabel = {.text = "bkg", .visible = false};  // shown while a puzzle is being loaded
-  liv.clear();
+}
+
+// Until the first record is loaded each shows its own name.
+void freshbound() {
+  txtprogressivo = panelbox("Text3");
+  txtstringa = panelbox("txtstringa");
+  txtdettaglio = panelbox("txtdettaglio");
+  testolivello = panelbox("testolivello");
+  tempo = panelbox("tempo");
+  txtnumeri = panelbox("txtnumeri");
+  txtsuper = panelbox("txtsuper");
+  txttotale = panelbox("txttotale");
+  for (Box& box : liv) box = panelbox("liv");
 }
 
 void freshpictures() {
@@ -83,6 +95,7 @@ void freshmenus() {
 void freshboxes() {
   freshcells();
   freshpanel();
+  freshbound();
   freshpictures();
   freshmenus();
   focusrequest = {};
@@ -95,6 +108,11 @@ void freshboxes() {
   frmactivity::left = frmactivity::top = 0;
   frmactivity::placed = true;
   frmactivity::Text3 = {};
+  frmgeneratore::caption = "Avanzamento";
+  frmgeneratore::visible = false;
+  frmgeneratore::Text1 = {};
+  frmprogress::visible = false;
+  frmprogress::Text1 = {};
 }
 
 }  // namespace gradino

@@ -15,6 +15,7 @@ struct Box {
   Colour back = white;
   Colour fore = textcolor;
   bool visible = true;
+  bool locked = false;  ///< not to be typed in
   bool operator==(const Box&) const = default;
 };
 
@@ -51,7 +52,7 @@ inline Table<Box, 0, 809> candidate{"candidate"};  ///< cell * 10 + digit
 inline Box txthint, filetxt, txtlivello, testototale, txtlivello1;  ///< the text lines at the bottom
 inline Box txtesposti, txtvuoti, Text5, tempotot, txtprogressivo;   ///< the side panel's boxes
 inline Box lblfile, Label1, Label2, Label3, Label5, bkglabel;       ///< and its labels
-inline Table<Box, 1, 21> liv{"liv"};                                ///< steps a level, bound to library records
+inline Table<Box, 0, 21> liv{"liv"};                                ///< steps a level, bound to library records
 
 inline Control Pictgo, Pictalt, Picthelp;                 ///< the traffic light; Pictgo visible: a wait is open
 inline Control picstart, Picture2;                        ///< the clock's pictures
@@ -93,6 +94,19 @@ inline int left = 0, top = 0;
 inline bool placed = true;  ///< false: left and top were set anew, and whoever shows windows moves it there
 inline Box Text3;
 }  // namespace frmactivity
+
+/// The window of the continuous generator: what it has made, newest on top.
+namespace frmgeneratore {
+inline std::string caption;
+inline bool visible = false;
+inline Box Text1;
+}  // namespace frmgeneratore
+
+/// A window that the generator closes and nobody opens.
+namespace frmprogress {
+inline bool visible = false;
+inline Box Text1;
+}  // namespace frmprogress
 
 /// Every box of every window as in a program just started, before the main window's load.
 void freshboxes();

@@ -3,6 +3,7 @@
 #include "boxes.h"
 #include "gradestate.h"
 #include "grid.h"
+#include "host.h"
 #include "library.h"
 #include "light.h"
 #include "log.h"
@@ -33,6 +34,7 @@ void freshforms() {
   difficolta = 0;
   libraryrecordopen = false;
   Data1 = {};
+  unattended = false;
 }
 
 }  // namespace gradino

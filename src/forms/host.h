@@ -6,6 +6,7 @@
 #include <string>
 
 #include "boxes.h"
+#include "random.h"
 
 namespace gradino {
 
@@ -23,9 +24,18 @@ struct Host {
   std::function<void(CommonDialog& dialog)> showsave = [](CommonDialog&) {};
   /// Seconds since midnight.
   std::function<double()> clock = [] { return 0.0; };
+  /// A uniform real, 0 included, 1 not.
+  std::function<double()> random = systemrandom;
+  /// Sends a picture of the main window to the default printer. Throws std::runtime_error with the words.
+  std::function<void()> print = [] {};
+  /// Ends the program, as closing the main window does.
+  std::function<void()> quit = [] {};
 };
 
 inline Host host;
+
+/// Nobody may be there: while set, a message box is shown without waiting for its user.
+inline constinit bool unattended = false;
 
 /// Runs one event. A fault ends the event and is told in a message box; the program lives on with what the
 /// user had, and the boxes' change handling works again. Every event of every host goes through here.

@@ -22,6 +22,18 @@ void aspetta() {
   showlight(false);
 }
 
+void loseboard() {
+  showlight(false);
+  lightresult = 2;
+  boardnumber += 1;
+}
+
+void letevents() {
+  const int board = boardnumber;
+  host.runevents();
+  if (board != boardnumber) throw BoardLost{};
+}
+
 bool stopped() {
   const int board = boardnumber;
   lightresult = 0;

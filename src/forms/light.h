@@ -17,9 +17,15 @@ void aspetta();
 /// Grows when the board is cleared.
 inline constinit int boardnumber = 0;
 
-/// Thrown by stopped() when the board was cleared during the wait (the menu has no lock): what waited has
-/// lost its board, and must not touch the new one. The guard around each event ends it without a word.
+/// The board is being cleared: a step that still waits has lost it, and its wait ends.
+void loseboard();
+
+/// Thrown by a routine whose board was cleared while it let events run (the menu has no lock): it must not
+/// touch the new one. The guard around each event ends it without a word.
 struct BoardLost {};
+
+/// Lets the waiting events run in the middle of a long job. Throws BoardLost when they cleared the board.
+void letevents();
 
 /// Sets lightresult to 0, waits, and tells whether the answer was stop.
 bool stopped();

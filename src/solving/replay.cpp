@@ -92,15 +92,14 @@ void clearboard() {
   frmmain::txtlivello.text.clear();
   frmmain::txtlivello1.text.clear();
   colorescelto = 0;
-  frmmain::Pictgo.visible = frmmain::Pictalt.visible = frmmain::Picthelp.visible = false;
-  lightresult = 2;  // a step that still waits has lost its board: its wait ends
-  boardnumber += 1;
+  loseboard();
   cleargrade();
   suppresschange = true;
   for (int cell = 0; cell < cells; ++cell) {
     writetext1(cell, "");
     writetext2(cell, "");
     frmmain::Text1(cell).fore = red;
+    frmmain::Text1(cell).locked = false;
     // The tables are emptied with the boxes: a puzzle typed next must not stand on the one before. Only
     // solutiontext stays as the last count left it.
     cellvalue(cell) = 0;

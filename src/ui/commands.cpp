@@ -7,6 +7,7 @@
 #include "files.h"
 #include "fish.h"
 #include "forcing.h"
+#include "generator.h"
 #include "grid.h"
 #include "host.h"
 #include "intersections.h"
@@ -31,6 +32,9 @@ using namespace frmmain;
 namespace {
 
 constexpr Words alreadycomplete = {"schema già completato", "sudoku already completed"};
+
+constexpr Words boxexists = {"Errore: la casella candidate({index}) esiste già. Il programma termina.",
+                             "Error: the box candidate({index}) exists already. The program ends."};
 
 /// True, with a message, when there is nothing left to solve or count.
 bool boardfull() {
@@ -85,7 +89,7 @@ const MenuRow menutable[] = {
     {&mnuopen,       false, {"Apri", "Open"},                                   mnuopen_Click},
     {&mnusave,       false, {"Salva", "Save"},                                  mnusave_Click},
     {&mnunew,        false, {"Nuovo", "New blank"},                             mnunew_Click},
-    {&mnuprint,      false, {"Stampa", "Print"},                                nullptr},
+    {&mnuprint,      false, {"Stampa", "Print"},                                mnuprint_Click},
     {&mnulibreria,   false, {"Libreria", "Open library"},                       nullptr},
     {&mnuview,       true,  {"Visualizza", "View"},                             nullptr},
     {&mnupencil,     false, {"Mostra candidati", "Show pencil marks"},          mnupencil_Click},
@@ -108,7 +112,7 @@ const MenuRow menutable[] = {
     {&mnutools,      true,  {"Strumenti", "Tools"},                             nullptr},
     {&mnusolve,      false, {"Risolvi", "Solve"},                               mnusolve_Click},
     {&mnugenerator,  true,  {"Generatore", "Generator"},                        nullptr},
-    {&mnuadvanced,   false, {"Avanzato", "Advanced"},                           nullptr},
+    {&mnuadvanced,   false, {"Avanzato", "Advanced"},                           nuovoschema},
 };
 
 const KeyRow toolbar2table[] = {
@@ -116,13 +120,13 @@ const KeyRow toolbar2table[] = {
     {&Toolbar2::anew,       "new",         "New",    {"nuovo", "new"},                                run<mnunew_Click>},
     {&Toolbar2::libreria,   "libreria",    "",       {"libreria", "library"},                         nullptr},
     {&Toolbar2::save,       "save",        "",       {"salva", "save"},                               savekey},
-    {&Toolbar2::print,      "print",       "",       {"stampa", "print"},                             nullptr},
+    {&Toolbar2::print,      "print",       "",       {"stampa", "print"},                             run<mnuprint_Click>},
     {nullptr,               "",            "",       {},                                              nullptr},
     {&Toolbar2::risolvi,    "risolvi",     "",       {"risolvi", "solution"},                         solve},
     {&Toolbar2::conta,      "conta",       "",       {"conta soluzioni", "count solutions"},          countsolutions},
     {&Toolbar2::undo,       "undo",        "",       {"rigenera schema", "from scratch"},             run<restoregivens>},
     {nullptr,               "",            "",       {},                                              nullptr},
-    {&Toolbar2::genera,     "genera",      "",       {"generatore", "generator"},                     nullptr},
+    {&Toolbar2::genera,     "genera",      "",       {"generatore", "generator"},                     run<nuovoschema>},
     {&Toolbar2::continuo,   "continuo",    "",       {"generatore continuo", "continuous generator"}, nullptr},
     {nullptr,               "",            "",       {},                                              nullptr},
 };
@@ -209,6 +213,15 @@ void cmdimpossibili_Click() {
 
 void Cmdtest_Click() {
   stepxychain();
+}
+
+void mnuprint_Click() {
+  host.print();
+}
+
+void cmdnice_Click() {
+  host.message(say(boxexists, hole("index", 1)));
+  host.quit();
 }
 
 void Frame1_DblClick() {

@@ -52,6 +52,13 @@ void cmdimpossibili_Click();
 /// The hidden test button: XY-chains.
 void Cmdtest_Click();
 
+/// Sends the window as it is drawn to the default printer.
+void mnuprint_Click();
+
+/// The hidden button of an earlier layout of the pencil marks: it would make boxes anew that exist already.
+/// The failure is told, and the program ends.
+void cmdnice_Click();
+
 /// A double click on Frame1: shows or hides the hidden tools.
 void Frame1_DblClick();
 

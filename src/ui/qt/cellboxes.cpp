@@ -101,6 +101,7 @@ void DigitBox::mirror(const gradino::Box& box, bool reachable) {
   if (there == isHidden()) setVisible(there);
   if (shown_ == box) return;
   if (const QString text = QString::fromStdString(box.text); text != this->text()) setText(text);
+  setReadOnly(box.locked);
   setcolours(*this, screencolour(box.back), readable(box));
   shown_ = box;
 }

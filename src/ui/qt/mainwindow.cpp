@@ -53,7 +53,7 @@ MainWindow::MainWindow() {
   timer2_.setInterval(1000);
   timer2_.callOnTimeout(this, [] { onevent(Timer2_Timer); });
 
-  usewindows(*this);
+  usewindows(*this, *client);
   showchanges = [this] { mirror(); };
   frmmain::focusrequest = {.on = frmmain::Focus::On::text1, .cell = 0};
   mirror();

@@ -83,7 +83,7 @@ const PictureRow picturerows[] = {
     {"Picture2",       &Picture2,       {470, 306, 17, 18}, flat, "lamps/reset",         Picture2_Click},
     {"cmdlan",         &cmdlan,         {452,   2, 35, 25}, key,  "flags/it",            cmdlan_Click},
     {"cmdimpossibili", &cmdimpossibili, {308,  32, 22, 22}, key,  "toolbar/impossibili", cmdimpossibili_Click},
-    {"cmdnice",        &cmdnice,        {388,   4, 22, 22}, key,  "toolbar/nice",        nullptr},
+    {"cmdnice",        &cmdnice,        {388,   4, 22, 22}, key,  "toolbar/nice",        cmdnice_Click},
     {"Cmdtest",        &Cmdtest,        {329,   4, 22, 22}, key,  "toolbar/test",        Cmdtest_Click},
 };
 
@@ -190,7 +190,6 @@ void Panel::addtextboxes(QWidget* client) {
 
 void Panel::addpictures(QWidget* client) {
   for (const PictureRow& row : picturerows) {
-    if (row.click == nullptr) continue;
     auto* button = new PictureButton(client, row.name, row.look, row.click);
     button->setGeometry(row.place);
     button->setart(row.art);

@@ -5,7 +5,8 @@ class QWidget;
 
 namespace gradino {
 
-/// Lets the program ask the user, the clock and the event loop through this main window.
-void usewindows(QWidget& mainwindow);
+/// Lets the program ask the user, the clock, the printer and the event loop through this main window, whose
+/// client area is what prints.
+void usewindows(QWidget& mainwindow, QWidget& client);
 
 }  // namespace gradino

@@ -1,0 +1,272 @@
+#include "generator.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "boxes.h"
+#include "grader.h"
+#include "gradestate.h"
+#include "grid.h"
+#include "host.h"
+#include "intersections.h"
+#include "library.h"
+#include "light.h"
+#include "pairs.h"
+#include "reduction.h"
+#include "singles.h"
+#include "step.h"
+#include "tables.h"
+#include "view.h"
+
+namespace gradino {
+
+using frmmain::Text1;
+
+namespace {
+
+constexpr const char* newpuzzle = "new puzzle";  // in both languages
+
+/// The chosen cells and their digits in order of choice. A cell may stand twice: once for itself, once as
+/// another's mirror.
+Table<int, 0, 80> cellescelte{"cellescelte"}, cifrescelte{"cifrescelte"};
+Int16 scelte{"scelte"};
+
+constexpr int unsolved = 21;     ///< up to this many entries are chosen with no solving at all
+constexpr int enoughpairs = 20;  ///< with fewer free pairs the choice is no longer left to chance
+
+void enter(int cell) {
+  cellescelte(scelte) = cell;
+  cifrescelte(scelte) = cellvalue(cell);
+  scelte += 1;
+}
+
+int randombelow(std::size_t count) {
+  return static_cast<int>(host.random() * static_cast<double>(count));
+}
+
+/// Puts a random candidate into a cell. False: it has none, and the try has failed.
+bool place(int cell) {
+  const std::string& open = candstr(cell);
+  if (open.empty()) {
+    generationfailed = true;
+    return false;
+  }
+  const char digit = open[static_cast<std::size_t>(randombelow(open.size()))];
+  writetext1(cell, std::string(1, digit));
+  Text1(cell).locked = true;
+  cellvalue(cell) = digit - '0';
+  candmask(cell) = 0;
+  filledcount += 1;
+  rebuildusedmask();
+  rebuildcandstr();
+  updatetext2();
+  rebuildpositions();
+  return true;
+}
+
+/// Enters a mirror of the chosen cell, filling it first if the quick solver has not.
+bool entermirror(int cell) {
+  if (cellvalue(cell) == 0 && !place(cell)) return false;
+  enter(cell);
+  return true;
+}
+
+/// The cell to fill next. While there are many free pairs (a cell and its point mirror, both empty) any of
+/// their cells; then the last of them on the board, and at the end the last empty cell.
+int choosecell() {
+  static std::vector<int> celledisponibili;
+  celledisponibili.clear();
+  int lastempty = 0;
+  for (int cell = 0; cell < cells; ++cell) {
+    if (cellvalue(cell) != 0) continue;
+    lastempty = cell;
+    if (cellvalue(mirrors(cell).point) == 0) celledisponibili.push_back(cell);
+  }
+  if (celledisponibili.size() >= enoughpairs)
+    return celledisponibili[static_cast<std::size_t>(randombelow(celledisponibili.size()))];
+  const int lastpair = celledisponibili.empty() ? 0 : celledisponibili.back();
+  return lastpair != 0 ? lastpair : lastempty;
+}
+
+/// Lets the window live in the middle of a try. A command that clears the board ends the generation; one that
+/// changes the tables otherwise (the menu has no lock) has spoilt the try: false.
+bool windowsturn() {
+  const auto values = cellvalue;
+  const auto masks = candmask;
+  letevents();
+  suppresschange = true;
+  const bool untouched = std::equal(values.begin(), values.end(), cellvalue.begin()) &&
+                         std::equal(masks.begin(), masks.end(), candmask.begin());
+  if (!untouched) generationfailed = true;
+  return untouched;
+}
+
+// Naked singles first: this order decides nothing but the time it takes.
+const std::array<const SingleRung*, 4> quickrungs = {&singlerungs[4], &singlerungs[1], &singlerungs[2],
+                                                     &singlerungs[3]};
+
+/// The first single that the quick solver sees.
+std::optional<Single> quicksingle() {
+  for (const SingleRung* rung : quickrungs)
+    if (const std::string result = rung->find(); !result.empty()) return rung->read(result);
+  return std::nullopt;
+}
+
+/// Fills what follows from the board by singles, intersections and naked pairs. What it places stays on the
+/// board as filled, but is not shown and not entered.
+void risolvirapido() {
+  cleargrade();
+  boardfinished = false;
+  rebuildpositions();
+  suppresschange = true;
+  for (;;) {
+    if (!windowsturn()) return;
+    foundflag = false;
+    if (const std::optional<Single> single = quicksingle()) {
+      placesilently(single->cell, single->digit);
+      boardfinished = filledcount == cells;
+      if (boardfinished) return;
+      continue;
+    }
+    frmgenerazione::intersections();
+    if (foundflag) continue;
+    frmgenerazione::nakedpair();
+    if (!foundflag) return;
+  }
+}
+
+/// Behind the first entries the quick solver runs after every placement. True: the board is finished.
+bool finishedquickly() {
+  if (scelte > unsolved) risolvirapido();
+  return boardfinished;
+}
+
+/// The chosen digits become the puzzle, the board its solution.
+void finish() {
+  for (int cell = 0; cell < cells; ++cell) {
+    writetext1(cell, "");
+    solutiontext(cell) = std::to_string(cellvalue(cell));
+    cellvalue(cell) = 0;
+    givens(cell).clear();
+  }
+  for (int n = scelte - 1; n >= 0; --n) {
+    const int cell = cellescelte(n), digit = cifrescelte(n);
+    writetext1(cell, std::to_string(digit));
+    givens(cell) = Text1(cell).text;
+    cellvalue(cell) = digit;
+  }
+  riduzione();
+}
+
+/// The board that a try starts from.
+void wipe() {
+  frmactivity::Text3.text.clear();
+  Frmlog::Text3.text.clear();
+  suppresschange = true;
+  for (int cell = 0; cell < cells; ++cell) {
+    cellvalue(cell) = 0;
+    candmask(cell) = fullmask;
+    writetext1(cell, "");
+    candstr(cell) = "123456789";
+    writetext2(cell, candstr(cell));
+    Text1(cell).fore = red;
+    Text1(cell).locked = false;
+    frmmain::Text2(cell).back = white;
+  }
+  filledcount = 0;
+}
+
+/// One choice: a cell and its mirrors. True: the board is finished, or the try has failed.
+bool choose() {
+  const int cell = choosecell();
+  if (!place(cell)) return true;
+  enter(cell);
+  const auto [point, a, b] = mirrors(cell);
+  if (finishedquickly()) {
+    enter(point);
+    if (frmmain::Check1.ticked) {
+      enter(a);
+      enter(b);
+    }
+    return true;
+  }
+  if (generationfailed) return true;
+  if (cell == point) {
+    enter(cell);  // the centre is its own mirror
+    return false;
+  }
+  if (!entermirror(point)) return true;
+  if (frmmain::Check1.ticked)
+    for (const int mirror : {a, b})
+      if (mirror != cell && !entermirror(mirror)) return true;
+  return finishedquickly() || generationfailed;
+}
+
+/// One try at a puzzle. Nothing is tried back: a cell without candidates spoils it all.
+void riempischema() {
+  suppresschange = true;
+  scelte = 0;
+  while (!choose()) continue;
+  if (!generationfailed) finish();
+}
+
+}  // namespace
+
+void frmgenerazione::genera() {
+  mnupencil_Click();
+  loseboard();
+  try {
+    do {
+      generationfailed = foundflag = boardfinished = false;
+      wipe();
+      riempischema();
+    } while (generationfailed);
+  } catch (const Fault&) {
+    mnupencil_Click();
+    throw;
+  }
+  mnupencil_Click();
+  frmprogress::visible = false;
+}
+
+void frmprogress::timer() {
+  Text1.text = fmt::format("{}", static_cast<float>(host.clock()));
+}
+
+namespace {
+
+/// The givens on the board, ready to be solved.
+void showpuzzle() {
+  suppresschange = true;
+  for (int cell = 0; cell < cells; ++cell) {
+    Text1(cell).fore = red;
+    writetext1(cell, "");
+    writetext1(cell, givens(cell));
+    if (givens(cell).empty()) Text1(cell).fore = textcolor;
+  }
+  suppresschange = false;
+  frmmain::filetxt.text = newpuzzle;
+  loadgivens();
+  rebuildwhole();
+}
+
+}  // namespace
+
+void frmmain::nuovoschema() {
+  libraryrecordopen = false;  // what is graded now is no record of the library
+  comandocorrente = generatecommand;
+  try {
+    frmgenerazione::genera();
+  } catch (const Fault&) {  // the grade of the new puzzle is lost, but not the board
+    showpuzzle();
+    throw;
+  }
+  showpuzzle();
+}
+
+}  // namespace gradino
