@@ -1,0 +1,14 @@
+#include "libraryrow.h"
+
+#include <algorithm>
+
+#include "tables.h"
+
+namespace gradino {
+
+bool ispuzzle(const std::string& stringa) {
+  return stringa.size() >= cells && std::all_of(stringa.begin(), stringa.begin() + cells,
+                                                [](char c) { return c == '.' || (c >= '1' && c <= '9'); });
+}
+
+}  // namespace gradino
