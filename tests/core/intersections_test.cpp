@@ -8,37 +8,12 @@
 #include "player.h"
 #include "step.h"
 #include "stepsolver.h"
+#include "technique.h"
 
 namespace gradino::tests {
 namespace {
 
-// An empty board has all candidates; each test takes away what it needs, so that no single is left behind.
-
-struct Case {
-  const char* name;
-  int digit;
-  std::vector<int> takenfrom;  ///< the holder's other cells
-  std::vector<int> places;     ///< what stays in the holder
-  std::vector<int> victims;
-  std::string hintit, hinten, doneit, doneen;
-  std::string headit, headen, detailit, detailen;
-  std::string lessonit, lessonen, closeit, closeen;
-};
-
-const Case blockrow = {
-    "BlockRow",
-    4,
-    {at(1, 1), at(1, 2), at(1, 3), at(2, 3), at(3, 1), at(3, 2), at(3, 3)},
-    {at(2, 1), at(2, 2)},
-    {at(2, 4), at(2, 5), at(2, 6), at(2, 7), at(2, 8), at(2, 9)},
-    "INTERSEZIONE - nel settore 1 un numero è presente solo nella riga 2",
-    "INTERSECTION - in block 1 is present only on row 2",
-    "eliminato il numero 4 da  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , ",
-    "deleted 4 from  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , ",
-    "INTERSEZIONE - nel settore 1 il numero 4 è presente solo nella riga 2",
-    "INTERSECTION - in block 1 the number 4 is present only on row 2",
-    " * eliminato il numero 4 da  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , ",
-    " * deleted 4 from  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , ",
+const Said blockrowlesson = {
     "INTERSEZIONE - SETTORE CONTRO RIGA - LIVELLO 3\r\n"
     "Se in un settore un candidato è presente solo su una riga, allora possiamo eliminare il candidato da tutte "
     "le altre celle della riga\r\n"
@@ -53,24 +28,35 @@ const Case blockrow = {
     "on the block 1 the number 4 is present only on the row 2\r\n"
     "in the row 2 the number 4 is forced in one of green cells\r\n"
     "therefore, we can delete the number from r2c4 , r2c5 , r2c6 , r2c7 , r2c8 , r2c9 , ",
-    "eliminato il numero 4 da  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , ",
-    "deleted the number 4 from  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , ",
+};
+const Example blockrow = {
+    .name = "BlockRow",
+    .tag = "intersections",
+    .level = 3,
+    .step = frmmain::intersections,
+    .twin = frmgenerazione::intersections,
+    .held = each({at(1, 1), at(1, 2), at(1, 3), at(2, 3), at(3, 1), at(3, 2), at(3, 3)}, "12356789"),
+    .taken = each({at(2, 4), at(2, 5), at(2, 6), at(2, 7), at(2, 8), at(2, 9)}, "4"),
+    .hint = {"INTERSEZIONE - nel settore 1 un numero è presente solo nella riga 2",
+             "INTERSECTION - in block 1 is present only on row 2"},
+    .candidate = painted(each({at(2, 1), at(2, 2)}, "4"), "green"),
+    .done = {"eliminato il numero 4 da  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , ",
+             "deleted 4 from  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , "},
+    .foundbystop = false,
+    .log = {{"INTERSEZIONE - nel settore 1 il numero 4 è presente solo nella riga 2",
+             "INTERSECTION - in block 1 the number 4 is present only on row 2"},
+            {" * eliminato il numero 4 da  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , ",
+             " * deleted 4 from  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , "}},
+    .lesson = {{.adds = blockrowlesson,
+                .candidate = painted(each({at(2, 4), at(2, 5), at(2, 6), at(2, 7), at(2, 8), at(2, 9)}, "4"),
+                                     "red", painted(each({at(2, 1), at(2, 2)}, "4"), "green")),
+                .left =
+                    painted(each({at(2, 4), at(2, 5), at(2, 6), at(2, 7), at(2, 8), at(2, 9)}, "4"), "red")}},
+    .closing = {"eliminato il numero 4 da  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , ",
+                "deleted the number 4 from  r2c4 ,  r2c5 ,  r2c6 ,  r2c7 ,  r2c8 ,  r2c9 , "},
 };
 
-const Case blockcolumn = {
-    "BlockColumn",
-    7,
-    {at(4, 4), at(4, 5), at(5, 4), at(5, 5), at(5, 6), at(6, 4), at(6, 5)},
-    {at(4, 6), at(6, 6)},
-    {at(1, 6), at(2, 6), at(3, 6), at(7, 6), at(8, 6), at(9, 6)},
-    "INTERSEZIONE - nel settore 5 un numero è presente solo nella colonna 6",
-    "INTERSECTION - in block 5 is present only on column 6",
-    "eliminato il numero 7 da  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , ",
-    "deleted 7 from  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , ",
-    "INTERSEZIONE - nel settore 5 il numero 7 è presente solo nella colonna 6",
-    "INTERSECTION - in block 5 the number 7 is present only on column 6",
-    " * eliminato il numero 7 da  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , ",
-    " * deleted 7 from  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , ",
+const Said blockcolumnlesson = {
     "INTERSEZIONE - SETTORE CONTRO COLONNA - LIVELLO 3\r\n"
     "Se in un settore un candidato è presente solo su una colonna, allora possiamo eliminare il candidato da "
     "tutte le altre celle della colonna\r\n"
@@ -85,24 +71,35 @@ const Case blockcolumn = {
     "on the block 5 the number 7 is present only on the column 6\r\n"
     "in the column 6 the number 7 is forced in one of green cells\r\n"
     "therefore, we can delete the number from r1c6 , r2c6 , r3c6 , r7c6 , r8c6 , r9c6 , ",
-    "eliminato il numero 7 da  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , ",
-    "deleted the number 7 from  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , ",
+};
+const Example blockcolumn = {
+    .name = "BlockColumn",
+    .tag = "intersections",
+    .level = 3,
+    .step = frmmain::intersections,
+    .twin = frmgenerazione::intersections,
+    .held = each({at(4, 4), at(4, 5), at(5, 4), at(5, 5), at(5, 6), at(6, 4), at(6, 5)}, "12345689"),
+    .taken = each({at(1, 6), at(2, 6), at(3, 6), at(7, 6), at(8, 6), at(9, 6)}, "7"),
+    .hint = {"INTERSEZIONE - nel settore 5 un numero è presente solo nella colonna 6",
+             "INTERSECTION - in block 5 is present only on column 6"},
+    .candidate = painted(each({at(4, 6), at(6, 6)}, "7"), "green"),
+    .done = {"eliminato il numero 7 da  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , ",
+             "deleted 7 from  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , "},
+    .foundbystop = false,
+    .log = {{"INTERSEZIONE - nel settore 5 il numero 7 è presente solo nella colonna 6",
+             "INTERSECTION - in block 5 the number 7 is present only on column 6"},
+            {" * eliminato il numero 7 da  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , ",
+             " * deleted 7 from  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , "}},
+    .lesson = {{.adds = blockcolumnlesson,
+                .candidate = painted(each({at(1, 6), at(2, 6), at(3, 6), at(7, 6), at(8, 6), at(9, 6)}, "7"),
+                                     "red", painted(each({at(4, 6), at(6, 6)}, "7"), "green")),
+                .left =
+                    painted(each({at(1, 6), at(2, 6), at(3, 6), at(7, 6), at(8, 6), at(9, 6)}, "7"), "red")}},
+    .closing = {"eliminato il numero 7 da  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , ",
+                "deleted the number 7 from  r1c6 ,  r2c6 ,  r3c6 ,  r7c6 ,  r8c6 ,  r9c6 , "},
 };
 
-const Case rowblock = {
-    "RowBlock",
-    3,
-    {at(8, 1), at(8, 2), at(8, 3), at(8, 7), at(8, 8), at(8, 9)},
-    {at(8, 4), at(8, 5), at(8, 6)},
-    {at(7, 4), at(7, 5), at(7, 6), at(9, 4), at(9, 5), at(9, 6)},
-    "INTERSEZIONE - nella riga 8 un numero è presente solo nel settore 8",
-    "INTERSECTION - in row 8 is present only on block 8",
-    "eliminato il numero 3 da  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , ",
-    "deleted 3 from  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , ",
-    "INTERSEZIONE - nella riga 8 il numero 3  è presente solo nel settore 8",
-    "INTERSECTION - in row 8 the number 3 is present only on block 8",
-    " * eliminato il numero 3 da  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , ",
-    " * deleted 3 from  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , ",
+const Said rowblocklesson = {
     "INTERSEZIONE - RIGA CONTRO SETTORE - LIVELLO 3\r\n"
     "Se in una riga un candidato è presente solo su un settore, allora possiamo eliminare il candidato da tutte "
     "le altre celle del settore\r\n"
@@ -117,24 +114,35 @@ const Case rowblock = {
     "on the row 8 the number 3 is present only on the block 8\r\n"
     "in the block 8 the number 3 is forced in one of green cells\r\n"
     "therefore, we can delete the number from r7c4 , r7c5 , r7c6 , r9c4 , r9c5 , r9c6 , ",
-    "eliminato il numero 3 da  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , ",
-    "deleted the number 3 from  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , ",
+};
+const Example rowblock = {
+    .name = "RowBlock",
+    .tag = "intersections",
+    .level = 3,
+    .step = frmmain::intersections,
+    .twin = frmgenerazione::intersections,
+    .held = each({at(8, 1), at(8, 2), at(8, 3), at(8, 7), at(8, 8), at(8, 9)}, "12456789"),
+    .taken = each({at(7, 4), at(7, 5), at(7, 6), at(9, 4), at(9, 5), at(9, 6)}, "3"),
+    .hint = {"INTERSEZIONE - nella riga 8 un numero è presente solo nel settore 8",
+             "INTERSECTION - in row 8 is present only on block 8"},
+    .candidate = painted(each({at(8, 4), at(8, 5), at(8, 6)}, "3"), "green"),
+    .done = {"eliminato il numero 3 da  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , ",
+             "deleted 3 from  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , "},
+    .foundbystop = false,
+    .log = {{"INTERSEZIONE - nella riga 8 il numero 3  è presente solo nel settore 8",
+             "INTERSECTION - in row 8 the number 3 is present only on block 8"},
+            {" * eliminato il numero 3 da  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , ",
+             " * deleted 3 from  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , "}},
+    .lesson = {{.adds = rowblocklesson,
+                .candidate = painted(each({at(7, 4), at(7, 5), at(7, 6), at(9, 4), at(9, 5), at(9, 6)}, "3"),
+                                     "red", painted(each({at(8, 4), at(8, 5), at(8, 6)}, "3"), "green")),
+                .left =
+                    painted(each({at(7, 4), at(7, 5), at(7, 6), at(9, 4), at(9, 5), at(9, 6)}, "3"), "red")}},
+    .closing = {"eliminato il numero 3 da  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , ",
+                "deleted the number 3 from  r7c4 ,  r7c5 ,  r7c6 ,  r9c4 ,  r9c5 ,  r9c6 , "},
 };
 
-const Case columnblock = {
-    "ColumnBlock",
-    9,
-    {at(1, 9), at(2, 9), at(3, 9), at(5, 9), at(7, 9), at(8, 9), at(9, 9)},
-    {at(4, 9), at(6, 9)},
-    {at(4, 7), at(4, 8), at(5, 7), at(5, 8), at(6, 7), at(6, 8)},
-    "INTERSEZIONE - nella colonna 9 un numero è presente solo nel settore 6",
-    "INTERSECTION - in column 9 is present only on block 6",
-    "eliminato il numero 9 da  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , ",
-    "deleted 9 from  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , ",
-    "INTERSEZIONE - nella colonna 9 il numero 9 è presente solo nel settore 6",
-    "INTERSECTION - in column 9 the number 9 is present only in block 6",
-    " * eliminato il numero 9 da  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , ",
-    " * deleted 9 from  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , ",
+const Said columnblocklesson = {
     "INTERSEZIONE - COLONNA CONTRO SETTORE - LIVELLO 3\r\n"
     "Se in una colonna un candidato è presente solo su un settore, allora possiamo eliminare il candidato da "
     "tutte le altre celle del settore\r\n"
@@ -149,205 +157,55 @@ const Case columnblock = {
     "on the column 9 the number 9 is present only on the block 6\r\n"
     "in the block 6 the number 9 is forced in one of green cells\r\n"
     "therefore, we can delete the number from r4c7 , r4c8 , r5c7 , r5c8 , r6c7 , r6c8 , ",
-    "eliminato il numero 9 da  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , ",
-    "deleted the number 9 from  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , ",
+};
+const Example columnblock = {
+    .name = "ColumnBlock",
+    .tag = "intersections",
+    .level = 3,
+    .step = frmmain::intersections,
+    .twin = frmgenerazione::intersections,
+    .held = each({at(1, 9), at(2, 9), at(3, 9), at(5, 9), at(7, 9), at(8, 9), at(9, 9)}, "12345678"),
+    .taken = each({at(4, 7), at(4, 8), at(5, 7), at(5, 8), at(6, 7), at(6, 8)}, "9"),
+    .hint = {"INTERSEZIONE - nella colonna 9 un numero è presente solo nel settore 6",
+             "INTERSECTION - in column 9 is present only on block 6"},
+    .candidate = painted(each({at(4, 9), at(6, 9)}, "9"), "green"),
+    .done = {"eliminato il numero 9 da  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , ",
+             "deleted 9 from  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , "},
+    .foundbystop = false,
+    .log = {{"INTERSEZIONE - nella colonna 9 il numero 9 è presente solo nel settore 6",
+             "INTERSECTION - in column 9 the number 9 is present only in block 6"},
+            {" * eliminato il numero 9 da  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , ",
+             " * deleted 9 from  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , "}},
+    .lesson = {{.adds = columnblocklesson,
+                .candidate = painted(each({at(4, 7), at(4, 8), at(5, 7), at(5, 8), at(6, 7), at(6, 8)}, "9"),
+                                     "red", painted(each({at(4, 9), at(6, 9)}, "9"), "green")),
+                .left =
+                    painted(each({at(4, 7), at(4, 8), at(5, 7), at(5, 8), at(6, 7), at(6, 8)}, "9"), "red")}},
+    .closing = {"eliminato il numero 9 da  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , ",
+                "deleted the number 9 from  r4c7 ,  r4c8 ,  r5c7 ,  r5c8 ,  r6c7 ,  r6c8 , "},
 };
 
-Paint marks(const Case& one, const std::vector<int>& at, const char* colour) {
-  Paint paint;
-  for (int cell : at) paint[cell * 10 + one.digit] = colour;
-  return paint;
-}
+EXAMPLES(Intersections, &blockrow, &blockcolumn, &rowblock, &columnblock);
 
-class EachIntersection : public Program, public testing::WithParamInterface<std::tuple<const Case*, int>> {
- protected:
-  EachIntersection() {
-    speak(std::get<int>(GetParam()));
-    put(emptyboard);
-    take(one().takenfrom);
-    before = theboard();
-    take(one().victims);
-    after = theboard();
-    put(emptyboard);
-    take(one().takenfrom);
-  }
-  void take(const std::vector<int>& from) {
-    for (int cell : from) eliminate(cell, std::to_string(one().digit));
-  }
-  static const Case& one() { return *std::get<const Case*>(GetParam()); }
-  static const std::string& in(const std::string& it, const std::string& en) {
-    return std::get<int>(GetParam()) == italian ? it : en;
-  }
-
-  Frame shownframe() const {
-    return {.tag = "intersections",
-            .hint = in(one().hintit, one().hinten),
-            .number = "",
-            .activity = {},
-            .Text1 = {},
-            .Text2 = {},
-            .candidate = marks(one(), one().places, "green")};
-  }
-  Frame arguedframe() const {
-    Frame frame = shownframe();
-    frame.activity = in(one().lessonit, one().lessonen);
-    frame.candidate.merge(marks(one(), one().victims, "red"));
-    return frame;
-  }
-  void expectnopaint() const {
-    const Frame now = look();
-    EXPECT_EQ(now.Text1, Paint{});
-    EXPECT_EQ(now.Text2, Paint{});
-    EXPECT_EQ(now.candidate, Paint{});
-  }
-
-  Board before, after;
-};
-
-TEST_P(EachIntersection, IsTheNextStepShowsItsPlacesAndOnGoDeletes) {
-  player.script = {[&] { EXPECT_EQ(theboard(), before); }, go};
-  player.event(mnuposition_Click);
-  ASSERT_EQ(player.frames.size(), 2u);
-  EXPECT_EQ(player.frames[0], shownframe());
-  EXPECT_EQ(theboard(), after);
-  EXPECT_EQ(frmmain::txthint.text, in(one().doneit, one().doneen));
-  EXPECT_EQ(visiblemarks(one().victims[0]), candstr(one().victims[0]));
-  EXPECT_TRUE(foundflag);
-  expectnopaint();
-}
-
-TEST_P(EachIntersection, AStopDeletesNothing) {
-  foundflag = true;
-  player.script = {stop};
-  player.event(frmmain::intersections);
-  ASSERT_EQ(player.frames.size(), 1u);
-  EXPECT_EQ(theboard(), before);
-  EXPECT_EQ(frmmain::txthint.text, in(one().hintit, one().hinten));
-  EXPECT_FALSE(foundflag);
-  expectnopaint();
-}
-
-TEST_P(EachIntersection, TwinLogsCountsAndDeletesWithoutABox) {
-  frmmain::txthint.text = "as it was";
-  steptag = "as it was";
-  frmgenerazione::intersections();
-  EXPECT_EQ(Frmlog::Text3.text,
-            "\r\n" + in(one().headit, one().headen) + "\r\n" + in(one().detailit, one().detailen));
-  EXPECT_EQ(logcount, 2);
-  EXPECT_EQ(logvalues(1), std::string(81, '0'));
-  std::string commas;
-  for (int mask : before.candmask) commas += std::to_string(mask) + ",";
-  EXPECT_EQ(logcands(1), commas);
-  EXPECT_EQ(logcands(2), "");
-  EXPECT_EQ(runninglevel, 3);
-  EXPECT_EQ(levelcount(3), 1);
-  EXPECT_TRUE(foundflag);
-  EXPECT_EQ(theboard(), after);
-  EXPECT_EQ(frmmain::txthint.text, "as it was");
-  EXPECT_EQ(steptag, "as it was");
-  EXPECT_EQ(visiblemarks(one().victims[0]), "123456789");
-  expectnopaint();
-}
-
-TEST_P(EachIntersection, TwinInALongJobWritesBothLinesButCountsTheDetailAlone) {
-  const Job job("genera");
-  runninglevel = 7;
-  frmgenerazione::intersections();
-  EXPECT_EQ(Frmlog::Text3.text,
-            "\r\n" + in(one().headit, one().headen) + "\r\n" + in(one().detailit, one().detailen));
-  EXPECT_EQ(logcount, 1);
-  EXPECT_EQ(logcands(0), "");
-  EXPECT_EQ(logcands(1), "");
-  EXPECT_EQ(runninglevel, 7);
-  EXPECT_EQ(levelcount(3), 1);
-}
-
-TEST_P(EachIntersection, ExplanationArguesInRedAndItsGoCarriesTheStepOut) {
-  player.script = {help, go};
-  player.event(mnuposition_Click);
-  ASSERT_EQ(player.frames.size(), 2u);
-  EXPECT_EQ(player.frames[1], arguedframe());
-  EXPECT_FALSE(frmactivity::visible);
-  EXPECT_EQ(theboard(), after);
-  EXPECT_EQ(frmmain::txthint.text, in(one().doneit, one().doneen));
-  expectnopaint();
-}
-
-TEST_P(EachIntersection, ExplanationClosesWithTheRedCellsAndAWhiteBoard) {
-  player.script = {[&] {
-                     help();
-                     EXPECT_EQ(frmmain::txthint.text, in(one().closeit, one().closeen));
-                     EXPECT_EQ(theboard(), before);
-                     expectnopaint();
-                   },
-                   go};
-  player.event(frmmain::intersections);
-  EXPECT_TRUE(player.script.empty());
-}
-
-TEST_P(EachIntersection, AStopInTheExplanationStopsTheStepAndLeavesTheWindowOpen) {
-  player.script = {help, stop};
-  player.event(frmmain::intersections);
-  ASSERT_EQ(player.frames.size(), 2u);
-  EXPECT_TRUE(frmactivity::visible);
-  EXPECT_EQ(look().candidate, marks(one(), one().victims, "red"));
-  EXPECT_EQ(theboard(), before);
-  EXPECT_FALSE(foundflag);
-}
-
-INSTANTIATE_TEST_SUITE_P(Kinds, EachIntersection,
-                         testing::Combine(testing::Values(&blockrow, &blockcolumn, &rowblock, &columnblock),
-                                          testing::Values(english, italian)),
-                         [](auto& p) {
-                           return std::string(std::get<0>(p.param)->name) +
-                                  (std::get<1>(p.param) == english ? "English" : "Italian");
-                         });
-
-// ---- what is found, and in which order
-// ----------------------------------------------------------------------
+// ---- what is found, and in which order --------------------------------------------------------------------
 
 class Intersections : public Program {
  protected:
   Intersections() { put(emptyboard); }
 
   /// In a house of nine cells the digit stays at some positions only.
-  void keep(int digit, const std::vector<int>& house, const std::string& positions) {
+  static void keep(int digit, const std::vector<int>& house, const std::string& positions) {
     for (int p = 0; p < 9; ++p)
-      if (const int cell = house[static_cast<std::size_t>(p)];
-          positions.find(static_cast<char>('0' + p)) == std::string::npos && hascandidate(cell, digit))
-        eliminate(cell, std::to_string(digit));
-  }
-  // 1-based, as they are read to the user
-  static std::vector<int> row(int number) {
-    std::vector<int> found;
-    for (int p = 1; p <= 9; ++p) found.push_back(at(number, p));
-    return found;
-  }
-  static std::vector<int> column(int number) {
-    std::vector<int> found;
-    for (int p = 1; p <= 9; ++p) found.push_back(at(p, number));
-    return found;
-  }
-  static std::vector<int> block(int number) {
-    std::vector<int> found;
-    for (int p = 0; p < 9; ++p)
-      found.push_back(at((number - 1) / 3 * 3 + p / 3 + 1, (number - 1) % 3 * 3 + p % 3 + 1));
-    return found;
+      if (positions.find(static_cast<char>('0' + p)) == std::string::npos)
+        take(std::to_string(digit), {house[static_cast<std::size_t>(p)]});
   }
 
-  /// The hint of the one wait, or nothing.
-  std::string step() {
-    player.script = {go};
-    player.frames.clear();
-    player.event(frmmain::intersections);
-    return player.frames.empty() ? "" : player.frames[0].hint;
-  }
+  std::string step() { return hintof(player, frmmain::intersections); }
   /// The digit and the cells deleted, as the twin logs them: everything behind " * deleted ".
   static std::string twin() {
-    Frmlog::Text3.text.clear();
-    frmgenerazione::intersections();
-    const std::size_t detail = Frmlog::Text3.text.find(" * deleted ");
-    return detail == std::string::npos ? "" : Frmlog::Text3.text.substr(detail + 11);
+    const std::string log = logged(frmgenerazione::intersections);
+    const std::size_t detail = log.find(" * deleted ");
+    return detail == std::string::npos ? "" : log.substr(detail + 11);
   }
 };
 
@@ -486,9 +344,7 @@ TEST_F(Intersections, GradingInAnOpenWaitDoesNotChangeWhatIsExplained) {
   const auto grade = [&] {
     frmgenerazione::intersections();
     frmgenerazione::intersections();
-    for (int cell = 0; cell < 81; ++cell) candmask(cell) = open[static_cast<std::size_t>(cell)];
-    rebuildcandstr();
-    rebuildpositions();
+    putmasks(open);
   };
   player.script = {grade, help, stop};
   player.event(frmmain::intersections);

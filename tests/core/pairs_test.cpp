@@ -12,54 +12,12 @@
 #include "player.h"
 #include "step.h"
 #include "stepsolver.h"
+#include "technique.h"
 
 namespace gradino::tests {
 namespace {
 
-// An empty board has all candidates; each test takes away what it needs, so that no single is left behind.
-
-using Taken = std::vector<std::pair<int, std::string>>;  ///< cell and digits
-
-struct Case {
-  const char* name;
-  const char* tag;
-  int level;
-  Taken takenbefore, takenbystep;
-  std::string number;  ///< what Text5 shows
-  Paint Text2, candidate, argued;
-  std::string hintit, hinten, doneit, doneen;
-  std::string headit, headen, detailit, detailen;
-  std::string lessonit, lessonen, closeit, closeen;
-};
-
-const Case nakedrow = {
-    "NakedInRow",
-    "nakedpair",
-    4,
-    {{at(1, 2), "1235689"},
-     {at(1, 7), "1235689"},
-     {at(1, 1), "7"},
-     {at(1, 3), "47"},
-     {at(1, 4), "47"},
-     {at(1, 6), "47"},
-     {at(1, 8), "47"},
-     {at(1, 9), "4"}},
-    {{at(1, 1), "4"}, {at(1, 5), "47"}, {at(1, 9), "7"}},
-    "",
-    {{at(1, 2), "yellow"}, {at(1, 7), "yellow"}},
-    {},
-    {{at(1, 1) * 10 + 4, "red"},
-     {at(1, 5) * 10 + 4, "red"},
-     {at(1, 5) * 10 + 7, "red"},
-     {at(1, 9) * 10 + 7, "red"}},
-    "COPPIA NUDA 47 nelle celle r1c2 , r1c7",
-    "NAKED PAIR 47, cells r1c2 , r1c7",
-    "eliminato 4 from r1c1 , 4 from r1c5 , 7 from r1c5 , 7 from r1c9 , ",
-    "deleted 4 from r1c1 , 4 from r1c5 , 7 from r1c5 , 7 from r1c9 , ",
-    "COPPIA NUDA 47 , celle r1c2 , r1c7",
-    "NAKED PAIR 47 ,  cells r1c2 , r1c7",
-    " * eliminato 4 from r1c1 , 4 from r1c5 , 7 from r1c5 , 7 from r1c9 , ",
-    " * deleted 4 from r1c1 , 4 from r1c5 , 7 from r1c5 , 7 from r1c9 , ",
+const Said nakedrowlesson = {
     "DOPPIA NUDA - LIVELLO 4\r\n"
     "Se due celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi due candidati, allora "
     "possiamo eliminare i due candidati da tutte le altre celle del gruppo\r\n"
@@ -80,35 +38,39 @@ const Case nakedrow = {
     "we can delete the two candidates from any other cell of the row 1\r\n"
     "in our case we can delete them from red cells: "
     "4 from r1c1 , 4 from r1c5 , 7 from r1c5 , 7 from r1c9 , ",
-    "eliminato i numeri 4 e 7 da  r1c1 ,  r1c5 ,  r1c9 , ",
-    "deleted  numbers 4 and 7 from  r1c1 ,  r1c5 ,  r1c9 , ",
+};
+const Example nakedrow = {
+    .name = "NakedInRow",
+    .tag = "nakedpair",
+    .level = 4,
+    .step = frmmain::nakedpair,
+    .twin = frmgenerazione::nakedpair,
+    .held = {{at(1, 2), "47"},
+             {at(1, 7), "47"},
+             {at(1, 1), "12345689"},
+             {at(1, 3), "1235689"},
+             {at(1, 4), "1235689"},
+             {at(1, 6), "1235689"},
+             {at(1, 8), "1235689"},
+             {at(1, 9), "12356789"}},
+    .taken = {{at(1, 1), "4"}, {at(1, 5), "47"}, {at(1, 9), "7"}},
+    .hint = {"COPPIA NUDA 47 nelle celle r1c2 , r1c7", "NAKED PAIR 47, cells r1c2 , r1c7"},
+    .Text2 = {{at(1, 2), "yellow"}, {at(1, 7), "yellow"}},
+    .done = {"eliminato 4 from r1c1 , 4 from r1c5 , 7 from r1c5 , 7 from r1c9 , ",
+             "deleted 4 from r1c1 , 4 from r1c5 , 7 from r1c5 , 7 from r1c9 , "},
+    .foundbystop = false,
+    .log = {{"COPPIA NUDA 47 , celle r1c2 , r1c7", "NAKED PAIR 47 ,  cells r1c2 , r1c7"},
+            {" * eliminato 4 from r1c1 , 4 from r1c5 , 7 from r1c5 , 7 from r1c9 , ",
+             " * deleted 4 from r1c1 , 4 from r1c5 , 7 from r1c5 , 7 from r1c9 , "}},
+    .lesson = {{.adds = nakedrowlesson,
+                .Text2 = {{at(1, 2), "yellow"}, {at(1, 7), "yellow"}},
+                .candidate = painted({{at(1, 1), "4"}, {at(1, 5), "47"}, {at(1, 9), "7"}}, "red"),
+                .left = painted({{at(1, 1), "4"}, {at(1, 5), "47"}, {at(1, 9), "7"}}, "red")}},
+    .closing = {"eliminato i numeri 4 e 7 da  r1c1 ,  r1c5 ,  r1c9 , ",
+                "deleted  numbers 4 and 7 from  r1c1 ,  r1c5 ,  r1c9 , "},
 };
 
-const Case nakedcolumn = {
-    "NakedInColumn",
-    "nakedpair",
-    4,
-    {{at(2, 6), "1345678"},
-     {at(9, 6), "1345678"},
-     {at(1, 6), "29"},
-     {at(3, 6), "29"},
-     {at(5, 6), "29"},
-     {at(6, 6), "29"},
-     {at(7, 6), "2"},
-     {at(8, 6), "29"}},
-    {{at(4, 6), "29"}, {at(7, 6), "9"}},
-    "",
-    {{at(2, 6), "yellow"}, {at(9, 6), "yellow"}},
-    {},
-    {{at(4, 6) * 10 + 2, "red"}, {at(4, 6) * 10 + 9, "red"}, {at(7, 6) * 10 + 9, "red"}},
-    "COPPIA NUDA 29 nelle celle r2c6 , r9c6",
-    "NAKED PAIR 29, cells r2c6 , r9c6",
-    "eliminato 2 from r4c6 , 9 from r4c6 , 9 from r7c6 , ",
-    "deleted 2 from r4c6 , 9 from r4c6 , 9 from r7c6 , ",
-    "COPPIA NUDA 29 , celle r2c6 , r9c6",
-    "NAKED PAIR 29 ,  cells r2c6 , r9c6",
-    " * eliminato 2 from r4c6 , 9 from r4c6 , 9 from r7c6 , ",
-    " * deleted 2 from r4c6 , 9 from r4c6 , 9 from r7c6 , ",
+const Said nakedcolumnlesson = {
     "DOPPIA NUDA - LIVELLO 4\r\n"
     "Se due celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi due candidati, allora "
     "possiamo eliminare i due candidati da tutte le altre celle del gruppo\r\n"
@@ -128,38 +90,39 @@ const Case nakedcolumn = {
     "therefore in the column 6 the numbers 2 and 9 are forced in one of the two yellow cells\r\n"
     "we can delete the two candidates from any other cell of the column 6\r\n"
     "in our case we can delete them from red cells: 2 from r4c6 , 9 from r4c6 , 9 from r7c6 , ",
-    "eliminato i numeri 2 e 9 da  r4c6 ,  r7c6 , ",
-    "deleted  numbers 2 and 9 from  r4c6 ,  r7c6 , ",
+};
+const Example nakedcolumn = {
+    .name = "NakedInColumn",
+    .tag = "nakedpair",
+    .level = 4,
+    .step = frmmain::nakedpair,
+    .twin = frmgenerazione::nakedpair,
+    .held = {{at(2, 6), "29"},
+             {at(9, 6), "29"},
+             {at(1, 6), "1345678"},
+             {at(3, 6), "1345678"},
+             {at(5, 6), "1345678"},
+             {at(6, 6), "1345678"},
+             {at(7, 6), "13456789"},
+             {at(8, 6), "1345678"}},
+    .taken = {{at(4, 6), "29"}, {at(7, 6), "9"}},
+    .hint = {"COPPIA NUDA 29 nelle celle r2c6 , r9c6", "NAKED PAIR 29, cells r2c6 , r9c6"},
+    .Text2 = {{at(2, 6), "yellow"}, {at(9, 6), "yellow"}},
+    .done = {"eliminato 2 from r4c6 , 9 from r4c6 , 9 from r7c6 , ",
+             "deleted 2 from r4c6 , 9 from r4c6 , 9 from r7c6 , "},
+    .foundbystop = false,
+    .log = {{"COPPIA NUDA 29 , celle r2c6 , r9c6", "NAKED PAIR 29 ,  cells r2c6 , r9c6"},
+            {" * eliminato 2 from r4c6 , 9 from r4c6 , 9 from r7c6 , ",
+             " * deleted 2 from r4c6 , 9 from r4c6 , 9 from r7c6 , "}},
+    .lesson = {{.adds = nakedcolumnlesson,
+                .Text2 = {{at(2, 6), "yellow"}, {at(9, 6), "yellow"}},
+                .candidate = painted({{at(4, 6), "29"}, {at(7, 6), "9"}}, "red"),
+                .left = painted({{at(4, 6), "29"}, {at(7, 6), "9"}}, "red")}},
+    .closing = {"eliminato i numeri 2 e 9 da  r4c6 ,  r7c6 , ",
+                "deleted  numbers 2 and 9 from  r4c6 ,  r7c6 , "},
 };
 
-const Case nakedblock = {
-    "NakedInBlock",
-    "nakedpair",
-    4,
-    {{at(7, 8), "2346789"},
-     {at(9, 7), "2346789"},
-     {at(7, 7), "5"},
-     {at(7, 9), "15"},
-     {at(8, 7), "15"},
-     {at(8, 9), "15"},
-     {at(9, 8), "15"},
-     {at(9, 9), "1"}},
-    {{at(7, 7), "1"}, {at(8, 8), "15"}, {at(9, 9), "5"}},
-    "",
-    {{at(7, 8), "yellow"}, {at(9, 7), "yellow"}},
-    {},
-    {{at(7, 7) * 10 + 1, "red"},
-     {at(8, 8) * 10 + 1, "red"},
-     {at(8, 8) * 10 + 5, "red"},
-     {at(9, 9) * 10 + 5, "red"}},
-    "COPPIA NUDA 15 nelle celle r7c8 , r9c7",
-    "NAKED PAIR 15, cells r7c8 , r9c7",
-    "eliminato 1 from r7c7 , 1 from r8c8 , 5 from r8c8 , 5 from r9c9 , ",
-    "deleted 1 from r7c7 , 1 from r8c8 , 5 from r8c8 , 5 from r9c9 , ",
-    "COPPIA NUDA 15 , celle r7c8 , r9c7",
-    "NAKED PAIR 15 ,  cells r7c8 , r9c7",
-    " * eliminato 1 from r7c7 , 1 from r8c8 , 5 from r8c8 , 5 from r9c9 , ",
-    " * deleted 1 from r7c7 , 1 from r8c8 , 5 from r8c8 , 5 from r9c9 , ",
+const Said nakedblocklesson = {
     "DOPPIA NUDA - LIVELLO 4\r\n"
     "Se due celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi due candidati, allora "
     "possiamo eliminare i due candidati da tutte le altre celle del gruppo\r\n"
@@ -180,40 +143,39 @@ const Case nakedblock = {
     "we can delete the two candidates from any other cell of the block 9\r\n"
     "in our case we can delete them from red cells: "
     "1 from r7c7 , 1 from r8c8 , 5 from r8c8 , 5 from r9c9 , ",
-    "eliminato i numeri 1 e 5 da  r7c7 ,  r8c8 ,  r9c9 , ",
-    "deleted  numbers 1 and 5 from  r7c7 ,  r8c8 ,  r9c9 , ",
+};
+const Example nakedblock = {
+    .name = "NakedInBlock",
+    .tag = "nakedpair",
+    .level = 4,
+    .step = frmmain::nakedpair,
+    .twin = frmgenerazione::nakedpair,
+    .held = {{at(7, 8), "15"},
+             {at(9, 7), "15"},
+             {at(7, 7), "12346789"},
+             {at(7, 9), "2346789"},
+             {at(8, 7), "2346789"},
+             {at(8, 9), "2346789"},
+             {at(9, 8), "2346789"},
+             {at(9, 9), "23456789"}},
+    .taken = {{at(7, 7), "1"}, {at(8, 8), "15"}, {at(9, 9), "5"}},
+    .hint = {"COPPIA NUDA 15 nelle celle r7c8 , r9c7", "NAKED PAIR 15, cells r7c8 , r9c7"},
+    .Text2 = {{at(7, 8), "yellow"}, {at(9, 7), "yellow"}},
+    .done = {"eliminato 1 from r7c7 , 1 from r8c8 , 5 from r8c8 , 5 from r9c9 , ",
+             "deleted 1 from r7c7 , 1 from r8c8 , 5 from r8c8 , 5 from r9c9 , "},
+    .foundbystop = false,
+    .log = {{"COPPIA NUDA 15 , celle r7c8 , r9c7", "NAKED PAIR 15 ,  cells r7c8 , r9c7"},
+            {" * eliminato 1 from r7c7 , 1 from r8c8 , 5 from r8c8 , 5 from r9c9 , ",
+             " * deleted 1 from r7c7 , 1 from r8c8 , 5 from r8c8 , 5 from r9c9 , "}},
+    .lesson = {{.adds = nakedblocklesson,
+                .Text2 = {{at(7, 8), "yellow"}, {at(9, 7), "yellow"}},
+                .candidate = painted({{at(7, 7), "1"}, {at(8, 8), "15"}, {at(9, 9), "5"}}, "red"),
+                .left = painted({{at(7, 7), "1"}, {at(8, 8), "15"}, {at(9, 9), "5"}}, "red")}},
+    .closing = {"eliminato i numeri 1 e 5 da  r7c7 ,  r8c8 ,  r9c9 , ",
+                "deleted  numbers 1 and 5 from  r7c7 ,  r8c8 ,  r9c9 , "},
 };
 
-Paint greens(std::initializer_list<int> marks) {
-  Paint paint;
-  for (int mark : marks) paint[mark] = "green";
-  return paint;
-}
-
-const Case hiddenrow = {
-    "HiddenInRow",
-    "hiddenpair",
-    5,
-    {{at(5, 2), "38"},
-     {at(5, 3), "38"},
-     {at(5, 4), "38"},
-     {at(5, 5), "38"},
-     {at(5, 6), "38"},
-     {at(5, 7), "38"},
-     {at(5, 8), "38"}},
-    {{at(5, 1), "1245679"}, {at(5, 9), "1245679"}},
-    "38",
-    {},
-    greens({at(5, 1) * 10 + 3, at(5, 1) * 10 + 8, at(5, 9) * 10 + 3, at(5, 9) * 10 + 8}),
-    {},
-    "COPPIA NASCOSTA 38 nelle celle r5c1 , r5c9",
-    "HIDDEN PAIR 38, cells r5c1 , r5c9",
-    "inserito 38 in r5c1 , r5c9",
-    "entered 38 in r5c1 , r5c9",
-    "COPPIA NASCOSTA 38 nelle celle r5c1 , r5c9",
-    "HIDDEN PAIR 38, cells r5c1 , r5c9",
-    " * inserito 38 in r5c1 , r5c9",
-    " * entered 38 in r5c1 , r5c9",
+const Said hiddenrowlesson = {
     "DOPPIA NASCOSTA - LIVELLO 5\r\n"
     "Se in due celle di un gruppo (settore riga o colonna) è contenuta una coppia identica di candidati e nessuna "
     "altra cella del gruppo contiene i due candidati, allora possiamo escludere tutti gli altri candidati da "
@@ -235,35 +197,35 @@ const Case hiddenrow = {
     "and the other must contain 8 or vice versa\r\n"
     "we can delete from the 2 cells  \r\n"
     "any other candidate different from  3 and 8",
-    "rimossi extra numeri da  r5c1 r5c9",
-    "deleted extra cendidates from  r5c1 r5c9",
+};
+const Example hiddenrow = {
+    .name = "HiddenInRow",
+    .tag = "hiddenpair",
+    .level = 5,
+    .step = frmmain::hiddenpair,
+    .twin = frmgenerazione::hiddenpair,
+    .held = {{at(5, 2), "1245679"},
+             {at(5, 3), "1245679"},
+             {at(5, 4), "1245679"},
+             {at(5, 5), "1245679"},
+             {at(5, 6), "1245679"},
+             {at(5, 7), "1245679"},
+             {at(5, 8), "1245679"}},
+    .taken = {{at(5, 1), "1245679"}, {at(5, 9), "1245679"}},
+    .number = "38",
+    .hint = {"COPPIA NASCOSTA 38 nelle celle r5c1 , r5c9", "HIDDEN PAIR 38, cells r5c1 , r5c9"},
+    .candidate = painted({{at(5, 1), "38"}, {at(5, 9), "38"}}, "green"),
+    .narrowed = true,
+    .done = {"inserito 38 in r5c1 , r5c9", "entered 38 in r5c1 , r5c9"},
+    .foundbystop = false,
+    .log = {{"COPPIA NASCOSTA 38 nelle celle r5c1 , r5c9", "HIDDEN PAIR 38, cells r5c1 , r5c9"},
+            {" * inserito 38 in r5c1 , r5c9", " * entered 38 in r5c1 , r5c9"}},
+    .lesson = {{.adds = hiddenrowlesson,
+                .candidate = painted({{at(5, 1), "38"}, {at(5, 9), "38"}}, "green")}},
+    .closing = {"rimossi extra numeri da  r5c1 r5c9", "deleted extra cendidates from  r5c1 r5c9"},
 };
 
-const Case hiddencolumn = {
-    "HiddenInColumn",
-    "hiddenpair",
-    5,
-    {{at(1, 4), "16"},
-     {at(3, 4), "16"},
-     {at(4, 4), "16"},
-     {at(6, 4), "16"},
-     {at(7, 4), "16"},
-     {at(8, 4), "16"},
-     {at(9, 4), "16"},
-     {at(2, 4), "2345789"}},  // one of the two cells is bare already
-    {{at(5, 4), "2345789"}},
-    "16",
-    {},
-    greens({at(2, 4) * 10 + 1, at(2, 4) * 10 + 6, at(5, 4) * 10 + 1, at(5, 4) * 10 + 6}),
-    {},
-    "COPPIA NASCOSTA 16 nelle celle r2c4 , r5c4",
-    "HIDDEN PAIR 16, cells r2c4 , r5c4",
-    "inserito 16 in r2c4 , r5c4",
-    "entered 16 in r2c4 , r5c4",
-    "COPPIA NASCOSTA 16 nelle celle r2c4 , r5c4",
-    "HIDDEN PAIR 16, cells r2c4 , r5c4",
-    " * inserito 16 in r2c4 , r5c4",
-    " * entered 16 in r2c4 , r5c4",
+const Said hiddencolumnlesson = {
     "DOPPIA NASCOSTA - LIVELLO 5\r\n"
     "Se in due celle di un gruppo (settore riga o colonna) è contenuta una coppia identica di candidati e nessuna "
     "altra cella del gruppo contiene i due candidati, allora possiamo escludere tutti gli altri candidati da "
@@ -285,35 +247,37 @@ const Case hiddencolumn = {
     "and the other must contain 6 or vice versa\r\n"
     "we can delete from the 2 cells  \r\n"
     "any other candidate different from  1 and 6",
-    "rimossi extra numeri da  r2c4 r5c4",
-    "deleted extra cendidates from  r2c4 r5c4",
+};
+const Example hiddencolumn = {
+    .name = "HiddenInColumn",
+    .tag = "hiddenpair",
+    .level = 5,
+    .step = frmmain::hiddenpair,
+    .twin = frmgenerazione::hiddenpair,
+    .held = {{at(1, 4), "2345789"},
+             {at(3, 4), "2345789"},
+             {at(4, 4), "2345789"},
+             {at(6, 4), "2345789"},
+             {at(7, 4), "2345789"},
+             {at(8, 4), "2345789"},
+             {at(9, 4), "2345789"},
+             {at(2, 4), "16"}},
+    .taken =  // one of the two cells is bare already
+    {{at(5, 4), "2345789"}},
+    .number = "16",
+    .hint = {"COPPIA NASCOSTA 16 nelle celle r2c4 , r5c4", "HIDDEN PAIR 16, cells r2c4 , r5c4"},
+    .candidate = painted({{at(2, 4), "16"}, {at(5, 4), "16"}}, "green"),
+    .narrowed = true,
+    .done = {"inserito 16 in r2c4 , r5c4", "entered 16 in r2c4 , r5c4"},
+    .foundbystop = false,
+    .log = {{"COPPIA NASCOSTA 16 nelle celle r2c4 , r5c4", "HIDDEN PAIR 16, cells r2c4 , r5c4"},
+            {" * inserito 16 in r2c4 , r5c4", " * entered 16 in r2c4 , r5c4"}},
+    .lesson = {{.adds = hiddencolumnlesson,
+                .candidate = painted({{at(2, 4), "16"}, {at(5, 4), "16"}}, "green")}},
+    .closing = {"rimossi extra numeri da  r2c4 r5c4", "deleted extra cendidates from  r2c4 r5c4"},
 };
 
-const Case hiddenblock = {
-    "HiddenInBlock",
-    "hiddenpair",
-    5,
-    {{at(7, 2), "59"},
-     {at(7, 3), "59"},
-     {at(8, 1), "59"},
-     {at(8, 2), "59"},
-     {at(8, 3), "59"},
-     {at(9, 1), "59"},
-     {at(9, 2), "59"},
-     {at(9, 3), "1234678"}},  // the other of the two
-    {{at(7, 1), "1234678"}},
-    "59",
-    {},
-    greens({at(7, 1) * 10 + 5, at(7, 1) * 10 + 9, at(9, 3) * 10 + 5, at(9, 3) * 10 + 9}),
-    {},
-    "COPPIA NASCOSTA 59 nelle celle r7c1 , r9c3",
-    "HIDDEN PAIR 59, cells r7c1 , r9c3",
-    "inserito 59 in r7c1 , r9c3",
-    "entered 59 in r7c1 , r9c3",
-    "COPPIA NASCOSTA 59 nelle celle r7c1 , r9c3",
-    "HIDDEN PAIR 59, cells r7c1 , r9c3",
-    " * inserito 59 in r7c1 , r9c3",
-    " * entered 59 in r7c1 , r9c3",
+const Said hiddenblocklesson = {
     "DOPPIA NASCOSTA - LIVELLO 5\r\n"
     "Se in due celle di un gruppo (settore riga o colonna) è contenuta una coppia identica di candidati e nessuna "
     "altra cella del gruppo contiene i due candidati, allora possiamo escludere tutti gli altri candidati da "
@@ -335,227 +299,46 @@ const Case hiddenblock = {
     "and the other must contain 9 or vice versa\r\n"
     "we can delete from the 2 cells  \r\n"
     "any other candidate different from  5 and 9",
-    "rimossi extra numeri da  r7c1 r9c3",
-    "deleted extra cendidates from  r7c1 r9c3",
+};
+const Example hiddenblock = {
+    .name = "HiddenInBlock",
+    .tag = "hiddenpair",
+    .level = 5,
+    .step = frmmain::hiddenpair,
+    .twin = frmgenerazione::hiddenpair,
+    .held = {{at(7, 2), "1234678"},
+             {at(7, 3), "1234678"},
+             {at(8, 1), "1234678"},
+             {at(8, 2), "1234678"},
+             {at(8, 3), "1234678"},
+             {at(9, 1), "1234678"},
+             {at(9, 2), "1234678"},
+             {at(9, 3), "59"}},
+    .taken =  // the other of the two
+    {{at(7, 1), "1234678"}},
+    .number = "59",
+    .hint = {"COPPIA NASCOSTA 59 nelle celle r7c1 , r9c3", "HIDDEN PAIR 59, cells r7c1 , r9c3"},
+    .candidate = painted({{at(7, 1), "59"}, {at(9, 3), "59"}}, "green"),
+    .narrowed = true,
+    .done = {"inserito 59 in r7c1 , r9c3", "entered 59 in r7c1 , r9c3"},
+    .foundbystop = false,
+    .log = {{"COPPIA NASCOSTA 59 nelle celle r7c1 , r9c3", "HIDDEN PAIR 59, cells r7c1 , r9c3"},
+            {" * inserito 59 in r7c1 , r9c3", " * entered 59 in r7c1 , r9c3"}},
+    .lesson = {{.adds = hiddenblocklesson,
+                .candidate = painted({{at(7, 1), "59"}, {at(9, 3), "59"}}, "green")}},
+    .closing = {"rimossi extra numeri da  r7c1 r9c3", "deleted extra cendidates from  r7c1 r9c3"},
 };
 
-void expectnopaint() {
-  const Frame now = look();
-  EXPECT_EQ(now.Text1, Paint{});
-  EXPECT_EQ(now.Text2, Paint{});
-  EXPECT_EQ(now.candidate, Paint{});
-}
+EXAMPLES(Pairs, &nakedrow, &nakedcolumn, &nakedblock, &hiddenrow, &hiddencolumn, &hiddenblock);
 
-class EachPair : public Program, public testing::WithParamInterface<std::tuple<const Case*, int>> {
- protected:
-  EachPair() {
-    speak(std::get<int>(GetParam()));
-    put(emptyboard);
-    take(one().takenbefore);
-    before = theboard();
-    take(one().takenbystep);
-    after = theboard();
-    put(emptyboard);
-    take(one().takenbefore);
-  }
-  void take(const Taken& taken) {
-    for (const auto& [cell, digits] : taken) eliminate(cell, digits);
-  }
-  static const Case& one() { return *std::get<const Case*>(GetParam()); }
-  static const std::string& in(const std::string& it, const std::string& en) {
-    return std::get<int>(GetParam()) == italian ? it : en;
-  }
-  static bool naked() { return one().level == 4; }
-  static void step() { naked() ? frmmain::nakedpair() : frmmain::hiddenpair(); }
-  static void twin() { naked() ? frmgenerazione::nakedpair() : frmgenerazione::hiddenpair(); }
-
-  /// The board at the wait: a hidden pair has narrowed its masks by then, and nothing else.
-  Board waiting() const {
-    Board board = before;
-    if (!naked()) board.candmask = after.candmask;
-    return board;
-  }
-  Frame shownframe() const {
-    return {.tag = one().tag,
-            .hint = in(one().hintit, one().hinten),
-            .number = one().number,
-            .activity = {},
-            .Text1 = {},
-            .Text2 = one().Text2,
-            .candidate = one().candidate};
-  }
-  Frame arguedframe() const {
-    Frame frame = shownframe();
-    frame.activity = in(one().lessonit, one().lessonen);
-    frame.candidate.insert(one().argued.begin(), one().argued.end());
-    return frame;
-  }
-  std::string loglines() const {
-    return "\r\n" + in(one().headit, one().headen) + "\r\n" + in(one().detailit, one().detailen);
-  }
-
-  Board before, after;
-};
-
-TEST_P(EachPair, IsTheNextStepShowsThePairAndOnGoActs) {
-  player.script = {[&] { EXPECT_EQ(theboard(), waiting()); }, go};
-  player.event(mnuposition_Click);
-  ASSERT_EQ(player.frames.size(), 2u);
-  EXPECT_EQ(player.frames[0], shownframe());
-  EXPECT_EQ(theboard(), after);
-  EXPECT_EQ(frmmain::txthint.text, in(one().doneit, one().doneen));
-  for (int cell = 0; cell < 81; ++cell) EXPECT_EQ(visiblemarks(cell), candstr(cell));
-  EXPECT_TRUE(foundflag);
-  expectnopaint();
-}
-
-TEST_P(EachPair, AStopLeavesFoundflagAndAllButTheMasksOfAHiddenPair) {
-  foundflag = true;
-  player.script = {stop};
-  player.event(step);
-  ASSERT_EQ(player.frames.size(), 1u);
-  EXPECT_EQ(theboard(), waiting());
-  EXPECT_EQ(frmmain::txthint.text, in(one().hintit, one().hinten));
-  for (int cell = 0; cell < 81; ++cell) EXPECT_EQ(visiblemarks(cell), candstr(cell));
-  EXPECT_FALSE(foundflag);
-  expectnopaint();
-}
-
-TEST_P(EachPair, TwinLogsCountsAndActsWithoutABox) {
-  frmmain::txthint.text = frmmain::Text5.text = steptag = "as it was";
-  twin();
-  EXPECT_EQ(Frmlog::Text3.text, loglines());
-  EXPECT_EQ(logcount, 2);
-  EXPECT_EQ(logvalues(1), std::string(81, '0'));
-  std::string commas;
-  for (int mask : before.candmask) commas += std::to_string(mask) + ",";
-  EXPECT_EQ(logcands(1), commas);
-  EXPECT_EQ(logcands(2), "");
-  EXPECT_EQ(runninglevel, one().level);
-  for (int level = 1; level <= 21; ++level) EXPECT_EQ(levelcount(level), level == one().level ? 1 : 0);
-  EXPECT_TRUE(foundflag);
-  EXPECT_EQ(theboard(), after);
-  EXPECT_EQ(frmmain::txthint.text, "as it was");
-  EXPECT_EQ(frmmain::Text5.text, "as it was");
-  EXPECT_EQ(steptag, "as it was");
-  for (int cell = 0; cell < 81; ++cell) {
-    const std::string& boardbefore = before.candstr[static_cast<std::size_t>(cell)];
-    EXPECT_EQ(visiblemarks(cell), boardbefore);
-  }
-  expectnopaint();
-}
-
-TEST_P(EachPair, TwinInALongJobWritesBothLinesButCountsTheDetailAlone) {
-  const Job job("genera");
-  runninglevel = 7;
-  twin();
-  EXPECT_EQ(Frmlog::Text3.text, loglines());
-  EXPECT_EQ(logcount, 1);
-  EXPECT_EQ(logcands(0), "");
-  EXPECT_EQ(logcands(1), "");
-  EXPECT_EQ(runninglevel, 7);
-  EXPECT_EQ(levelcount(one().level), 1);
-}
-
-TEST_P(EachPair, ExplanationArguesAndItsGoCarriesTheStepOut) {
-  player.script = {help, go};
-  player.event(mnuposition_Click);
-  ASSERT_EQ(player.frames.size(), 2u);
-  EXPECT_EQ(player.frames[1], arguedframe());
-  EXPECT_FALSE(frmactivity::visible);
-  EXPECT_EQ(theboard(), after);
-  EXPECT_EQ(frmmain::txthint.text, in(one().doneit, one().doneen));
-  expectnopaint();
-}
-
-TEST_P(EachPair, ExplanationClosesWithItsCellsAndAWhiteBoard) {
-  player.script = {[&] {
-                     help();
-                     EXPECT_EQ(frmmain::txthint.text, in(one().closeit, one().closeen));
-                     EXPECT_EQ(theboard(), waiting());
-                     expectnopaint();
-                   },
-                   go};
-  player.event(step);
-  EXPECT_TRUE(player.script.empty());
-}
-
-TEST_P(EachPair, AStopInTheExplanationStopsTheStepAndLeavesTheWindowOpen) {
-  player.script = {help, stop};
-  player.event(step);
-  ASSERT_EQ(player.frames.size(), 2u);
-  EXPECT_TRUE(frmactivity::visible);
-  EXPECT_EQ(look().candidate, one().argued);
-  EXPECT_EQ(look().Text2, Paint{});
-  EXPECT_EQ(theboard(), waiting());
-  EXPECT_FALSE(foundflag);
-}
-
-INSTANTIATE_TEST_SUITE_P(Kinds, EachPair,
-                         testing::Combine(testing::Values(&nakedrow, &nakedcolumn, &nakedblock, &hiddenrow,
-                                                          &hiddencolumn, &hiddenblock),
-                                          testing::Values(english, italian)),
-                         [](auto& p) {
-                           return std::string(std::get<0>(p.param)->name) +
-                                  (std::get<1>(p.param) == english ? "English" : "Italian");
-                         });
-
-// ---- what is found, and in which order
-// ----------------------------------------------------------------------
+// ---- what is found, and in which order --------------------------------------------------------------------
 
 class Pairs : public Program {
  protected:
   Pairs() { put(emptyboard); }
 
-  void leave(int cell, const std::string& digits) {
-    for (char digit = '1'; digit <= '9'; ++digit)
-      if (digits.find(digit) == std::string::npos && hascandidate(cell, digit - '0'))
-        eliminate(cell, std::string(1, digit));
-  }
-  /// Takes digits from cells that still have them.
-  void take(const std::string& digits, const std::vector<int>& from) {
-    for (int cell : from)
-      for (char digit : digits)
-        if (hascandidate(cell, digit - '0')) eliminate(cell, std::string(1, digit));
-  }
-
-  /// The hint of the one wait, or nothing.
-  std::string step(void (*routine)(), const Act& answer = go) {
-    player.script = {answer};
-    player.frames.clear();
-    player.event(routine);
-    return player.frames.empty() ? "" : player.frames[0].hint;
-  }
-  /// What a twin logs.
-  static std::string logged(void (*twin)()) {
-    Frmlog::Text3.text.clear();
-    twin();
-    return Frmlog::Text3.text;
-  }
+  std::string step(void (*routine)(), const Act& answer = go) { return hintof(player, routine, answer); }
 };
-
-// 1-based, as they are read to the user
-std::vector<int> row(int number, std::initializer_list<int> but = {}) {
-  std::vector<int> found;
-  for (int p = 1; p <= 9; ++p)
-    if (std::find(but.begin(), but.end(), p) == but.end()) found.push_back(at(number, p));
-  return found;
-}
-std::vector<int> column(int number, std::initializer_list<int> but = {}) {
-  std::vector<int> found;
-  for (int p = 1; p <= 9; ++p)
-    if (std::find(but.begin(), but.end(), p) == but.end()) found.push_back(at(p, number));
-  return found;
-}
-/// The cells of a block but two.
-std::vector<int> block(int number, int but1, int but2) {
-  std::vector<int> found;
-  for (int p = 0; p < 9; ++p) {
-    const int cell = at((number - 1) / 3 * 3 + p / 3 + 1, (number - 1) % 3 * 3 + p % 3 + 1);
-    if (cell != but1 && cell != but2) found.push_back(cell);
-  }
-  return found;
-}
 
 TEST_F(Pairs, ThereAreNoneOnAnEmptyBoard) {
   foundflag = true;
@@ -599,7 +382,7 @@ TEST_F(Pairs, TwoCellsThatShareNoHouseAreNoNakedPair) {
 TEST_F(Pairs, WithNothingToDeleteTheSearchGoesOnWithTheNextHouseThenTheNextCell) {
   leave(at(1, 1), "47");
   leave(at(1, 2), "47");
-  take("47", row(1, {1, 2}));
+  take("47", row(1, {at(1, 1), at(1, 2)}));
   leave(at(8, 5), "23");
   leave(at(8, 9), "23");
   take("47", {at(2, 1), at(2, 2), at(2, 3), at(3, 1), at(3, 2)});
@@ -631,14 +414,14 @@ TEST_F(Pairs, OneOfThreeEqualCellsLosesBothDigitsToTheFirstTwo) {
   leave(at(4, 1), "47");
   leave(at(4, 4), "47");
   leave(at(4, 7), "47");
-  take("47", row(4, {1, 4, 7}));
+  take("47", row(4, {at(4, 1), at(4, 4), at(4, 7)}));
   EXPECT_EQ(step(frmmain::nakedpair), "NAKED PAIR 47, cells r4c1 , r4c4");
   EXPECT_EQ(frmmain::txthint.text, "deleted 4 from r4c7 , 7 from r4c7 , ");
   EXPECT_EQ(candmask(at(4, 7)), 0);
 }
 
 TEST_F(Pairs, ATypedPairKeepsTheOrderOfItsDigits) {
-  take("47", row(1, {2, 5, 7}));
+  take("47", row(1, {at(1, 2), at(1, 5), at(1, 7)}));
   leave(at(1, 7), "47");
   modificacandidati = true;
   writetext2(at(1, 2), "74");
@@ -648,7 +431,7 @@ TEST_F(Pairs, ATypedPairKeepsTheOrderOfItsDigits) {
 }
 
 TEST_F(Pairs, ASignThatIsNoDigitStandsForNone) {
-  take("4", row(1, {2, 5, 7}));
+  take("4", row(1, {at(1, 2), at(1, 5), at(1, 7)}));
   leave(at(1, 7), "4");
   modificacandidati = true;
   writetext2(at(1, 2), "4.");
@@ -672,12 +455,12 @@ TEST_F(Pairs, ACellWithoutCandidatesIsNoNakedPairWhateverItsTextSays) {
 }
 
 TEST_F(Pairs, HiddenPairsGoByTheirDigitsThenRowsColumnsBlocks) {
-  take("89", row(1, {2, 8}));
-  take("12", block(9, at(7, 7), at(9, 9)));
-  take("12", column(2, {5, 9}));
-  take("12", column(1, {5, 9}));
-  take("12", row(6, {3, 9}));
-  take("13", row(3, {5, 9}));
+  take("89", row(1, {at(1, 2), at(1, 8)}));
+  take("12", block(9, {at(7, 7), at(9, 9)}));
+  take("12", column(2, {at(5, 2), at(9, 2)}));
+  take("12", column(1, {at(5, 1), at(9, 1)}));
+  take("12", row(6, {at(6, 3), at(6, 9)}));
+  take("13", row(3, {at(3, 5), at(3, 9)}));
   const char* const expected[] = {
       "HIDDEN PAIR 12, cells r6c3 , r6c9",
       "HIDDEN PAIR 12, cells r5c1 , r9c1",
@@ -691,37 +474,37 @@ TEST_F(Pairs, HiddenPairsGoByTheirDigitsThenRowsColumnsBlocks) {
 }
 
 TEST_F(Pairs, LowDigitsInABlockComeBeforeHighDigitsInARow) {
-  take("89", row(1, {2, 8}));
-  take("12", block(9, at(7, 7), at(9, 9)));
+  take("89", row(1, {at(1, 2), at(1, 8)}));
+  take("12", block(9, {at(7, 7), at(9, 9)}));
   EXPECT_EQ(step(frmmain::hiddenpair), "HIDDEN PAIR 12, cells r7c7 , r9c9");
   EXPECT_EQ(step(frmmain::hiddenpair), "HIDDEN PAIR 89, cells r1c2 , r1c8");
 }
 
 TEST_F(Pairs, TwoDigitsWithThreePlacesOrWithOtherPlacesAreNoHiddenPair) {
-  take("12", row(1, {2, 5, 8}));
-  take("3", row(4, {2, 8}));
-  take("4", row(4, {2, 9}));
-  take("5", row(4, {2}));
-  take("6", row(4, {2}));
+  take("12", row(1, {at(1, 2), at(1, 5), at(1, 8)}));
+  take("3", row(4, {at(4, 2), at(4, 8)}));
+  take("4", row(4, {at(4, 2), at(4, 9)}));
+  take("5", row(4, {at(4, 2)}));
+  take("6", row(4, {at(4, 2)}));
   EXPECT_EQ(step(frmmain::hiddenpair), "");
   EXPECT_EQ(logged(frmgenerazione::hiddenpair), "");
 }
 
 TEST_F(Pairs, ABareHiddenPairIsPassedOver) {
-  take("89", row(1, {2, 8}));
+  take("89", row(1, {at(1, 2), at(1, 8)}));
   leave(at(1, 2), "89");
   leave(at(1, 8), "89");
   EXPECT_EQ(step(frmmain::hiddenpair), "");
   EXPECT_FALSE(foundflag);
   EXPECT_EQ(logged(frmgenerazione::hiddenpair), "");
-  take("29", column(9, {3, 4}));
+  take("29", column(9, {at(3, 9), at(4, 9)}));
   EXPECT_EQ(logged(frmgenerazione::hiddenpair),
             "\r\nHIDDEN PAIR 29, cells r3c9 , r4c9\r\n * entered 29 in r3c9 , r4c9");
 }
 
 TEST_F(Pairs, AStoppedHiddenPairStaysNarrowedAndIsPassedOver) {
-  take("12", row(1, {2, 8}));
-  take("34", row(9, {2, 8}));
+  take("12", row(1, {at(1, 2), at(1, 8)}));
+  take("34", row(9, {at(9, 2), at(9, 8)}));
   EXPECT_EQ(step(frmmain::hiddenpair, stop), "HIDDEN PAIR 12, cells r1c2 , r1c8");
   EXPECT_FALSE(foundflag);
   EXPECT_EQ(candmask(at(1, 2)), 2 + 4);
@@ -738,7 +521,7 @@ TEST_F(Pairs, AStoppedHiddenPairStaysNarrowedAndIsPassedOver) {
 }
 
 TEST_F(Pairs, AfterAStoppedPairTheLadderGoesOn) {
-  take("47", row(9, {2, 8}));
+  take("47", row(9, {at(9, 2), at(9, 8)}));
   leave(at(5, 2), "36");
   leave(at(5, 8), "36");
   player.script = {stop, go};
@@ -761,7 +544,7 @@ TEST_F(Pairs, AStepKeepsItsCellItsHouseAndAHiddenPairItsDigit) {
   step(frmmain::nakedpair);
   EXPECT_EQ(curcell, at(2, 4));
   EXPECT_EQ(curcol, 3);
-  take("47", block(9, at(7, 8), at(9, 9)));
+  take("47", block(9, {at(7, 8), at(9, 9)}));
   step(frmmain::hiddenpair);
   EXPECT_EQ(curcell, at(7, 8));
   EXPECT_EQ(curblock, 8);
@@ -773,15 +556,13 @@ TEST_F(Pairs, GradingInAnOpenWaitDoesNotChangeWhatIsExplained) {
   leave(at(5, 8), "36");
   leave(at(8, 2), "19");
   leave(at(8, 8), "19");
-  take("47", row(9, {2, 8}));
+  take("47", row(9, {at(9, 2), at(9, 8)}));
   const std::vector<int> open = masks();
   const auto grade = [&] {
     frmgenerazione::nakedpair();
     frmgenerazione::nakedpair();
     frmgenerazione::hiddenpair();
-    for (int cell = 0; cell < 81; ++cell) candmask(cell) = open[static_cast<std::size_t>(cell)];
-    rebuildcandstr();
-    rebuildpositions();
+    putmasks(open);
   };
   player.script = {grade, help, stop};
   player.event(frmmain::nakedpair);
