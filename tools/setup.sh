@@ -10,6 +10,7 @@ set -euo pipefail
 
 declare -A groups=(
   [build]="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libfmt-dev libcli11-dev nlohmann-json3-dev
+           libsqlitecpp-dev libsqlite3-dev mdbtools-dev pkgconf
            fonts-liberation fonts-comic-neue"
   [test]="libgtest-dev libbenchmark-dev librapidcheck-dev xz-utils clang-format-14 shellcheck"
   [screen]="xvfb openbox xdotool imagemagick dbus-daemon at-spi2-core gir1.2-atspi-2.0

@@ -21,6 +21,8 @@ inline constinit bool libraryrecordopen = false;
 
 /// Each act throws LibraryFailure when the store can't do it.
 struct Cursor {
+  /// Makes sure that the library can be used, and tells once what its opening has to tell.
+  std::function<void()> need = [] {};
   /// Makes the records of a query, in its order, the cursor's records, and shows the first.
   std::function<void(const std::string& sql)> query = [](const std::string&) {};
   std::function<void()> movelast = [] {};

@@ -6,6 +6,7 @@
 #include "gradestate.h"
 #include "library.h"
 #include "step.h"
+#include "tables.h"
 #include "words.h"
 
 namespace gradino {
@@ -65,6 +66,17 @@ std::string detailtext() {
   return text;
 }
 
+/// The record on show may be another than the puzzle on the board: the browser stays usable, and a puzzle can
+/// be changed and saved.
+bool recordisboard() {
+  const std::string& stringa = frmmain::txtstringa.text;
+  for (std::size_t cell = 0; cell < cells; ++cell) {
+    const std::string& digit = givens(static_cast<int>(cell));
+    if (cell >= stringa.size() || stringa[cell] != (digit.empty() ? '.' : digit.front())) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 void messaggiolivello() {
@@ -83,7 +95,7 @@ void messaggiolivello() {
   frmmain::txtlivello1.text = dettaglio;
   frmmain::txtlivello.text = inlanguage(levels.at(static_cast<std::size_t>(runninglevel)).name);
 
-  if (libraryrecordopen) {
+  if (libraryrecordopen && recordisboard()) {
     Data1.edit();
     frmmain::testolivello.text = std::to_string(runninglevel);
     frmmain::txttotale.text = std::to_string(difficolta);

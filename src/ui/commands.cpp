@@ -1,7 +1,9 @@
 #include "commands.h"
 
+#include "browser.h"
 #include "bug.h"
 #include "colouring.h"
+#include "continuous.h"
 #include "counter.h"
 #include "editing.h"
 #include "files.h"
@@ -90,7 +92,7 @@ const MenuRow menutable[] = {
     {&mnusave,       false, {"Salva", "Save"},                                  mnusave_Click},
     {&mnunew,        false, {"Nuovo", "New blank"},                             mnunew_Click},
     {&mnuprint,      false, {"Stampa", "Print"},                                mnuprint_Click},
-    {&mnulibreria,   false, {"Libreria", "Open library"},                       nullptr},
+    {&mnulibreria,   false, {"Libreria", "Open library"},                       mostralibreria},
     {&mnuview,       true,  {"Visualizza", "View"},                             nullptr},
     {&mnupencil,     false, {"Mostra candidati", "Show pencil marks"},          mnupencil_Click},
     {&mnurefresh,    false, {"Rigenera candidati", "Refresh pencil marks"},     mnurefresh_Click},
@@ -118,7 +120,7 @@ const MenuRow menutable[] = {
 const KeyRow toolbar2table[] = {
     {&Toolbar2::open,       "open",        "Open",   {"apri", "open"},                                run<mnuopen_Click>},
     {&Toolbar2::anew,       "new",         "New",    {"nuovo", "new"},                                run<mnunew_Click>},
-    {&Toolbar2::libreria,   "libreria",    "",       {"libreria", "library"},                         nullptr},
+    {&Toolbar2::libreria,   "libreria",    "",       {"libreria", "library"},                         run<mostralibreria>},
     {&Toolbar2::save,       "save",        "",       {"salva", "save"},                               savekey},
     {&Toolbar2::print,      "print",       "",       {"stampa", "print"},                             run<mnuprint_Click>},
     {nullptr,               "",            "",       {},                                              nullptr},
@@ -127,7 +129,7 @@ const KeyRow toolbar2table[] = {
     {&Toolbar2::undo,       "undo",        "",       {"rigenera schema", "from scratch"},             run<restoregivens>},
     {nullptr,               "",            "",       {},                                              nullptr},
     {&Toolbar2::genera,     "genera",      "",       {"generatore", "generator"},                     run<nuovoschema>},
-    {&Toolbar2::continuo,   "continuo",    "",       {"generatore continuo", "continuous generator"}, nullptr},
+    {&Toolbar2::continuo,   "continuo",    "",       {"generatore continuo", "continuous generator"}, run<genera_e_conta>},
     {nullptr,               "",            "",       {},                                              nullptr},
 };
 

@@ -1,12 +1,14 @@
 #include "startup.h"
 
 #include "boxes.h"
+#include "browser.h"
 #include "captions.h"
 #include "clock.h"
 #include "counter.h"
 #include "editing.h"
 #include "freshforms.h"
 #include "grader.h"
+#include "librarycursor.h"
 #include "replay.h"
 #include "singles.h"
 #include "tables.h"
@@ -23,7 +25,12 @@ void startprogram() {
   freshcounter();
   cellacliccata = navcell = 0;
   freshclock();
+  freshbrowser();
 
+  if (apppath.empty())
+    closelibrary();
+  else
+    openlibrary(libraryplace(apppath));
   buildtables();
   lingua = italian;  // the switch toggles: every run starts in English
   cmdlan_Click();

@@ -55,17 +55,21 @@ void drawart(QPainter& painter, const QRectF& place, const QString& name) {
   picture->render(&painter, place);
 }
 
-QIcon programicon() {
+QIcon articon(const QString& name) {
   QIcon icon;
   for (const int size : {16, 32, 48, 64, 128}) {
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    drawart(painter, pixmap.rect(), "gradino");
+    drawart(painter, pixmap.rect(), name);
     painter.end();
     icon.addPixmap(pixmap);
   }
   return icon;
+}
+
+QIcon programicon() {
+  return articon("gradino");
 }
 
 }  // namespace gradino

@@ -34,6 +34,9 @@ void setcolours(QWidget& widget, const QColor& ground, const QColor& text);
 /// Draws a picture of the artwork by its name, as "light/go"; sharp at every scale of the screen.
 void drawart(QPainter& painter, const QRectF& place, const QString& name);
 
+/// The same as an icon, in the sizes that screens ask for.
+QIcon articon(const QString& name);
+
 /// The program's own icon.
 QIcon programicon();
 

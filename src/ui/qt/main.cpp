@@ -14,6 +14,7 @@ int main(int, char** argv) {
   // The file dialog of the toolkit would leave a settings file.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 
+  gradino::apppath = QApplication::applicationDirPath().toStdString();
   gradino::startprogram();
   gradino::MainWindow window;
   window.show();

@@ -74,6 +74,8 @@ void MainWindow::mirror() {
   menus_->mirror();
   log_.mirror();
   activity_.mirror();
+  generator_.mirror();
+  library_.mirror();
   if (timer2on == timer2_.isActive()) return;
   if (timer2on) {
     timer2_.start();

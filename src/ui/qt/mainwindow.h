@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "cellboxes.h"
+#include "librarywindow.h"
 #include "panel.h"
 #include "smallwindows.h"
 #include "toolbars.h"
@@ -32,6 +33,8 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<Menus> menus_;
   LogWindow log_;
   ActivityWindow activity_;
+  GeneratorWindow generator_;
+  LibraryWindow library_;
   QTimer timer2_;
 };
 

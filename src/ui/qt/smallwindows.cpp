@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QScreen>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QVBoxLayout>
 
@@ -14,7 +15,8 @@
 namespace gradino {
 namespace {
 
-constexpr QSize logsize{560, 420};
+constexpr QSize logsize{560, 420}, generatorsize{260, 420};
+constexpr int listedlines = 1000;  ///< of the generator's list: a run lasts for hours
 
 /// What the window manager will put around a window: not known before it was shown once.
 constexpr QSize unseenframe{12, 40};
@@ -116,6 +118,42 @@ void ActivityWindow::place() {
 void ActivityWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   onevent([] { frmactivity::visible = false; });
+}
+
+GeneratorWindow::GeneratorWindow() : text_(new QPlainTextEdit(this)) {
+  setObjectName("frmgeneratore");
+  filltext(*this, *text_);
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  resize(generatorsize);
+}
+
+void GeneratorWindow::mirror() {
+  settitle(*this, *text_, frmgeneratore::caption);
+  if (shown_.size() != frmgeneratore::Text1.text.size()) showlist();
+  if (frmgeneratore::visible == isVisible()) return;
+  setVisible(frmgeneratore::visible);
+}
+
+// The list only grows at its top, or begins anew.
+void GeneratorWindow::showlist() {
+  const std::string& text = frmgeneratore::Text1.text;
+  if (!text.ends_with(shown_)) {
+    text_->clear();
+    shown_.clear();
+  }
+  QTextCursor cursor(text_->document());
+  cursor.insertText(QString::fromStdString(text.substr(0, text.size() - shown_.size())));
+  if (text_->blockCount() > listedlines) {
+    cursor.setPosition(text_->document()->findBlockByNumber(listedlines).position());
+    cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+  }
+  shown_ = text;
+}
+
+void GeneratorWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  onevent([] { frmgeneratore::visible = false; });
 }
 
 }  // namespace gradino

@@ -41,4 +41,20 @@ class ActivityWindow : public QWidget {
   std::optional<std::string> shown_;
 };
 
+/// frmgeneratore: the list of what the continuous generator has made, newest on top.
+class GeneratorWindow : public QWidget {
+ public:
+  GeneratorWindow();
+  void mirror();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void showlist();
+
+  QPlainTextEdit* text_;
+  std::string shown_;
+};
+
 }  // namespace gradino

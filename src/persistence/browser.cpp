@@ -1,0 +1,248 @@
+#include "browser.h"
+
+#include <string>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "counter.h"
+#include "files.h"
+#include "grader.h"
+#include "gradestate.h"
+#include "grid.h"
+#include "host.h"
+#include "library.h"
+#include "replay.h"
+#include "tables.h"
+
+namespace gradino {
+
+using namespace frmlivello;
+
+namespace {
+
+constexpr const char* levelquery =
+    "SELECT schema.* FROM [schema] WHERE (((schema.livello)={}))ORDER BY schema.difficolta DESC";
+
+// In one language only.
+constexpr const char* outofrange = "record fuori dal campo";
+constexpr const char* several = "more then 1 solution";
+constexpr const char* loaded = "Level {}, puzzle {}";
+constexpr const char* total = " tot. {}";
+
+constexpr Words title = {"Selezione Livello", "Select Level"};
+
+struct LabelWords {
+  Box* label;
+  Words words;
+};
+// clang-format off
+const LabelWords labelwords[] = {
+    {&Label12, {"La libreria contiene",                       "The library contains"}},
+    {&Label13, {"schemi         schema selezionato",          "puzzles           puzzle selected"}},
+    {&Label15, {"dettaglio",                                  "detail"}},
+    {&Label14, {"difficoltà",                                 "difficulty"}},
+    {&Label20, {"Schemi ordinati per difficoltà decrescente", "Puzzles ordered by decreasing difficulty"}},
+    {&frmlivello::Label1, {"schema nr.",                      "grid  id "}},
+};
+
+// From level 12 on the Italian names begin with the English word.
+constexpr Words levelnames[] = {
+    {"Livello 0 - BANALE- numeri obbligati dalla posizione dei simili",
+     "Level 0 - VERY EASY- numbers forced by position of similar"},
+    {"Livello 1 - FACILE - Hidden Single , Unica cella che può contenere un numero",
+     "Level 1 - EASY - Hidden Single , unique cell that can contain a number"},
+    {"Livello 2 - MEDIO - Naked Single , Unico numero possibile per la cella ",
+     "Level 2 - MEDIUM - Naked Single , unique number possible for the cell"},
+    {"Livello 3 - AVANZATO-Intersezioni settori-righe-colonne",
+     "Level 3 - ADVANCED-Intersections blocks-rows-columns"},
+    {"Livello 4 - AVANZATO - coppie nude",                    "Level 4 - ADVANCED - naked pair"},
+    {"Livello 5 - DIFFICILE - coppie nascoste",               "Level 5 - HARD - hidden pair"},
+    {"Livello 6 - DIFFICILE - triple nude/nascoste",          "Level 6 - HARD - naked / hidden triple"},
+    {"Livello 7 - MOLTO DIFFICILE - quadruple nude/nascoste", "Level 7 - VERY HARD - hidden / naked quad"},
+    {"Livello 8 - MOLTO DIFFICILE - XY Wing",                 "Level 8 - VERY HARD - XY Wing"},
+    {"Livello 9 - MOLTO DIFFICILE - XYZ Wing",                "Level 9 - VERY HARD - XYZ Wing"},
+    {"Livello 10 - MOLTO DIFFICILE - X Wing",                 "Level 10 - VERY HARD - X Wing"},
+    {"Livello 11 - MOLTO DIFFICILE - Sfordfish",              "Level 11 - VERY HARD - Sfordfish"},
+    {"Level 12 - MOLTO DIFFICILE - Jellyfish",                "Level 12 - VERY HARD - Jellyfish"},
+    {"Level 13 - ESTREMO - COLORI SEMPLICI",                  "Level 13 - EXTREME - SIMPLE COLORS"},
+    {"Level 14 - ESTREMO - COLORI SEMPLICI Contraddizione",
+     "Level 14 - EXTREME - SIMPLE COLORS Contradiction"},
+    {"Level 15 - ESTREMO - X-COLORI",                         "Level 15 - EXTREME - X-COLORS"},
+    {"Level 16 - ESTREMO - X-COLORI Contraddizione",          "Level 16 - EXTREME - X-COLORS Contradiction"},
+    {"Level 17 - ESTREMO - RETTANGOLI UNICI",                 "Level 17 - EXTREME - Unique Rectangle"},
+    {"Level 18 - ESTREMO - BUGS",                             "Level 18 - EXTREME - BUGS"},
+    {"Level 19 - ESTREMO - CATENE XY",                        "Level 19 - EXTREME - XY-Chains"},
+    {"Level 20 - ESTREMO - CICLI",                            "Level 20 - EXTREME - Loops"},
+    {"Level 21 - ESTREMO - CATENE FORZATE",                   "Level 21 - EXTREME - Forcing Chains"},
+};
+// clang-format on
+
+int totale = 0;  ///< puzzles of the chosen level
+
+/// Runs one statement of a routine that passes over failures.
+template <class Statement>
+void attempt(Statement statement) {
+  try {
+    statement();
+  } catch (const LibraryFailure&) {  // the next statement runs
+  }
+}
+
+/// The number at the front of a text. One too long to be held is beyond every library.
+std::int32_t numberin(std::string_view text) {
+  try {
+    return leadingnumber(text);
+  } catch (const Fault&) {
+    return INT32_MAX;
+  }
+}
+
+std::int32_t selected() {
+  return numberin(numeroselezionato.text);
+}
+
+void showpreview() {
+  const std::string& stringa = frmmain::txtstringa.text;
+  for (int cell = 0; cell < cells; ++cell) {
+    Text2(cell).visible = true;
+    const auto at = static_cast<std::size_t>(cell);
+    Text2(cell).text = at < stringa.size() ? stringa.substr(at, 1) : "";
+  }
+}
+
+/// A number stands in numeroselezionato, whoever wrote it. What is no number of a record ends silently.
+void numeroselezionato_Change() {
+  if (numberin(numerototale.text) < selected()) return host.message(outofrange);
+  attempt([] {
+    Data1.moveto(selected() - 1);
+    dettagliotxt.text = frmmain::txtdettaglio.text;
+    difftxt.text = frmmain::txttotale.text;
+    id.text = frmmain::txtprogressivo.text;
+    showpreview();
+  });
+}
+
+void select(int number) {
+  numeroselezionato.text = std::to_string(number);
+  numeroselezionato_Change();
+}
+
+void load() {
+  freshbrowser();
+  visible = true;
+  caption = inlanguage(title);
+  for (const LabelWords& row : labelwords) row.label->text = inlanguage(row.words);
+  for (int level = 0; level <= 21; ++level) LabelL(level).text = inlanguage(levelnames[level]);
+}
+
+/// The record's puzzle into givens and boxes. What is neither digit nor "." counts as empty.
+void putup(const std::string& stringa) {
+  for (int cell = 0; cell < cells; ++cell) {
+    const auto at = static_cast<std::size_t>(cell);
+    const char sign = at < stringa.size() ? stringa[at] : ' ';
+    if (sign == '.') frmmain::Text1(cell).fore = textcolor;
+    givens(cell) = sign >= '1' && sign <= '9' ? std::string(1, sign) : "";
+    writetext1(cell, givens(cell));
+  }
+}
+
+}  // namespace
+
+void frmlivello::Option1_Click(int index) {
+  for (int n = 0; n <= 22; ++n) Option1(n).ticked = n == index;
+  totale = 0;
+  attempt([&] { Data1.query(fmt::format(levelquery, index)); });
+  attempt([] {
+    Data1.movelast();
+    totale = Data1.recordcount();
+  });
+  numerototale.text = std::to_string(totale);
+  livelloscelto.text = std::to_string(index);
+  select(static_cast<int>(host.random() * totale) + 1);
+  frmmain::txtdettaglio.text = dettagliotxt.text;
+  frmmain::txttotale.text = difftxt.text;
+}
+
+void frmlivello::numeroselezionato_Typed(std::string_view text) {
+  if (numeroselezionato.text == text) return;
+  numeroselezionato.text = text;
+  numeroselezionato_Change();
+}
+
+void frmlivello::Command1_Click() {
+  frmmain::libreria();
+}
+
+void frmlivello::Command2_Click() {
+  if (selected() > 1) select(selected() - 1);
+}
+
+void frmlivello::Command3_Click() {
+  if (selected() < numberin(numerototale.text)) select(selected() + 1);
+}
+
+void frmlivello::Command4_Click() {
+  if (selected() != totale) select(totale);
+}
+
+void frmlivello::Command5_Click() {
+  if (numeroselezionato.text != "1") select(1);
+}
+
+void frmmain::mostralibreria() {
+  for (Byte& count : levelcount) count = 0;
+  if (!frmlivello::visible) load();
+  Data1.need();
+}
+
+void frmmain::libreria() {
+  const std::string leveltext = livelloscelto.text, numbertext = numeroselezionato.text;
+  if (selected() < 1 || selected() > totale) return host.message(outofrange);
+  Data1.moveto(selected() - 1);  // a store that fails does so before the board is touched
+  filetxt.text = fmt::format(loaded, leveltext, numbertext);
+  bkglabel.visible = true;
+  suppresschange = true;
+  const int level = leadingnumber(leveltext);
+  frmlivello::visible = false;
+  clearboard();
+  libraryrecordopen = true;
+  runninglevel = level;
+  suppresschange = true;
+  putup(txtstringa.text);
+  suppresschange = false;
+  if (!txtdettaglio.text.empty() || level == 14) testototale.text = fmt::format(total, txttotale.text);
+  conta();
+  settleboard();  // the counter has used the tables
+  if (numerosoluzioni >= 2) return host.message(several);
+  try {
+    SolveSudoku();
+  } catch (const Fault&) {  // a full table: the grade is lost, but not the board
+    settleboard();
+    updatetext2();
+    throw;
+  }
+  settleboard();
+  updatetext2();
+  bkglabel.visible = false;
+}
+
+void freshbrowser() {
+  caption.clear();
+  visible = false;
+  for (Control& option : Option1) option = {};
+  for (Box* box : {&livelloscelto, &numerototale, &numeroselezionato, &dettagliotxt, &difftxt, &id, &Label12,
+                   &Label13, &Label15, &Label14, &Label20, &frmlivello::Label1})
+    *box = {};
+  for (Box& box : LabelL) box = {};
+  for (Box& box : Text2) box = {.text = "", .back = white, .fore = red, .visible = false};
+  const std::pair<Control*, const char*> buttons[] = {{&Command1, "carica schema"},
+                                                      {&Command2, "precedente"},
+                                                      {&Command3, "successivo"},
+                                                      {&Command4, "ultimo record"},
+                                                      {&Command5, "primo record"}};
+  for (const auto& [button, caption] : buttons) button->caption = caption;
+  totale = 0;
+}
+
+}  // namespace gradino
