@@ -189,6 +189,69 @@ const Example nakedtripleblock = {
          "deleted number 267 from r4c4 ,  r4c6 ,  r5c6 ,  r4c4 ,  r5c6 ,  r6c4 ,  r6c5 ,  r4c4 ,  r6c4 ,  r6c5 , "},
 };
 
+const Said nakedquadrowlesson = {
+    "QUADRUPLA NUDA - LIVELLO 7\r\n"
+    "Se 4 celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi 4 candidati, allora "
+    "possiamo eliminare i 4 candidati da tutte le altre celle del gruppo\r\n"
+    "==============================================\r\n"
+    "nella riga 6 le celle r6c2 e r6c5 e r6c6 e r6c9 (colorate in verde)\r\n"
+    "contengono solamente 1 e 4 e 6 e 8\r\n"
+    "Ne consegue che nella riga 6 i numeri 1 e 4 e 6 e 8 devono stare obbligatoriamente in una delle 4 celle "
+    "verdi\r\n"
+    "possiamo quindi eliminare i 4 candidati da ogni altra cella della riga 6\r\n"
+    "nel nostro caso li possiamo  eliminare dalle celle rosse: \r\n"
+    "1 da r6c4 , 8 da r6c4 , 4 da r6c7 , 6 da r6c7 , ",
+    "NAKED QUAD - LEVEL 7\r\n"
+    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates, then we can delete the 4 "
+    "candidates from all the cells of the house\r\n"
+    "==============================================\r\n"
+    "in the row 6 the green cells r6c2 e r6c5 e r6c6 e r6c9\r\n"
+    "contain only 1468\r\n"
+    "Therefore in the row 6 i numeri 1468 are forced in one of the 4 green cells\r\n"
+    "we can delete the 4 candidates from any other cell of the row 6\r\n"
+    "in our case we can delete them from: \r\n"
+    "1 from r6c4 , 8 from r6c4 , 4 from r6c7 , 6 from r6c7 , ",
+};
+const Example nakedquadrow = {
+    .name = "NakedQuadInRow",
+    .tag = "findquad",
+    .level = 7,
+    .step = frmmain::findquad,
+    .twin = frmgenerazione::findquad,
+    .held = {{at(6, 1), "23579"},
+             {at(6, 2), "1468"},
+             {at(6, 3), "23579"},
+             {at(6, 4), "1235789"},
+             {at(6, 5), "148"},
+             {at(6, 6), "468"},
+             {at(6, 7), "2345679"},
+             {at(6, 8), "23579"},
+             {at(6, 9), "146"}},
+    .taken = {{at(6, 4), "18"}, {at(6, 7), "46"}},
+    .number = "1468",
+    .hint = {"QUADRUPLA NUDA  1468 nelle celle r6c2 , r6c5 , r6c6 , r6c9",
+             "NAKED QUAD 1468, cells r6c2 , r6c5 , r6c6 , r6c9"},
+    .candidate =
+        painted({{at(6, 2), "1468"}, {at(6, 5), "1468"}, {at(6, 6), "1468"}, {at(6, 9), "1468"}}, "green"),
+    .done = {"eliminato 1 from r6c4 , 8 from r6c4 , 4 from r6c7 , 6 from r6c7 , ",
+             "deleted 1 from r6c4 , 8 from r6c4 , 4 from r6c7 , 6 from r6c7 , "},
+    .log = {{"QUADRUPLA NUDA  1468 nelle celle r6c2 , r6c5 , r6c6 , r6c9",
+             "NAKED QUAD 1468, cells r6c2 , r6c5 , r6c6 , r6c9"},
+            {" * eliminato 1 from r6c4 , 8 from r6c4 , 4 from r6c7 , 6 from r6c7 , ",
+             " * deleted 1 from r6c4 , 8 from r6c4 , 4 from r6c7 , 6 from r6c7 , "}},
+    .lesson = {{.adds = nakedquadrowlesson,
+                .candidate = painted(
+                    {{at(6, 4), "18"}, {at(6, 7), "46"}}, "red",
+                    painted({{at(6, 2), "1468"}, {at(6, 5), "1468"}, {at(6, 6), "1468"}, {at(6, 9), "1468"}},
+                            "green")),
+                .left = painted({{at(6, 4), "18"}, {at(6, 7), "46"}}, "red")}},
+    .closing =
+        {"eliminato i numeri 1468 da r6c2 ,  r6c4 ,  r6c5 ,  r6c9 ,  r6c2 ,  r6c5 ,  r6c6 ,  r6c7 ,  r6c9 ,  r6c2 ,  r6c6 ,  "
+         "r6c7 ,  r6c9 ,  r6c2 ,  r6c4 ,  r6c5 ,  r6c6 , ",
+         "deleted number 1468 from r6c2 ,  r6c4 ,  r6c5 ,  r6c9 ,  r6c2 ,  r6c5 ,  r6c6 ,  r6c7 ,  r6c9 ,  r6c2 ,  r6c6 ,  "
+         "r6c7 ,  r6c9 ,  r6c2 ,  r6c4 ,  r6c5 ,  r6c6 , "},
+};
+
 const Said nakedquadcolumnlesson = {
     "QUADRUPLA NUDA - LIVELLO 7\r\n"
     "Se 4 celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi 4 candidati, allora "
@@ -250,6 +313,69 @@ const Example nakedquadcolumn = {
          "r4c3 ,  r8c3 ,  r1c3 ,  r7c3 ,  r8c3 ,  r9c3 , ",
          "deleted number 2579 from r1c3 ,  r2c3 ,  r4c3 ,  r7c3 ,  r8c3 ,  r1c3 ,  r4c3 ,  r7c3 ,  r1c3 ,  r2c3 ,  "
          "r4c3 ,  r8c3 ,  r1c3 ,  r7c3 ,  r8c3 ,  r9c3 , "},
+};
+
+const Said nakedquadblocklesson = {
+    "QUADRUPLA NUDA - LIVELLO 7\r\n"
+    "Se 4 celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi 4 candidati, allora "
+    "possiamo eliminare i 4 candidati da tutte le altre celle del gruppo\r\n"
+    "==============================================\r\n"
+    "nel settore 3 le celle r1c8 e r2c7 e r3c7 e r3c9 (colorate in verde)\r\n"
+    "contengono solamente 2 e 3 e 5 e 9\r\n"
+    "Ne consegue che nel settore 3 i numeri 2 e 3 e 5 e 9 devono stare obbligatoriamente in una delle 4 celle "
+    "verdi\r\n"
+    "possiamo quindi eliminare i 4 candidati da ogni altra cella del settore 3\r\n"
+    "nel nostro caso li possiamo  eliminare dalle celle rosse: \r\n"
+    "2 da r1c7 , 9 da r2c8 , 3 da r3c8 , ",
+    "NAKED QUAD - LEVEL 7\r\n"
+    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates, then we can delete the 4 "
+    "candidates from all the cells of the house\r\n"
+    "==============================================\r\n"
+    "in the block 3 the green cells r1c8 e r2c7 e r3c7 e r3c9\r\n"
+    "contain only 2359\r\n"
+    "Therefore in the block 3 i numeri 2359 are forced in one of the 4 green cells\r\n"
+    "we can delete the 4 candidates from any other cell of the block 3\r\n"
+    "in our case we can delete them from: \r\n"
+    "2 from r1c7 , 9 from r2c8 , 3 from r3c8 , ",
+};
+const Example nakedquadblock = {
+    .name = "NakedQuadInBlock",
+    .tag = "findquad",
+    .level = 7,
+    .step = frmmain::findquad,
+    .twin = frmgenerazione::findquad,
+    .held = {{at(1, 7), "124678"},
+             {at(1, 8), "235"},
+             {at(1, 9), "14678"},
+             {at(2, 7), "2359"},
+             {at(2, 8), "146789"},
+             {at(2, 9), "14678"},
+             {at(3, 7), "259"},
+             {at(3, 8), "134678"},
+             {at(3, 9), "359"}},
+    .taken = {{at(1, 7), "2"}, {at(2, 8), "9"}, {at(3, 8), "3"}},
+    .number = "2359",
+    .hint = {"QUADRUPLA NUDA  2359 nelle celle r1c8 , r2c7 , r3c7 , r3c9",
+             "NAKED QUAD 2359, cells r1c8 , r2c7 , r3c7 , r3c9"},
+    .candidate =
+        painted({{at(1, 8), "2359"}, {at(2, 7), "2359"}, {at(3, 7), "2359"}, {at(3, 9), "2359"}}, "green"),
+    .done = {"eliminato 2 from r1c7 , 9 from r2c8 , 3 from r3c8 , ",
+             "deleted 2 from r1c7 , 9 from r2c8 , 3 from r3c8 , "},
+    .log = {{"QUADRUPLA NUDA  2359 nelle celle r1c8 , r2c7 , r3c7 , r3c9",
+             "NAKED QUAD 2359, cells r1c8 , r2c7 , r3c7 , r3c9"},
+            {" * eliminato 2 from r1c7 , 9 from r2c8 , 3 from r3c8 , ",
+             " * deleted 2 from r1c7 , 9 from r2c8 , 3 from r3c8 , "}},
+    .lesson = {{.adds = nakedquadblocklesson,
+                .candidate = painted(
+                    {{at(1, 7), "2"}, {at(2, 8), "9"}, {at(3, 8), "3"}}, "red",
+                    painted({{at(1, 8), "2359"}, {at(2, 7), "2359"}, {at(3, 7), "2359"}, {at(3, 9), "2359"}},
+                            "green")),
+                .left = painted({{at(1, 7), "2"}, {at(2, 8), "9"}, {at(3, 8), "3"}}, "red")}},
+    .closing =
+        {"eliminato i numeri 2359 da r1c7 ,  r1c8 ,  r2c7 ,  r3c7 ,  r1c8 ,  r2c7 ,  r3c8 ,  r3c9 ,  r1c8 ,  r2c7 ,  r3c7 ,  "
+         "r3c9 ,  r2c7 ,  r2c8 ,  r3c7 ,  r3c9 , ",
+         "deleted number 2359 from r1c7 ,  r1c8 ,  r2c7 ,  r3c7 ,  r1c8 ,  r2c7 ,  r3c8 ,  r3c9 ,  r1c8 ,  r2c7 ,  r3c7 ,  "
+         "r3c9 ,  r2c7 ,  r2c8 ,  r3c7 ,  r3c9 , "},
 };
 
 // The cells stand in the order of the digits' places: 1 has r5c5 and r5c8, 6 has r5c2 and r5c8. Digits that a
@@ -364,6 +490,176 @@ const Example hiddentriplecolumn = {
                 "deleted extra cendidates from r3c9 , r6c9 , r9c9"},
 };
 
+// 3 has r2c6 and r3c5, then 7 adds r1c4.
+const Said hiddentripleblocklesson = {
+    "TRIPLA NASCOSTA - LIVELLO 6\r\n"
+    "Se tre celle di un gruppo (settore riga o colonna), contengono tre candidati identici e nessuna altra cella "
+    "del gruppo contiene i tre candidati, allora possiamo escludere tutti gli altri candidati da queste tre "
+    "celle\r\n"
+    "==============================================\r\n"
+    "nel settore 2 le celle r2c6 e r3c5 e r1c4 (colorate in verde)\r\n"
+    "sono le uniche a contenere i candidati 3 e 7 e 8\r\n"
+    "Ne consegue che nel settore 2 i numeri 3 e 7 e 8 devono stare obbligatoriamente in una delle tre celle "
+    "verdi\r\n"
+    "possiamo quindi eliminare dalle 3 celle  3 e 7 e 8\r\n"
+    "ogni altro candidato diverso da  ",
+    "HIDDEN TRIPLE - LEVEL 6\r\n"
+    "If 3 cells in a house (block, row, column), contain exactly the same 3 candidates and no other cell of the "
+    "house contains the 3 candidates, then we can delete all the other candidates from this 3 cells\r\n"
+    "==============================================\r\n"
+    "in the block 2 the green cells r2c6 e r3c5 e r1c4\r\n"
+    "are the only ones to contain the candidates 378\r\n"
+    "Therefore in the block 2 i numeri 378 are forced in one of the 3 green cells\r\n"
+    "we can delete from the 3 cells  3 and 7 and 8\r\n"
+    "any other candidate different from  ",
+};
+const Example hiddentripleblock = {
+    .name = "HiddenTripleInBlock",
+    .tag = "findtriple",
+    .level = 6,
+    .step = frmmain::findtriple,
+    .twin = frmgenerazione::findtriple,
+    .held = {{at(1, 4), "1578"},
+             {at(1, 5), "124569"},
+             {at(1, 6), "124569"},
+             {at(2, 4), "124569"},
+             {at(2, 5), "124569"},
+             {at(2, 6), "237"},
+             {at(3, 4), "124569"},
+             {at(3, 5), "38"},
+             {at(3, 6), "124569"}},
+    .taken = {{at(1, 4), "15"}, {at(2, 6), "2"}},
+    .number = "378",
+    .hint = {"TRIPLA NASCOSTA  378 nelle celle r2c6 , r3c5 , r1c4",
+             "HIDDEN TRIPLE 378, cells r2c6 , r3c5 , r1c4"},
+    .candidate = painted({{at(1, 4), "378"}, {at(2, 6), "378"}, {at(3, 5), "378"}}, "green"),
+    .done = {"inserito 378 in r2c6 , r3c5 , r1c4", "entered 378 in r2c6 , r3c5 , r1c4"},
+    .log = {{"TRIPLA NASCOSTA  378 nelle celle r2c6 , r3c5 , r1c4",
+             "HIDDEN TRIPLE 378, cells r2c6 , r3c5 , r1c4"},
+            {" * inserito 378 in r2c6 , r3c5 , r1c4", " * entered 378 in r2c6 , r3c5 , r1c4"}},
+    .lesson = {{.adds = hiddentripleblocklesson,
+                .candidate =
+                    painted({{at(1, 4), "15"}, {at(2, 6), "2"}}, "red",
+                            painted({{at(1, 4), "378"}, {at(2, 6), "378"}, {at(3, 5), "378"}}, "green")),
+                .left = painted({{at(1, 4), "15"}, {at(2, 6), "2"}}, "red")}},
+    .closing = {"rimossi extra numeri da r2c6 , r3c5 , r1c4",
+                "deleted extra cendidates from r2c6 , r3c5 , r1c4"},
+};
+
+const Said hiddenquadrowlesson = {
+    "QUADRUPLA NASCOSTA - LIVELLO 7\r\n"
+    "Se 4 celle di un gruppo (settore riga o colonna), contengono 4 candidati identici e nessuna altra cella del "
+    "gruppo contiene i 4 candidati, allora possiamo escludere tutti gli altri candidati da queste 4 celle\r\n"
+    "==============================================\r\n"
+    "nella riga 3 le celle r3c4 e r3c8 e r3c2 e r3c6 (colorate in verde)\r\n"
+    "sono le uniche a contenere i candidati 2 e 4 e 6 e 9\r\n"
+    "Ne consegue che nella riga 3 i numeri 2 e 4 e 6 e 9 devono stare obbligatoriamente in una delle 4 celle "
+    "verdi\r\n"
+    "possiamo quindi eliminare dalle 4 celle  2 e 4 e 6 e 9\r\n"
+    "ogni altro candidato diverso da  ",
+    "HIDDEN QUAD - LEVEL 7\r\n"
+    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates and no other cell of the "
+    "house contains the 4 candidates, then we can delete all the other candidates from this 4 cells\r\n"
+    "==============================================\r\n"
+    "in the row 3 the green cells r3c4 e r3c8 e r3c2 e r3c6\r\n"
+    "are the only ones to contain the candidates 2469\r\n"
+    "Therefore in the row 3 i numeri 2469 are forced in one of the 4 green cells\r\n"
+    "we can delete from the 4 cells  2 and 4 and 6 and 9\r\n"
+    "any other candidate different from  ",
+};
+const Example hiddenquadrow = {
+    .name = "HiddenQuadInRow",
+    .tag = "findquad",
+    .level = 7,
+    .step = frmmain::findquad,
+    .twin = frmgenerazione::findquad,
+    .held = {{at(3, 1), "13578"},
+             {at(3, 2), "1349"},
+             {at(3, 3), "13578"},
+             {at(3, 4), "2457"},
+             {at(3, 5), "13578"},
+             {at(3, 6), "69"},
+             {at(3, 7), "13578"},
+             {at(3, 8), "268"},
+             {at(3, 9), "13578"}},
+    .taken = {{at(3, 2), "13"}, {at(3, 4), "57"}, {at(3, 8), "8"}},
+    .number = "2469",
+    .hint = {"QUADRUPLA NASCOSTA  2469 nelle celle r3c4 , r3c8 , r3c2 , r3c6",
+             "HIDDEN QUAD 2469, cells r3c4 , r3c8 , r3c2 , r3c6"},
+    .candidate =
+        painted({{at(3, 2), "2469"}, {at(3, 4), "2469"}, {at(3, 6), "2469"}, {at(3, 8), "2469"}}, "green"),
+    .done = {"inserito 2469 in r3c4 , r3c8 , r3c2 , r3c6", "entered 2469 in r3c4 , r3c8 , r3c2 , r3c6"},
+    .log = {{"QUADRUPLA NASCOSTA  2469 nelle celle r3c4 , r3c8 , r3c2 , r3c6",
+             "HIDDEN QUAD 2469, cells r3c4 , r3c8 , r3c2 , r3c6"},
+            {" * inserito 2469 in r3c4 , r3c8 , r3c2 , r3c6",
+             " * entered 2469 in r3c4 , r3c8 , r3c2 , r3c6"}},
+    .lesson = {{.adds = hiddenquadrowlesson,
+                .candidate = painted(
+                    {{at(3, 2), "13"}, {at(3, 4), "57"}, {at(3, 8), "8"}}, "red",
+                    painted({{at(3, 2), "2469"}, {at(3, 4), "2469"}, {at(3, 6), "2469"}, {at(3, 8), "2469"}},
+                            "green")),
+                .left = painted({{at(3, 2), "13"}, {at(3, 4), "57"}, {at(3, 8), "8"}}, "red")}},
+    .closing = {"rimossi extra numeri da r3c4 , r3c8 , r3c2 , r3c6",
+                "deleted extra cendidates from r3c4 , r3c8 , r3c2 , r3c6"},
+};
+
+const Said hiddenquadcolumnlesson = {
+    "QUADRUPLA NASCOSTA - LIVELLO 7\r\n"
+    "Se 4 celle di un gruppo (settore riga o colonna), contengono 4 candidati identici e nessuna altra cella del "
+    "gruppo contiene i 4 candidati, allora possiamo escludere tutti gli altri candidati da queste 4 celle\r\n"
+    "==============================================\r\n"
+    "nella colonna 8 le celle r5c8 e r9c8 e r1c8 e r4c8 (colorate in verde)\r\n"
+    "sono le uniche a contenere i candidati 3 e 6 e 7 e 8\r\n"
+    "Ne consegue che nella colonna 8 i numeri 3 e 6 e 7 e 8 devono stare obbligatoriamente in una delle 4 celle "
+    "verdi\r\n"
+    "possiamo quindi eliminare dalle 4 celle  3 e 6 e 7 e 8\r\n"
+    "ogni altro candidato diverso da  ",
+    "HIDDEN QUAD - LEVEL 7\r\n"
+    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates and no other cell of the "
+    "house contains the 4 candidates, then we can delete all the other candidates from this 4 cells\r\n"
+    "==============================================\r\n"
+    "in the column 8 the green cells r5c8 e r9c8 e r1c8 e r4c8\r\n"
+    "are the only ones to contain the candidates 3678\r\n"
+    "Therefore in the column 8 i numeri 3678 are forced in one of the 4 green cells\r\n"
+    "we can delete from the 4 cells  3 and 6 and 7 and 8\r\n"
+    "any other candidate different from  ",
+};
+const Example hiddenquadcolumn = {
+    .name = "HiddenQuadInColumn",
+    .tag = "findquad",
+    .level = 7,
+    .step = frmmain::findquad,
+    .twin = frmgenerazione::findquad,
+    .held = {{at(1, 8), "268"},
+             {at(2, 8), "12459"},
+             {at(3, 8), "12459"},
+             {at(4, 8), "78"},
+             {at(5, 8), "1369"},
+             {at(6, 8), "12459"},
+             {at(7, 8), "12459"},
+             {at(8, 8), "12459"},
+             {at(9, 8), "3457"}},
+    .taken = {{at(1, 8), "2"}, {at(5, 8), "19"}, {at(9, 8), "45"}},
+    .number = "3678",
+    .hint = {"QUADRUPLA NASCOSTA  3678 nelle celle r5c8 , r9c8 , r1c8 , r4c8",
+             "HIDDEN QUAD 3678, cells r5c8 , r9c8 , r1c8 , r4c8"},
+    .candidate =
+        painted({{at(1, 8), "3678"}, {at(4, 8), "3678"}, {at(5, 8), "3678"}, {at(9, 8), "3678"}}, "green"),
+    .done = {"inserito 3678 in r5c8 , r9c8 , r1c8 , r4c8", "entered 3678 in r5c8 , r9c8 , r1c8 , r4c8"},
+    .log = {{"QUADRUPLA NASCOSTA  3678 nelle celle r5c8 , r9c8 , r1c8 , r4c8",
+             "HIDDEN QUAD 3678, cells r5c8 , r9c8 , r1c8 , r4c8"},
+            {" * inserito 3678 in r5c8 , r9c8 , r1c8 , r4c8",
+             " * entered 3678 in r5c8 , r9c8 , r1c8 , r4c8"}},
+    .lesson = {{.adds = hiddenquadcolumnlesson,
+                .candidate = painted(
+                    {{at(1, 8), "2"}, {at(5, 8), "19"}, {at(9, 8), "45"}}, "red",
+                    painted({{at(1, 8), "3678"}, {at(4, 8), "3678"}, {at(5, 8), "3678"}, {at(9, 8), "3678"}},
+                            "green")),
+                .left = painted({{at(1, 8), "2"}, {at(5, 8), "19"}, {at(9, 8), "45"}}, "red")}},
+    .closing = {"rimossi extra numeri da r5c8 , r9c8 , r1c8 , r4c8",
+                "deleted extra cendidates from r5c8 , r9c8 , r1c8 , r4c8"},
+};
+
 const Said hiddenquadblocklesson = {
     "QUADRUPLA NASCOSTA - LIVELLO 7\r\n"
     "Se 4 celle di un gruppo (settore riga o colonna), contengono 4 candidati identici e nessuna altra cella del "
@@ -421,8 +717,9 @@ const Example hiddenquadblock = {
                 "deleted extra cendidates from r8c2 , r9c3 , r7c1 , r7c2"},
 };
 
-EXAMPLES(Subsets, &nakedtriplerow, &nakedtriplecolumn, &nakedtripleblock, &nakedquadcolumn, &hiddentriplerow,
-         &hiddentriplecolumn, &hiddenquadblock);
+EXAMPLES(Subsets, &nakedtriplerow, &nakedtriplecolumn, &nakedtripleblock, &nakedquadrow, &nakedquadcolumn,
+         &nakedquadblock, &hiddentriplerow, &hiddentriplecolumn, &hiddentripleblock, &hiddenquadrow,
+         &hiddenquadcolumn, &hiddenquadblock);
 
 // ---- what is found, and in which order --------------------------------------------------------------------
 
