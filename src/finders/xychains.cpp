@@ -30,6 +30,7 @@ constexpr Words found = {"CATENA XY {digit} , o in {first} , o in {last}",
 
 constexpr Words logif = {" * Se {cell} = {digit} allora", " * If {cell} = {digit} then"};
 constexpr Words logifnot = {" * Se {cell} <> {digit} allora", " * If {cell} <> {digit} then"};
+
 constexpr Words title = {
     "XY CHAIN - LEVEL 19\r\n"
     "La catena XY è una catena di celle contenenti solo 2 candidati.\r\n"
