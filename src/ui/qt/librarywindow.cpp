@@ -7,6 +7,7 @@
 #include "browser.h"
 #include "events.h"
 #include "look.h"
+#include "smallwindows.h"
 
 namespace gradino {
 
@@ -154,6 +155,8 @@ void LibraryWindow::addbuttons() {
 }
 
 void LibraryWindow::mirror() {
+  if (frmlivello::visible && !isVisible())
+    placebeside(*this, {frmmain::left + frmmain::width, frmmain::top}, windowsize);
   if (frmlivello::visible != isVisible()) setVisible(frmlivello::visible);
   if (!frmlivello::visible) return;
   setWindowTitle(QString::fromStdString(caption));

@@ -61,6 +61,16 @@ void settitle(QWidget& window, QPlainTextEdit& text, const std::string& caption)
 
 }  // namespace
 
+void placebeside(QWidget& window, const QPoint& wanted, const QSize& content) {
+  const QRect room = window.screen()->availableGeometry();
+  const QSize size = window.frameGeometry().size().expandedTo(content + unseenframe);
+  const int rightmost = room.right() + 1 - size.width();
+  const int lowest = room.bottom() + 1 - size.height();
+  const int leftof = frmmain::left - size.width();
+  const int left = wanted.x() > rightmost && leftof >= room.left() ? leftof : wanted.x();
+  window.move(qMax(room.left(), qMin(left, rightmost)), qMax(room.top(), qMin(wanted.y(), lowest)));
+}
+
 LogWindow::LogWindow() : text_(new LogText(this)) {
   setObjectName("Frmlog");
   filltext(*this, *text_);
@@ -103,16 +113,8 @@ void ActivityWindow::mirror() {
   setVisible(frmactivity::visible);
 }
 
-// Where it was asked for, but never off the screen: beside a main window at the screen's right edge it stands
-// on the other side, so that the traffic light is not covered.
 void ActivityWindow::place() {
-  const QRect room = screen()->availableGeometry();
-  const QSize size = frameGeometry().size().expandedTo(activitysize + unseenframe);
-  const int rightmost = room.right() + 1 - size.width();
-  const int lowest = room.bottom() + 1 - size.height();
-  const int leftof = frmmain::left - size.width();
-  const int left = frmactivity::left > rightmost && leftof >= room.left() ? leftof : frmactivity::left;
-  move(qMax(room.left(), qMin(left, rightmost)), qMax(room.top(), qMin(frmactivity::top, lowest)));
+  placebeside(*this, {frmactivity::left, frmactivity::top}, activitysize);
 }
 
 void ActivityWindow::closeEvent(QCloseEvent* event) {
@@ -131,6 +133,7 @@ void GeneratorWindow::mirror() {
   settitle(*this, *text_, frmgeneratore::caption);
   if (shown_.size() != frmgeneratore::Text1.text.size()) showlist();
   if (frmgeneratore::visible == isVisible()) return;
+  placebeside(*this, {frmmain::left + frmmain::width, frmmain::top}, generatorsize);
   setVisible(frmgeneratore::visible);
 }
 

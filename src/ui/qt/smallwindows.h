@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <QPoint>
 #include <QSize>
 #include <QWidget>
 #include <optional>
@@ -10,6 +11,10 @@
 namespace gradino {
 
 inline constexpr QSize activitysize{440, 420};
+
+/// Moves a window to a place beside the main one, but never off the screen: beside a main window at the
+/// screen's right edge it stands on the other side, so that the traffic light is not covered.
+void placebeside(QWidget& window, const QPoint& wanted, const QSize& content);
 
 /// Frmlog. A double click on a line goes back to that step.
 class LogWindow : public QWidget {
