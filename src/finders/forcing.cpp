@@ -70,7 +70,8 @@ constexpr int tablesize = 40;    ///< a chain of more steps doesn't fit the link
 
 Byte forcinglength{"forcinglength"};  ///< index of the last step in the link tables
 
-/// The false nodes that left a single alone: at most nine.
+/// The false nodes that left a single alone. Nine are enough: only a digit that the user typed over and over
+/// into one cell gives more, and then the chain is too long to be shown either way.
 struct Alone {
   std::array<std::int16_t, 9> nodes{};
   int count = 0;
@@ -109,6 +110,7 @@ class Hypothesis {
     return first.run == run && !first.flag;
   }
   static void addfalse(Alone& alone, int cell, int digit) {
+    if (alone.count == static_cast<int>(alone.nodes.size())) return;
     alone.nodes[static_cast<std::size_t>(alone.count++)] =
         static_cast<std::int16_t>(reached(cell, digit).node);
   }
@@ -252,7 +254,7 @@ void scanforcingall() {
         if (chainsteps < best) best = chainsteps, bestdigit = digit, bestcell = cell;
       }
     }
-    host.runevents();
+    letevents();
     if (most + 1 > longest + 1) break;
   }
   if (best < showable) scanforcing(bestdigit, bestcell);
