@@ -35,19 +35,20 @@
 namespace gradino {
 namespace {
 
-constexpr Words unreadable = {"La vecchia libreria {file} non può essere letta.",
-                              "The old library {file} can't be read."};
-constexpr Words foreign = {"Il file {file} non è una vecchia libreria.",
-                           "The file {file} is no old library."};
-constexpr Words secret = {"La vecchia libreria {file} è cifrata o protetta da una password.",
-                          "The old library {file} is encrypted or has a password."};
-constexpr Words cutshort = {"La vecchia libreria {file} è incompleta: la sua fine manca.",
-                            "The old library {file} is incomplete: its end is missing."};
-constexpr Words damaged = {"La vecchia libreria {file} è danneggiata.", "The old library {file} is damaged."};
-constexpr Words notable = {"Nella vecchia libreria {file} manca la tabella \"schema\".",
-                           "The old library {file} has no table \"schema\"."};
-constexpr Words nofield = {"Nella vecchia libreria {file} manca il campo \"{field}\".",
-                           "The old library {file} has no field \"{field}\"."};
+constexpr Words unreadable = {"La vecchia libreria \"{file}\" non può essere letta.",
+                              "The old library \"{file}\" can't be read."};
+constexpr Words foreign = {"Il file \"{file}\" non è una vecchia libreria.",
+                           "The file \"{file}\" is no old library."};
+constexpr Words secret = {"La vecchia libreria \"{file}\" è cifrata o protetta da una password.",
+                          "The old library \"{file}\" is encrypted or has a password."};
+constexpr Words cutshort = {"La vecchia libreria \"{file}\" è incompleta: la sua fine manca.",
+                            "The old library \"{file}\" is incomplete: its end is missing."};
+constexpr Words damaged = {"La vecchia libreria \"{file}\" è danneggiata.",
+                           "The old library \"{file}\" is damaged."};
+constexpr Words notable = {"Nella vecchia libreria \"{file}\" manca la tabella \"schema\".",
+                           "The old library \"{file}\" has no table \"schema\"."};
+constexpr Words nofield = {"Nella vecchia libreria \"{file}\" manca il campo \"{field}\".",
+                           "The old library \"{file}\" has no field \"{field}\"."};
 
 constexpr std::size_t valuesize = 1 << 16;  // what a value can take, its end included
 constexpr int patience = 10'000;            // milliseconds without a sign of life
@@ -57,8 +58,7 @@ template <class... T>
   throw LibraryFailure(say(words, hole("file", path), holes...));
 }
 
-// ---- the file's head
-// ----------------------------------------------------------------------------------------
+// ---- the file's head ------------------------------------------------------------------------------------
 
 /// The first bytes of a file; fewer when it has fewer.
 constexpr std::size_t headsize = 0x80;
@@ -114,8 +114,7 @@ void checkfile(const std::string& path) {
   if (size % (isoldformat(head) ? 2048 : 4096) != 0) fail(cutshort, path);
 }
 
-// ---- the process that reads the pages
-// -----------------------------------------------------------------------
+// ---- the process that reads the pages -------------------------------------------------------------------
 
 class Sender {
  public:
@@ -211,8 +210,7 @@ void sendrows(const char* path, Sender& sender) {
   _exit(EXIT_SUCCESS);  // the program's own end is not this process's to run
 }
 
-// ---- the process that takes them
-// ----------------------------------------------------------------------------
+// ---- the process that takes them ------------------------------------------------------------------------
 
 class Reading {
  public:
