@@ -8,6 +8,8 @@
 
 #include "input.h"
 #include "jobs.h"
+#include "librarycommand.h"
+#include "progress.h"
 #include "subcommands.h"
 
 namespace {
@@ -33,7 +35,11 @@ bool make(int count, int jobs, const Options& options) {
   for (int number = 0; number < count; ++number) numbers.push_back(std::to_string(number));
   if (jobs > 1)
     return printinorder(numbers, jobs, [&](const std::string& number) { return generate(number, options); });
-  for (const std::string& number : numbers) fmt::print("{}", generate(number, options));
+  Progress progress("made", numbers.size());
+  for (const std::string& number : numbers) {
+    fmt::print("{}", generate(number, options));
+    progress.step();
+  }
   return true;
 }
 
@@ -96,9 +102,10 @@ int main(int argc, char** argv) try {
   addjobs(generatecommand);
   CLI::App* techniquescommand =
       sub("techniques", "What each technique alone does on boards given as JSON lines");
+  const auto runlibrary = addlibrary(app);
   CLI11_PARSE(app, argc, argv);
 
-  bool good = true;
+  bool good = runlibrary();
   if (*techniquescommand) good = boards(files, options);
   if (*gradecommand) {
     if (!options.json) fmt::print("{}", gradeheading());

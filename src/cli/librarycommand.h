@@ -1,0 +1,18 @@
+// The library from the console.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace gradino::cli {
+
+/// Adds the sub-command `library` with its own. The one that was chosen runs by the function: false: there
+/// was something to complain about, which standard output or error was told.
+std::function<bool()> addlibrary(CLI::App& app);
+
+}  // namespace gradino::cli

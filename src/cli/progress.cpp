@@ -1,0 +1,40 @@
+#include "progress.h"
+
+#include <cstdio>
+#include <utility>
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+namespace gradino::cli {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds firstshown = 1s, between = 200ms;
+
+}  // namespace
+
+Progress::Progress(std::string what, std::size_t total)
+    : what_(std::move(what)),
+      total_(total),
+      terminal_(isatty(STDERR_FILENO) == 1),
+      next_(std::chrono::steady_clock::now() + firstshown) {}
+
+Progress::~Progress() {
+  if (shown_) fmt::print(stderr, "\r\033[K");
+}
+
+void Progress::step() {
+  done_ += 1;
+  if (!terminal_ || std::chrono::steady_clock::now() < next_) return;
+  next_ = std::chrono::steady_clock::now() + between;
+  shown_ = true;
+  if (total_ > 0)
+    fmt::print(stderr, "\r\033[K{} {} of {} ({} %)", what_, done_, total_, done_ * 100 / total_);
+  else
+    fmt::print(stderr, "\r\033[K{} {}", what_, done_);
+  std::fflush(stderr);
+}
+
+}  // namespace gradino::cli
