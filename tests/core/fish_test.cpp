@@ -30,13 +30,21 @@ Marks ruledout(char digit, const std::vector<std::vector<int>>& from) {
 
 // ---- X-Wing -----------------------------------------------------------------------------------------------
 
-// Corners 1 and 4 stay green, 2 and 3 turn blue.
-const Said xwingrowslesson = {
+const Said xwingrule = {
     "TECNICA X-WING  LIVELLO 10\r\n"
     "si devono trovare due righe (colonne) che contengono un candidato\r\n"
     "solo su due celle, se le celle sono su due colonne (righe) uguali\r\n"
     "si può eliminare il candidato dalle altre celle delle due colonne (righe)\r\n"
-    "===================================================\r\n"
+    "===================================================\r\n",
+    "TECHNIQUE X-WING  LEVEL 10\r\n"
+    "if we find two rows (columns) containing one candidate\r\n"
+    "only in two cells and if these two cells are on two same columns (rows) \r\n"
+    "then we can delete the candidate from the other cells of the 2 columns (rows)\r\n"
+    "===================================================\r\n",
+};
+
+// Corners 1 and 4 stay green, 2 and 3 turn blue.
+const Said xwingrowslesson = {
     "nel nostro caso\r\n"
     "nella riga 1 il numero 5 è contenuto solo in r1c3 e r1c6\r\n"
     "quindi il numero 5 o nella cella azzurra o nella cella verde della riga 1\r\n"
@@ -44,11 +52,6 @@ const Said xwingrowslesson = {
     "quindi il numero 5 o nella cella azzurra o nella cella verde della riga 4\r\n"
     "non sappiamo in quale cella delle due righe si trovi il numero 5\r\n"
     "ma sicuramente il 5 sta o nelle celle azzurre o nelle verdi",
-    "TECHNIQUE X-WING  LEVEL 10\r\n"
-    "if we find two rows (columns) containing one candidate\r\n"
-    "only in two cells and if these two cells are on two same columns (rows) \r\n"
-    "then we can delete the candidate from the other cells of the 2 columns (rows)\r\n"
-    "===================================================\r\n"
     "in our case:\r\n"
     "in row 1 the number 5 is present only in r1c3 and r1c6\r\n"
     "therefore 5 or in blue cell or in green cell of row 1\r\n"
@@ -77,7 +80,7 @@ const Example xwingrows = {
     .done = {"eliminato 5 from   r7c3 ,   r9c6 , ", "deleted 5 from   r7c3 ,   r9c6 , "},
     .log = {{"X-WING, numero 5 nelle righe 14 colonne 36", "X-WING, number 5 in rows 14 columns 36"},
             {" *`eliminato 5 from   r7c3 ,   r9c6 , ", " * deleted 5 from   r7c3 ,   r9c6 , "}},
-    .lesson = {{.adds = xwingrowslesson, .candidate = xwingrowscorners},
+    .lesson = {{.adds = xwingrule + xwingrowslesson, .candidate = xwingrowscorners},
                {.adds = {"\r\npossiamo quindi eliminare il 5 dalle altre celle delle colonne 3 e 6\r\n"
                          "colorate in rosso \r\n"
                          "nel nostro caso da r7c3, r9c6, ",
@@ -88,11 +91,6 @@ const Example xwingrows = {
 };
 
 const Said xwingcolumnslesson = {
-    "TECNICA X-WING  LIVELLO 10\r\n"
-    "si devono trovare due righe (colonne) che contengono un candidato\r\n"
-    "solo su due celle, se le celle sono su due colonne (righe) uguali\r\n"
-    "si può eliminare il candidato dalle altre celle delle due colonne (righe)\r\n"
-    "===================================================\r\n"
     "nel nostro caso\r\n"
     "nella colonna 2 il numero 8 è contenuto solo in r4c2 e r9c2\r\n"
     "quindi il numero 8 o nella cella azzurra o nella cella verde della colonna 2\r\n"
@@ -100,11 +98,6 @@ const Said xwingcolumnslesson = {
     "quindi il numero 8 o nella cella azzurra o nella cella verde della colonna 7\r\n"
     "non sappiamo in quale cella delle due righe si trovi il numero 8\r\n"
     "ma sicuramente il 8 sta o nelle celle azzurre o nelle verdi",
-    "TECHNIQUE X-WING  LEVEL 10\r\n"
-    "if we find two rows (columns) containing one candidate\r\n"
-    "only in two cells and if these two cells are on two same columns (rows) \r\n"
-    "then we can delete the candidate from the other cells of the 2 columns (rows)\r\n"
-    "===================================================\r\n"
     "in our case:\r\n"
     "in column 2 the number 8 is present only in r4c2 and r9c2\r\n"
     "therefore 8 or in blue cell or in green cell of column 2\r\n"
@@ -134,7 +127,7 @@ const Example xwingcolumns = {
     .log = {{"X-WING, numero 8 nelle colonne 27 righe 49", "X-WING, number 8 in columns 27 rows 49"},
             {" *`eliminato 8 from   r4c5 ,   r9c1 ,   r9c9 , ",
              " * deleted 8 from   r4c5 ,   r9c1 ,   r9c9 , "}},
-    .lesson = {{.adds = xwingcolumnslesson, .candidate = xwingcolumnscorners},
+    .lesson = {{.adds = xwingrule + xwingcolumnslesson, .candidate = xwingcolumnscorners},
                {.adds = {"\r\npossiamo quindi eliminare il 8 dalle altre celle delle righe 4 e 9\r\n"
                          "colorate in rosso \r\n"
                          "nel nostro caso da r4c5, r9c1, r9c9, ",
@@ -146,10 +139,33 @@ const Example xwingcolumns = {
 
 // ---- Swordfish --------------------------------------------------------------------------------------------
 
+const Said swordfishrule = {
+    "TECNICA SWORDFISH  LIVELLO 11\r\n"
+    "Si devono trovare 3 righe(colonne) con lo stesso candidato unico\r\n"
+    "solo su 3 celle, se le celle cadono su 3 colonne (righe) uguali\r\n"
+    "si può eliminare il candidato dalle altre celle delle 3 colonne(righe)\r\n"
+    "==============================================\r\n",
+    "TECHNIQUE SWORDFISH  LEVEL 11\r\n"
+    "When ALL candidates for number X in 3 rows (columns)\r\n"
+    "are located in only 3 columns (rows), \r\n"
+    "we can eliminate all candidates for number X \r\n"
+    "from those 3 columns (rows)\r\n"
+    "except those located on the defining 3 rows (columns)\r\n"
+    "==============================================\r\n",
+};
+
 // From here on the step shows both green and red, and the explanation paints nothing that is not there.
 const Paint swordfishrowsmarks =
     painted(each({at(1, 2), at(1, 8), at(4, 2), at(4, 5), at(7, 5), at(7, 8)}, "4"), "green",
             painted(each({at(3, 2), at(9, 8)}, "4"), "red"));
+const Said swordfishrowslesson = {
+    "nella righe 1 e 4 e 7 il numero 4 è contenuto solo nelle celle verdi\r\n"
+    "questo comporta che anche nelle colonne 2 e 8 e 5 il numero 4\r\n"
+    "deve obbligatoriamente cadere in una delle celle verdi ",
+    "in rows 1 , 4 , 7 the number 4 is located only on green cells\r\n"
+    "in consequence, also in the columns 2 , 8 , 5 the number 4\r\n"
+    "is forced on green cells ",
+};
 const Example swordfishrows = {
     .name = "SwordfishInRows",
     .tag = "findswordfish",
@@ -168,25 +184,7 @@ const Example swordfishrows = {
     .log = {{"SWORDFISH, numero 4 nelle righe 147 colonne 285",
              "SWORDFISH, number 4 in rows 147 columns 285"},
             {" * eliminato 4 from   r3c2 ,   r9c8 , ", " * deleted 4 from   r3c2 ,   r9c8 , "}},
-    .lesson = {{.adds = {"TECNICA SWORDFISH  LIVELLO 11\r\n"
-                         "Si devono trovare 3 righe(colonne) con lo stesso candidato unico\r\n"
-                         "solo su 3 celle, se le celle cadono su 3 colonne (righe) uguali\r\n"
-                         "si può eliminare il candidato dalle altre celle delle 3 colonne(righe)\r\n"
-                         "==============================================\r\n"
-                         "nella righe 1 e 4 e 7 il numero 4 è contenuto solo nelle celle verdi\r\n"
-                         "questo comporta che anche nelle colonne 2 e 8 e 5 il numero 4\r\n"
-                         "deve obbligatoriamente cadere in una delle celle verdi ",
-                         "TECHNIQUE SWORDFISH  LEVEL 11\r\n"
-                         "When ALL candidates for number X in 3 rows (columns)\r\n"
-                         "are located in only 3 columns (rows), \r\n"
-                         "we can eliminate all candidates for number X \r\n"
-                         "from those 3 columns (rows)\r\n"
-                         "except those located on the defining 3 rows (columns)\r\n"
-                         "==============================================\r\n"
-                         "in rows 1 , 4 , 7 the number 4 is located only on green cells\r\n"
-                         "in consequence, also in the columns 2 , 8 , 5 the number 4\r\n"
-                         "is forced on green cells "},
-                .candidate = swordfishrowsmarks},
+    .lesson = {{.adds = swordfishrule + swordfishrowslesson, .candidate = swordfishrowsmarks},
                {.adds = {"\r\npossiamo quindi eliminare il 4 dalle altre celle delle colonne 2 e 8 e 5\r\n"
                          "colorate in rosso \r\n"
                          "nel nostro caso da r3c2, r9c8, ",
@@ -198,6 +196,14 @@ const Example swordfishrows = {
 const Paint swordfishcolumnsmarks =
     painted(each({at(3, 1), at(8, 1), at(3, 5), at(6, 5), at(6, 9), at(8, 9)}, "3"), "green",
             painted(each({at(3, 7), at(8, 3), at(8, 6)}, "3"), "red"));
+const Said swordfishcolumnslesson = {
+    "nella colonne 1 e 5 e 9 il numero 3 è contenuto solo nelle celle verdi\r\n"
+    "questo comporta che anche nelle righe 3 e 8 e 6 il numero 3\r\n"
+    "deve obbligatoriamente cadere in una delle celle verdi ",
+    "in columns 1 , 5 , 9 the number 3 is located only on green cells\r\n"
+    "in consequence, also in the rows 3 , 8 , 6 the number 3\r\n"
+    "is forced on green cells ",
+};
 const Example swordfishcolumns = {
     .name = "SwordfishInColumns",
     .tag = "findswordfish",
@@ -217,25 +223,7 @@ const Example swordfishcolumns = {
              "SWORDFISH, number 3 in columns 159 rows 386"},
             {" * eliminato 3 from   r3c7 ,   r8c3 ,   r8c6 , ",
              " * deleted 3 from   r3c7 ,   r8c3 ,   r8c6 , "}},
-    .lesson = {{.adds = {"TECNICA SWORDFISH  LIVELLO 11\r\n"
-                         "Si devono trovare 3 righe(colonne) con lo stesso candidato unico\r\n"
-                         "solo su 3 celle, se le celle cadono su 3 colonne (righe) uguali\r\n"
-                         "si può eliminare il candidato dalle altre celle delle 3 colonne(righe)\r\n"
-                         "==============================================\r\n"
-                         "nella colonne 1 e 5 e 9 il numero 3 è contenuto solo nelle celle verdi\r\n"
-                         "questo comporta che anche nelle righe 3 e 8 e 6 il numero 3\r\n"
-                         "deve obbligatoriamente cadere in una delle celle verdi ",
-                         "TECHNIQUE SWORDFISH  LEVEL 11\r\n"
-                         "When ALL candidates for number X in 3 rows (columns)\r\n"
-                         "are located in only 3 columns (rows), \r\n"
-                         "we can eliminate all candidates for number X \r\n"
-                         "from those 3 columns (rows)\r\n"
-                         "except those located on the defining 3 rows (columns)\r\n"
-                         "==============================================\r\n"
-                         "in columns 1 , 5 , 9 the number 3 is located only on green cells\r\n"
-                         "in consequence, also in the rows 3 , 8 , 6 the number 3\r\n"
-                         "is forced on green cells "},
-                .candidate = swordfishcolumnsmarks},
+    .lesson = {{.adds = swordfishrule + swordfishcolumnslesson, .candidate = swordfishcolumnsmarks},
                {.adds = {"\r\npossiamo quindi eliminare il 3 dalle altre celle delle righe 3 e 8 e 6\r\n"
                          "colorate in rosso \r\n"
                          "nel nostro caso da r3c7, r8c3, r8c6, ",
@@ -246,11 +234,34 @@ const Example swordfishcolumns = {
 
 // ---- Jellyfish --------------------------------------------------------------------------------------------
 
+const Said jellyfishrule = {
+    "TECNICA JELLYFISH  LIVELLO 12\r\n"
+    "Si devono trovare 4 righe(colonne) con lo stesso candidato unico\r\n"
+    "solo su 4 celle, se le celle cadono su 4 colonne (righe) uguali\r\n"
+    "si può eliminare il candidato dalle altre celle delle 4 colonne(righe)\r\n"
+    "==============================================\r\n",
+    "TECHNIQUE JELLYFISH  LEVEL 12\r\n"
+    "When ALL candidates for number X in 4 rows (columns)\r\n"
+    "are located in only 4 columns (rows), \r\n"
+    "we can eliminate all candidates for number X \r\n"
+    "from those 4 columns (rows)\r\n"
+    "except those located on the defining 4 rows (columns)\r\n"
+    "==============================================\r\n",
+};
+
 const std::vector<int> jellyfishrowsplaces = {at(1, 2), at(1, 5), at(1, 9), at(4, 2), at(4, 5), at(4, 9),
                                               at(6, 5), at(6, 7), at(6, 9), at(8, 2), at(8, 5), at(8, 7)};
 const std::vector<int> jellyfishrowsvictims = {at(3, 2), at(9, 5), at(9, 9), at(2, 7), at(5, 7)};
 const Paint jellyfishrowsmarks =
     painted(each(jellyfishrowsplaces, "6"), "green", painted(each(jellyfishrowsvictims, "6"), "red"));
+const Said jellyfishrowslesson = {
+    "nella righe 1 e 4 e 6 e 8 il numero 6 è contenuto solo nelle celle verdi\r\n"
+    "questo comporta che anche nelle colonne 2 e 5 e 9 e 7 il numero 6\r\n"
+    "deve obbligatoriamente cadere in una delle celle verdi ",
+    "in rows 1 , 4 , 6 , 8 the number 6 is located only on green cells\r\n"
+    "in consequence, also in the columns 2 , 5 , 9 , 7 the number 6\r\n"
+    "is forced on green cells ",
+};
 // The last sentence speaks of the numbers of columns as rows.
 const Example jellyfishrows = {
     .name = "JellyfishInRows",
@@ -275,25 +286,7 @@ const Example jellyfishrows = {
              "JELLYFISH, number 6 in rows 1468 columns 2597"},
             {" * eliminato 6 from   r3c2 ,   r9c5 ,   r9c9 ,   r2c7 ,   r5c7 , ",
              " * deleted 6 from   r3c2 ,   r9c5 ,   r9c9 ,   r2c7 ,   r5c7 , "}},
-    .lesson = {{.adds = {"TECNICA JELLYFISH  LIVELLO 12\r\n"
-                         "Si devono trovare 4 righe(colonne) con lo stesso candidato unico\r\n"
-                         "solo su 4 celle, se le celle cadono su 4 colonne (righe) uguali\r\n"
-                         "si può eliminare il candidato dalle altre celle delle 4 colonne(righe)\r\n"
-                         "==============================================\r\n"
-                         "nella righe 1 e 4 e 6 e 8 il numero 6 è contenuto solo nelle celle verdi\r\n"
-                         "questo comporta che anche nelle colonne 2 e 5 e 9 e 7 il numero 6\r\n"
-                         "deve obbligatoriamente cadere in una delle celle verdi ",
-                         "TECHNIQUE JELLYFISH  LEVEL 12\r\n"
-                         "When ALL candidates for number X in 4 rows (columns)\r\n"
-                         "are located in only 4 columns (rows), \r\n"
-                         "we can eliminate all candidates for number X \r\n"
-                         "from those 4 columns (rows)\r\n"
-                         "except those located on the defining 4 rows (columns)\r\n"
-                         "==============================================\r\n"
-                         "in rows 1 , 4 , 6 , 8 the number 6 is located only on green cells\r\n"
-                         "in consequence, also in the columns 2 , 5 , 9 , 7 the number 6\r\n"
-                         "is forced on green cells "},
-                .candidate = jellyfishrowsmarks},
+    .lesson = {{.adds = jellyfishrule + jellyfishrowslesson, .candidate = jellyfishrowsmarks},
                {.adds = {"\r\npossiamo quindi eliminare il 6 dalle altre celle delle righe 2 e 5 e 9 e 7\r\n"
                          "colorate in rosso \r\n"
                          "nel nostro caso da r3c2, r9c5, r9c9, r2c7, r5c7, ",
@@ -308,6 +301,14 @@ const std::vector<int> jellyfishcolumnsplaces = {at(2, 1), at(5, 1), at(9, 1), a
 const std::vector<int> jellyfishcolumnsvictims = {at(2, 3), at(5, 9), at(9, 9), at(7, 2), at(7, 5)};
 const Paint jellyfishcolumnsmarks =
     painted(each(jellyfishcolumnsplaces, "2"), "green", painted(each(jellyfishcolumnsvictims, "2"), "red"));
+const Said jellyfishcolumnslesson = {
+    "nella colonne 1 e 4 e 6 e 8 il numero 2 è contenuto solo nelle celle verdi\r\n"
+    "questo comporta che anche nelle righe 2 e 5 e 9 e 7 il numero 2\r\n"
+    "deve obbligatoriamente cadere in una delle celle verdi ",
+    "in columns 1 , 4 , 6 , 8 the number 2 is located only on green cells\r\n"
+    "in consequence, also in the rows 2 , 5 , 9 , 7 the number 2\r\n"
+    "is forced on green cells ",
+};
 const Example jellyfishcolumns = {
     .name = "JellyfishInColumns",
     .tag = "findjellyfish",
@@ -333,25 +334,7 @@ const Example jellyfishcolumns = {
             {" * eliminato 2 from   r2c3 ,   r5c9 ,   r9c9 ,   r7c2 ,   r7c5 , ",
              " * deleted 2 from   r2c3 ,   r5c9 ,   r9c9 ,   r7c2 ,   r7c5 , "}},
     .lesson =
-        {{.adds = {"TECNICA JELLYFISH  LIVELLO 12\r\n"
-                   "Si devono trovare 4 righe(colonne) con lo stesso candidato unico\r\n"
-                   "solo su 4 celle, se le celle cadono su 4 colonne (righe) uguali\r\n"
-                   "si può eliminare il candidato dalle altre celle delle 4 colonne(righe)\r\n"
-                   "==============================================\r\n"
-                   "nella colonne 1 e 4 e 6 e 8 il numero 2 è contenuto solo nelle celle verdi\r\n"
-                   "questo comporta che anche nelle righe 2 e 5 e 9 e 7 il numero 2\r\n"
-                   "deve obbligatoriamente cadere in una delle celle verdi ",
-                   "TECHNIQUE JELLYFISH  LEVEL 12\r\n"
-                   "When ALL candidates for number X in 4 rows (columns)\r\n"
-                   "are located in only 4 columns (rows), \r\n"
-                   "we can eliminate all candidates for number X \r\n"
-                   "from those 4 columns (rows)\r\n"
-                   "except those located on the defining 4 rows (columns)\r\n"
-                   "==============================================\r\n"
-                   "in columns 1 , 4 , 6 , 8 the number 2 is located only on green cells\r\n"
-                   "in consequence, also in the rows 2 , 5 , 9 , 7 the number 2\r\n"
-                   "is forced on green cells "},
-          .candidate = jellyfishcolumnsmarks},
+        {{.adds = jellyfishrule + jellyfishcolumnslesson, .candidate = jellyfishcolumnsmarks},
          {.adds = {"\r\npossiamo quindi eliminare il 2 dalle altre celle delle colonne 2 e 5 e 9 e 7\r\n"
                    "colorate in rosso \r\n"
                    "nel nostro caso da r2c3, r5c9, r9c9, r7c2, r7c5, ",

@@ -17,21 +17,24 @@
 namespace gradino::tests {
 namespace {
 
-const Said nakedrowlesson = {
+const Said nakedpairrule = {
     "DOPPIA NUDA - LIVELLO 4\r\n"
     "Se due celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi due candidati, allora "
     "possiamo eliminare i due candidati da tutte le altre celle del gruppo\r\n"
-    "==============================================\r\n"
+    "==============================================\r\n",
+    "NAKED PAIR - LEVEL 4\r\n"
+    "If two cells in a house (block, row, column), contain exactly the same two candidates, then we can delete "
+    "the two candidates from all the other cells of the house\r\n"
+    "==============================================\r\n",
+};
+
+const Said nakedrowlesson = {
     "nella riga 1 le celle r1c2 e r1c7 (colorate in giallo)\r\n"
     "contengono solamente 47\r\n"
     "Ne consegue che nella riga 1 i numeri 4 e 7 devono stare obbligatoriamente in una delle due celle gialle\r\n"
     "possiamo quindi eliminare i due candidati da ogni altra cella della riga 1\r\n"
     "nel nostro caso li possiamo  eliminare dalle celle rosse: "
     "4 da r1c1 , 4 da r1c5 , 7 da r1c5 , 7 da r1c9 , ",
-    "NAKED PAIR - LEVEL 4\r\n"
-    "If two cells in a house (block, row, column), contain exactly the same two candidates, then we can delete "
-    "the two candidates from all the other cells of the house\r\n"
-    "==============================================\r\n"
     "in the row 1 the yellow cells r1c2 and r1c7\r\n"
     "contain only 47\r\n"
     "therefore in the row 1 the numbers 4 and 7 are forced in one of the two yellow cells\r\n"
@@ -62,7 +65,7 @@ const Example nakedrow = {
     .log = {{"COPPIA NUDA 47 , celle r1c2 , r1c7", "NAKED PAIR 47 ,  cells r1c2 , r1c7"},
             {" * eliminato 4 from r1c1 , 4 from r1c5 , 7 from r1c5 , 7 from r1c9 , ",
              " * deleted 4 from r1c1 , 4 from r1c5 , 7 from r1c5 , 7 from r1c9 , "}},
-    .lesson = {{.adds = nakedrowlesson,
+    .lesson = {{.adds = nakedpairrule + nakedrowlesson,
                 .Text2 = {{at(1, 2), "yellow"}, {at(1, 7), "yellow"}},
                 .candidate = painted({{at(1, 1), "4"}, {at(1, 5), "47"}, {at(1, 9), "7"}}, "red"),
                 .left = painted({{at(1, 1), "4"}, {at(1, 5), "47"}, {at(1, 9), "7"}}, "red")}},
@@ -71,20 +74,12 @@ const Example nakedrow = {
 };
 
 const Said nakedcolumnlesson = {
-    "DOPPIA NUDA - LIVELLO 4\r\n"
-    "Se due celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi due candidati, allora "
-    "possiamo eliminare i due candidati da tutte le altre celle del gruppo\r\n"
-    "==============================================\r\n"
     "nella colonna 6 le celle r2c6 e r9c6 (colorate in giallo)\r\n"
     "contengono solamente 29\r\n"
     "Ne consegue che nella colonna 6 i numeri 2 e 9 devono stare obbligatoriamente in una delle due celle "
     "gialle\r\n"
     "possiamo quindi eliminare i due candidati da ogni altra cella della colonna 6\r\n"
     "nel nostro caso li possiamo  eliminare dalle celle rosse: 2 da r4c6 , 9 da r4c6 , 9 da r7c6 , ",
-    "NAKED PAIR - LEVEL 4\r\n"
-    "If two cells in a house (block, row, column), contain exactly the same two candidates, then we can delete "
-    "the two candidates from all the other cells of the house\r\n"
-    "==============================================\r\n"
     "in the column 6 the yellow cells r2c6 and r9c6\r\n"
     "contain only 29\r\n"
     "therefore in the column 6 the numbers 2 and 9 are forced in one of the two yellow cells\r\n"
@@ -114,7 +109,7 @@ const Example nakedcolumn = {
     .log = {{"COPPIA NUDA 29 , celle r2c6 , r9c6", "NAKED PAIR 29 ,  cells r2c6 , r9c6"},
             {" * eliminato 2 from r4c6 , 9 from r4c6 , 9 from r7c6 , ",
              " * deleted 2 from r4c6 , 9 from r4c6 , 9 from r7c6 , "}},
-    .lesson = {{.adds = nakedcolumnlesson,
+    .lesson = {{.adds = nakedpairrule + nakedcolumnlesson,
                 .Text2 = {{at(2, 6), "yellow"}, {at(9, 6), "yellow"}},
                 .candidate = painted({{at(4, 6), "29"}, {at(7, 6), "9"}}, "red"),
                 .left = painted({{at(4, 6), "29"}, {at(7, 6), "9"}}, "red")}},
@@ -123,20 +118,12 @@ const Example nakedcolumn = {
 };
 
 const Said nakedblocklesson = {
-    "DOPPIA NUDA - LIVELLO 4\r\n"
-    "Se due celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi due candidati, allora "
-    "possiamo eliminare i due candidati da tutte le altre celle del gruppo\r\n"
-    "==============================================\r\n"
     "nel settore 9 le celle r7c8 e r9c7 (colorate in giallo)\r\n"
     "contengono solamente 15\r\n"
     "Ne consegue che nel settore 9 i numeri 1 e 5 devono stare obbligatoriamente in una delle due celle gialle\r\n"
     "possiamo quindi eliminare i due candidati da ogni altra cella del settore 9\r\n"
     "nel nostro caso li possiamo  eliminare dalle celle rosse: "
     "1 da r7c7 , 1 da r8c8 , 5 da r8c8 , 5 da r9c9 , ",
-    "NAKED PAIR - LEVEL 4\r\n"
-    "If two cells in a house (block, row, column), contain exactly the same two candidates, then we can delete "
-    "the two candidates from all the other cells of the house\r\n"
-    "==============================================\r\n"
     "in the block 9 the yellow cells r7c8 and r9c7\r\n"
     "contain only 15\r\n"
     "therefore in the block 9 the numbers 1 and 5 are forced in one of the two yellow cells\r\n"
@@ -167,7 +154,7 @@ const Example nakedblock = {
     .log = {{"COPPIA NUDA 15 , celle r7c8 , r9c7", "NAKED PAIR 15 ,  cells r7c8 , r9c7"},
             {" * eliminato 1 from r7c7 , 1 from r8c8 , 5 from r8c8 , 5 from r9c9 , ",
              " * deleted 1 from r7c7 , 1 from r8c8 , 5 from r8c8 , 5 from r9c9 , "}},
-    .lesson = {{.adds = nakedblocklesson,
+    .lesson = {{.adds = nakedpairrule + nakedblocklesson,
                 .Text2 = {{at(7, 8), "yellow"}, {at(9, 7), "yellow"}},
                 .candidate = painted({{at(7, 7), "1"}, {at(8, 8), "15"}, {at(9, 9), "5"}}, "red"),
                 .left = painted({{at(7, 7), "1"}, {at(8, 8), "15"}, {at(9, 9), "5"}}, "red")}},
@@ -175,22 +162,25 @@ const Example nakedblock = {
                 "deleted  numbers 1 and 5 from  r7c7 ,  r8c8 ,  r9c9 , "},
 };
 
-const Said hiddenrowlesson = {
+const Said hiddenpairrule = {
     "DOPPIA NASCOSTA - LIVELLO 5\r\n"
     "Se in due celle di un gruppo (settore riga o colonna) è contenuta una coppia identica di candidati e nessuna "
     "altra cella del gruppo contiene i due candidati, allora possiamo escludere tutti gli altri candidati da "
     "queste due celle.\r\n"
-    "==============================================\r\n"
+    "==============================================\r\n",
+    "HIDDEN PAIR - LEVEL 5\r\n"
+    "If in 2 cells of a house (block, row, column) is contained an identical pair of candidates and no other cell "
+    "of the house contain the 2 candidates, then we can delete all the other candidates from these 2 cells.\r\n"
+    "==============================================\r\n",
+};
+
+const Said hiddenrowlesson = {
     "nella riga 5 le celle r5c1 e r5c9 (colorate in verde)\r\n"
     "sono le uniche a contenere i candidati 3 e 8\r\n"
     "Ne consegue che una cella dovrà contenere il 3\r\n"
     "e l'altra  dovrà contenere il 8 o viceversa\r\n"
     "possiamo quindi eliminare dalle due celle  \r\n"
     "ogni altro candidato diverso da  3 e 8",
-    "HIDDEN PAIR - LEVEL 5\r\n"
-    "If in 2 cells of a house (block, row, column) is contained an identical pair of candidates and no other cell "
-    "of the house contain the 2 candidates, then we can delete all the other candidates from these 2 cells.\r\n"
-    "==============================================\r\n"
     "in the row 5 the green cells r5c1 and r5c9\r\n"
     "are the only ones to contain the candidates 3 and 8\r\n"
     "Therefore one cell must contain 3\r\n"
@@ -220,27 +210,18 @@ const Example hiddenrow = {
     .foundbystop = false,
     .log = {{"COPPIA NASCOSTA 38 nelle celle r5c1 , r5c9", "HIDDEN PAIR 38, cells r5c1 , r5c9"},
             {" * inserito 38 in r5c1 , r5c9", " * entered 38 in r5c1 , r5c9"}},
-    .lesson = {{.adds = hiddenrowlesson,
+    .lesson = {{.adds = hiddenpairrule + hiddenrowlesson,
                 .candidate = painted({{at(5, 1), "38"}, {at(5, 9), "38"}}, "green")}},
     .closing = {"rimossi extra numeri da  r5c1 r5c9", "deleted extra cendidates from  r5c1 r5c9"},
 };
 
 const Said hiddencolumnlesson = {
-    "DOPPIA NASCOSTA - LIVELLO 5\r\n"
-    "Se in due celle di un gruppo (settore riga o colonna) è contenuta una coppia identica di candidati e nessuna "
-    "altra cella del gruppo contiene i due candidati, allora possiamo escludere tutti gli altri candidati da "
-    "queste due celle.\r\n"
-    "==============================================\r\n"
     "nella colonna 4 le celle r2c4 e r5c4 (colorate in verde)\r\n"
     "sono le uniche a contenere i candidati 1 e 6\r\n"
     "Ne consegue che una cella dovrà contenere 1\r\n"
     "e l'altra  dovrà contenere 6 o viceversa\r\n"
     "possiamo quindi eliminare dalle due celle  \r\n"
     "ogni altro candidato diverso da  1 e 6",
-    "HIDDEN PAIR - LEVEL 5\r\n"
-    "If in 2 cells of a house (block, row, column) is contained an identical pair of candidates and no other cell "
-    "of the house contain the 2 candidates, then we can delete all the other candidates from these 2 cells.\r\n"
-    "==============================================\r\n"
     "in the column 4 the green cells r2c4 and r5c4\r\n"
     "are the only ones to contain the candidates 1 and 6\r\n"
     "Therefore one cell must contain 1\r\n"
@@ -272,27 +253,18 @@ const Example hiddencolumn = {
     .foundbystop = false,
     .log = {{"COPPIA NASCOSTA 16 nelle celle r2c4 , r5c4", "HIDDEN PAIR 16, cells r2c4 , r5c4"},
             {" * inserito 16 in r2c4 , r5c4", " * entered 16 in r2c4 , r5c4"}},
-    .lesson = {{.adds = hiddencolumnlesson,
+    .lesson = {{.adds = hiddenpairrule + hiddencolumnlesson,
                 .candidate = painted({{at(2, 4), "16"}, {at(5, 4), "16"}}, "green")}},
     .closing = {"rimossi extra numeri da  r2c4 r5c4", "deleted extra cendidates from  r2c4 r5c4"},
 };
 
 const Said hiddenblocklesson = {
-    "DOPPIA NASCOSTA - LIVELLO 5\r\n"
-    "Se in due celle di un gruppo (settore riga o colonna) è contenuta una coppia identica di candidati e nessuna "
-    "altra cella del gruppo contiene i due candidati, allora possiamo escludere tutti gli altri candidati da "
-    "queste due celle.\r\n"
-    "==============================================\r\n"
     "nel settore 7 le celle r7c1 e r9c3 (colorate in verde)\r\n"
     "sono le uniche a contenere i candidati 5 e 9\r\n"
     "Ne consegue che una cella dovrà contenere 5\r\n"
     "e l'altra  dovrà contenere 9 o viceversa\r\n"
     "possiamo quindi eliminare dalle due celle  \r\n"
     "ogni altro candidato diverso da  5 e 9",
-    "HIDDEN PAIR - LEVEL 5\r\n"
-    "If in 2 cells of a house (block, row, column) is contained an identical pair of candidates and no other cell "
-    "of the house contain the 2 candidates, then we can delete all the other candidates from these 2 cells.\r\n"
-    "==============================================\r\n"
     "in the block 7 the green cells r7c1 and r9c3\r\n"
     "are the only ones to contain the candidates 5 and 9\r\n"
     "Therefore one cell must contain 5\r\n"
@@ -324,7 +296,7 @@ const Example hiddenblock = {
     .foundbystop = false,
     .log = {{"COPPIA NASCOSTA 59 nelle celle r7c1 , r9c3", "HIDDEN PAIR 59, cells r7c1 , r9c3"},
             {" * inserito 59 in r7c1 , r9c3", " * entered 59 in r7c1 , r9c3"}},
-    .lesson = {{.adds = hiddenblocklesson,
+    .lesson = {{.adds = hiddenpairrule + hiddenblocklesson,
                 .candidate = painted({{at(7, 1), "59"}, {at(9, 3), "59"}}, "green")}},
     .closing = {"rimossi extra numeri da  r7c1 r9c3", "deleted extra cendidates from  r7c1 r9c3"},
 };

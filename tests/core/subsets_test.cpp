@@ -17,11 +17,18 @@
 namespace gradino::tests {
 namespace {
 
-const Said nakedtriplerowlesson = {
+const Said nakedtriplerule = {
     "TRIPLA NUDA - LIVELLO 6\r\n"
     "Se tre celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi tre candidati, allora "
     "possiamo eliminare i tre candidati da tutte le altre celle del gruppo\r\n"
-    "==============================================\r\n"
+    "==============================================\r\n",
+    "NAKED TRIPLE - LEVEL 6\r\n"
+    "If 3 cells in a house (block, row, column), contain exactly the same 3 candidates, then we can delete the 3 "
+    "candidates from all the cells of the house\r\n"
+    "==============================================\r\n",
+};
+
+const Said nakedtriplerowlesson = {
     "nella riga 1 le celle r1c1 e r1c5 e r1c9 (colorate in verde)\r\n"
     "contengono solamente 3 e 4 e 9\r\n"
     "Ne consegue che nella riga 1 i numeri 3 e 4 e 9 devono stare obbligatoriamente in una delle tre celle "
@@ -29,10 +36,6 @@ const Said nakedtriplerowlesson = {
     "possiamo quindi eliminare i tre candidati da ogni altra cella della riga 1\r\n"
     "nel nostro caso li possiamo  eliminare dalle celle rosse: \r\n"
     "4 da r1c2 , 3 da r1c6 , 9 da r1c6 , ",
-    "NAKED TRIPLE - LEVEL 6\r\n"
-    "If 3 cells in a house (block, row, column), contain exactly the same 3 candidates, then we can delete the 3 "
-    "candidates from all the cells of the house\r\n"
-    "==============================================\r\n"
     "in the row 1 the green cells r1c1 e r1c5 e r1c9\r\n"
     "contain only 349\r\n"
     "Therefore in the row 1 i numeri 349 are forced in one of the 3 green cells\r\n"
@@ -64,7 +67,7 @@ const Example nakedtriplerow = {
     .log = {{"TRIPLA NUDA  349 nelle celle r1c1 , r1c5 , r1c9", "NAKED TRIPLE 349, cells r1c1 , r1c5 , r1c9"},
             {" * eliminato 4 from r1c2 , 3 from r1c6 , 9 from r1c6 , ",
              " * deleted 4 from r1c2 , 3 from r1c6 , 9 from r1c6 , "}},
-    .lesson = {{.adds = nakedtriplerowlesson,
+    .lesson = {{.adds = nakedtriplerule + nakedtriplerowlesson,
                 .candidate =
                     painted({{at(1, 2), "4"}, {at(1, 6), "39"}}, "red",
                             painted({{at(1, 1), "349"}, {at(1, 5), "349"}, {at(1, 9), "349"}}, "green")),
@@ -76,10 +79,6 @@ const Example nakedtriplerow = {
 
 // Three cells of two candidates each. In a column the English words are shorter.
 const Said nakedtriplecolumnlesson = {
-    "TRIPLA NUDA - LIVELLO 6\r\n"
-    "Se tre celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi tre candidati, allora "
-    "possiamo eliminare i tre candidati da tutte le altre celle del gruppo\r\n"
-    "==============================================\r\n"
     "nella colonna 6 le celle r2c6 e r5c6 e r9c6 (colorate in verde)\r\n"
     "contengono solamente 1 e 5 e 8\r\n"
     "Ne consegue che nella colonna 6 i numeri 1 e 5 e 8 devono stare obbligatoriamente in una delle tre celle "
@@ -87,10 +86,6 @@ const Said nakedtriplecolumnlesson = {
     "possiamo quindi eliminare i tre candidati da ogni altra cella della colonna 6\r\n"
     "nel nostro caso li possiamo  eliminare dalle celle rosse: \r\n"
     "5 da r1c6 , 8 da r1c6 , 1 da r7c6 , ",
-    "NAKED TRIPLE - LEVEL 6\r\n"
-    "If 3 cells in a house (block, row, column), contain exactly the same 3 candidates, then we can delete the 3 "
-    "candidates from all the cells of the house\r\n"
-    "==============================================\r\n"
     "in the column 6 the green cells r2c6 e r5c6 e r9c6\r\n"
     "contain only 158\r\n"
     "Therefore in the column 6 i numeri 158 are forced in one of the 3 green cells\r\n"
@@ -122,7 +117,7 @@ const Example nakedtriplecolumn = {
     .log = {{"TRIPLA NUDA  158 nelle celle r2c6 , r5c6 , r9c6", "NAKED TRIPLE 158, cells r2c6 , r5c6 , r9c6"},
             {" * eliminato 5 from r1c6 , 8 from r1c6 , 1 from r7c6 , ",
              " * deleted 5 from r1c6 , 8 from r1c6 , 1 from r7c6 , "}},
-    .lesson = {{.adds = nakedtriplecolumnlesson,
+    .lesson = {{.adds = nakedtriplerule + nakedtriplecolumnlesson,
                 .candidate =
                     painted({{at(1, 6), "58"}, {at(7, 6), "1"}}, "red",
                             painted({{at(2, 6), "158"}, {at(5, 6), "158"}, {at(9, 6), "158"}}, "green")),
@@ -133,10 +128,6 @@ const Example nakedtriplecolumn = {
 };
 
 const Said nakedtripleblocklesson = {
-    "TRIPLA NUDA - LIVELLO 6\r\n"
-    "Se tre celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi tre candidati, allora "
-    "possiamo eliminare i tre candidati da tutte le altre celle del gruppo\r\n"
-    "==============================================\r\n"
     "nel settore 5 le celle r4c4 e r5c6 e r6c5 (colorate in verde)\r\n"
     "contengono solamente 2 e 6 e 7\r\n"
     "Ne consegue che nel settore 5 i numeri 2 e 6 e 7 devono stare obbligatoriamente in una delle tre celle "
@@ -144,10 +135,6 @@ const Said nakedtripleblocklesson = {
     "possiamo quindi eliminare i tre candidati da ogni altra cella del settore 5\r\n"
     "nel nostro caso li possiamo  eliminare dalle celle rosse: \r\n"
     "2 da r4c6 , 6 da r6c4 , 7 da r6c4 , ",
-    "NAKED TRIPLE - LEVEL 6\r\n"
-    "If 3 cells in a house (block, row, column), contain exactly the same 3 candidates, then we can delete the 3 "
-    "candidates from all the cells of the house\r\n"
-    "==============================================\r\n"
     "in the block 5 the green cells r4c4 e r5c6 e r6c5\r\n"
     "contain only 267\r\n"
     "Therefore in the block 5 i numeri 267 are forced in one of the 3 green cells\r\n"
@@ -179,7 +166,7 @@ const Example nakedtripleblock = {
     .log = {{"TRIPLA NUDA  267 nelle celle r4c4 , r5c6 , r6c5", "NAKED TRIPLE 267, cells r4c4 , r5c6 , r6c5"},
             {" * eliminato 2 from r4c6 , 6 from r6c4 , 7 from r6c4 , ",
              " * deleted 2 from r4c6 , 6 from r6c4 , 7 from r6c4 , "}},
-    .lesson = {{.adds = nakedtripleblocklesson,
+    .lesson = {{.adds = nakedtriplerule + nakedtripleblocklesson,
                 .candidate =
                     painted({{at(4, 6), "2"}, {at(6, 4), "67"}}, "red",
                             painted({{at(4, 4), "267"}, {at(5, 6), "267"}, {at(6, 5), "267"}}, "green")),
@@ -189,11 +176,18 @@ const Example nakedtripleblock = {
          "deleted number 267 from r4c4 ,  r4c6 ,  r5c6 ,  r4c4 ,  r5c6 ,  r6c4 ,  r6c5 ,  r4c4 ,  r6c4 ,  r6c5 , "},
 };
 
-const Said nakedquadrowlesson = {
+const Said nakedquadrule = {
     "QUADRUPLA NUDA - LIVELLO 7\r\n"
     "Se 4 celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi 4 candidati, allora "
     "possiamo eliminare i 4 candidati da tutte le altre celle del gruppo\r\n"
-    "==============================================\r\n"
+    "==============================================\r\n",
+    "NAKED QUAD - LEVEL 7\r\n"
+    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates, then we can delete the 4 "
+    "candidates from all the cells of the house\r\n"
+    "==============================================\r\n",
+};
+
+const Said nakedquadrowlesson = {
     "nella riga 6 le celle r6c2 e r6c5 e r6c6 e r6c9 (colorate in verde)\r\n"
     "contengono solamente 1 e 4 e 6 e 8\r\n"
     "Ne consegue che nella riga 6 i numeri 1 e 4 e 6 e 8 devono stare obbligatoriamente in una delle 4 celle "
@@ -201,10 +195,6 @@ const Said nakedquadrowlesson = {
     "possiamo quindi eliminare i 4 candidati da ogni altra cella della riga 6\r\n"
     "nel nostro caso li possiamo  eliminare dalle celle rosse: \r\n"
     "1 da r6c4 , 8 da r6c4 , 4 da r6c7 , 6 da r6c7 , ",
-    "NAKED QUAD - LEVEL 7\r\n"
-    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates, then we can delete the 4 "
-    "candidates from all the cells of the house\r\n"
-    "==============================================\r\n"
     "in the row 6 the green cells r6c2 e r6c5 e r6c6 e r6c9\r\n"
     "contain only 1468\r\n"
     "Therefore in the row 6 i numeri 1468 are forced in one of the 4 green cells\r\n"
@@ -239,7 +229,7 @@ const Example nakedquadrow = {
              "NAKED QUAD 1468, cells r6c2 , r6c5 , r6c6 , r6c9"},
             {" * eliminato 1 from r6c4 , 8 from r6c4 , 4 from r6c7 , 6 from r6c7 , ",
              " * deleted 1 from r6c4 , 8 from r6c4 , 4 from r6c7 , 6 from r6c7 , "}},
-    .lesson = {{.adds = nakedquadrowlesson,
+    .lesson = {{.adds = nakedquadrule + nakedquadrowlesson,
                 .candidate = painted(
                     {{at(6, 4), "18"}, {at(6, 7), "46"}}, "red",
                     painted({{at(6, 2), "1468"}, {at(6, 5), "1468"}, {at(6, 6), "1468"}, {at(6, 9), "1468"}},
@@ -253,10 +243,6 @@ const Example nakedquadrow = {
 };
 
 const Said nakedquadcolumnlesson = {
-    "QUADRUPLA NUDA - LIVELLO 7\r\n"
-    "Se 4 celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi 4 candidati, allora "
-    "possiamo eliminare i 4 candidati da tutte le altre celle del gruppo\r\n"
-    "==============================================\r\n"
     "nella colonna 3 le celle r1c3 e r4c3 e r7c3 e r8c3 (colorate in verde)\r\n"
     "contengono solamente 2 e 5 e 7 e 9\r\n"
     "Ne consegue che nella colonna 3 i numeri 2 e 5 e 7 e 9 devono stare obbligatoriamente in una delle 4 celle "
@@ -264,10 +250,6 @@ const Said nakedquadcolumnlesson = {
     "possiamo quindi eliminare i 4 candidati da ogni altra cella della colonna 3\r\n"
     "nel nostro caso li possiamo  eliminare dalle celle rosse: \r\n"
     "2 da r2c3 , 7 da r2c3 , 9 da r9c3 , ",
-    "NAKED QUAD - LEVEL 7\r\n"
-    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates, then we can delete the 4 "
-    "candidates from all the cells of the house\r\n"
-    "==============================================\r\n"
     "in the column 3 the green cells r1c3 e r4c3 e r7c3 e r8c3\r\n"
     "contain only 2579\r\n"
     "Therefore in the column 3 i numeri 2579 are forced in one of the 4 green cells\r\n"
@@ -302,7 +284,7 @@ const Example nakedquadcolumn = {
              "NAKED QUAD 2579, cells r1c3 , r4c3 , r7c3 , r8c3"},
             {" * eliminato 2 from r2c3 , 7 from r2c3 , 9 from r9c3 , ",
              " * deleted 2 from r2c3 , 7 from r2c3 , 9 from r9c3 , "}},
-    .lesson = {{.adds = nakedquadcolumnlesson,
+    .lesson = {{.adds = nakedquadrule + nakedquadcolumnlesson,
                 .candidate = painted(
                     {{at(2, 3), "27"}, {at(9, 3), "9"}}, "red",
                     painted({{at(1, 3), "2579"}, {at(4, 3), "2579"}, {at(7, 3), "2579"}, {at(8, 3), "2579"}},
@@ -316,10 +298,6 @@ const Example nakedquadcolumn = {
 };
 
 const Said nakedquadblocklesson = {
-    "QUADRUPLA NUDA - LIVELLO 7\r\n"
-    "Se 4 celle di un gruppo (settore riga o colonna), contengono esattamente gli stessi 4 candidati, allora "
-    "possiamo eliminare i 4 candidati da tutte le altre celle del gruppo\r\n"
-    "==============================================\r\n"
     "nel settore 3 le celle r1c8 e r2c7 e r3c7 e r3c9 (colorate in verde)\r\n"
     "contengono solamente 2 e 3 e 5 e 9\r\n"
     "Ne consegue che nel settore 3 i numeri 2 e 3 e 5 e 9 devono stare obbligatoriamente in una delle 4 celle "
@@ -327,10 +305,6 @@ const Said nakedquadblocklesson = {
     "possiamo quindi eliminare i 4 candidati da ogni altra cella del settore 3\r\n"
     "nel nostro caso li possiamo  eliminare dalle celle rosse: \r\n"
     "2 da r1c7 , 9 da r2c8 , 3 da r3c8 , ",
-    "NAKED QUAD - LEVEL 7\r\n"
-    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates, then we can delete the 4 "
-    "candidates from all the cells of the house\r\n"
-    "==============================================\r\n"
     "in the block 3 the green cells r1c8 e r2c7 e r3c7 e r3c9\r\n"
     "contain only 2359\r\n"
     "Therefore in the block 3 i numeri 2359 are forced in one of the 4 green cells\r\n"
@@ -365,7 +339,7 @@ const Example nakedquadblock = {
              "NAKED QUAD 2359, cells r1c8 , r2c7 , r3c7 , r3c9"},
             {" * eliminato 2 from r1c7 , 9 from r2c8 , 3 from r3c8 , ",
              " * deleted 2 from r1c7 , 9 from r2c8 , 3 from r3c8 , "}},
-    .lesson = {{.adds = nakedquadblocklesson,
+    .lesson = {{.adds = nakedquadrule + nakedquadblocklesson,
                 .candidate = painted(
                     {{at(1, 7), "2"}, {at(2, 8), "9"}, {at(3, 8), "3"}}, "red",
                     painted({{at(1, 8), "2359"}, {at(2, 7), "2359"}, {at(3, 7), "2359"}, {at(3, 9), "2359"}},
@@ -378,24 +352,27 @@ const Example nakedquadblock = {
          "r3c9 ,  r2c7 ,  r2c8 ,  r3c7 ,  r3c9 , "},
 };
 
-// The cells stand in the order of the digits' places: 1 has r5c5 and r5c8, 6 has r5c2 and r5c8. Digits that a
-// cell doesn't hold are green too, and r5c8 is bare already.
-const Said hiddentriplerowlesson = {
+const Said hiddentriplerule = {
     "TRIPLA NASCOSTA - LIVELLO 6\r\n"
     "Se tre celle di un gruppo (settore riga o colonna), contengono tre candidati identici e nessuna altra cella "
     "del gruppo contiene i tre candidati, allora possiamo escludere tutti gli altri candidati da queste tre "
     "celle\r\n"
-    "==============================================\r\n"
+    "==============================================\r\n",
+    "HIDDEN TRIPLE - LEVEL 6\r\n"
+    "If 3 cells in a house (block, row, column), contain exactly the same 3 candidates and no other cell of the "
+    "house contains the 3 candidates, then we can delete all the other candidates from this 3 cells\r\n"
+    "==============================================\r\n",
+};
+
+// The cells stand in the order of the digits' places: 1 has r5c5 and r5c8, 6 has r5c2 and r5c8. Digits that a
+// cell doesn't hold are green too, and r5c8 is bare already.
+const Said hiddentriplerowlesson = {
     "nella riga 5 le celle r5c5 e r5c8 e r5c2 (colorate in verde)\r\n"
     "sono le uniche a contenere i candidati 1 e 6 e 9\r\n"
     "Ne consegue che nella riga 5 i numeri 1 e 6 e 9 devono stare obbligatoriamente in una delle tre celle "
     "verdi\r\n"
     "possiamo quindi eliminare dalle 3 celle  1 e 6 e 9\r\n"
     "ogni altro candidato diverso da  ",
-    "HIDDEN TRIPLE - LEVEL 6\r\n"
-    "If 3 cells in a house (block, row, column), contain exactly the same 3 candidates and no other cell of the "
-    "house contains the 3 candidates, then we can delete all the other candidates from this 3 cells\r\n"
-    "==============================================\r\n"
     "in the row 5 the green cells r5c5 e r5c8 e r5c2\r\n"
     "are the only ones to contain the candidates 169\r\n"
     "Therefore in the row 5 i numeri 169 are forced in one of the 3 green cells\r\n"
@@ -426,7 +403,7 @@ const Example hiddentriplerow = {
     .log = {{"TRIPLA NASCOSTA  169 nelle celle r5c5 , r5c8 , r5c2",
              "HIDDEN TRIPLE 169, cells r5c5 , r5c8 , r5c2"},
             {" * inserito 169 in r5c5 , r5c8 , r5c2", " * entered 169 in r5c5 , r5c8 , r5c2"}},
-    .lesson = {{.adds = hiddentriplerowlesson,
+    .lesson = {{.adds = hiddentriplerule + hiddentriplerowlesson,
                 .candidate =
                     painted({{at(5, 2), "8"}, {at(5, 5), "238"}}, "red",
                             painted({{at(5, 2), "169"}, {at(5, 5), "169"}, {at(5, 8), "169"}}, "green")),
@@ -436,21 +413,12 @@ const Example hiddentriplerow = {
 };
 
 const Said hiddentriplecolumnlesson = {
-    "TRIPLA NASCOSTA - LIVELLO 6\r\n"
-    "Se tre celle di un gruppo (settore riga o colonna), contengono tre candidati identici e nessuna altra cella "
-    "del gruppo contiene i tre candidati, allora possiamo escludere tutti gli altri candidati da queste tre "
-    "celle\r\n"
-    "==============================================\r\n"
     "nella colonna 9 le celle r3c9 e r6c9 e r9c9 (colorate in verde)\r\n"
     "sono le uniche a contenere i candidati 2 e 4 e 7\r\n"
     "Ne consegue che nella colonna 9 i numeri 2 e 4 e 7 devono stare obbligatoriamente in una delle tre celle "
     "verdi\r\n"
     "possiamo quindi eliminare dalle 3 celle  2 e 4 e 7\r\n"
     "ogni altro candidato diverso da  ",
-    "HIDDEN TRIPLE - LEVEL 6\r\n"
-    "If 3 cells in a house (block, row, column), contain exactly the same 3 candidates and no other cell of the "
-    "house contains the 3 candidates, then we can delete all the other candidates from this 3 cells\r\n"
-    "==============================================\r\n"
     "in the column 9 the green cells r3c9 e r6c9 e r9c9\r\n"
     "are the only ones to contain the candidates 247\r\n"
     "Therefore in the column 9 i numeri 247 are forced in one of the 3 green cells\r\n"
@@ -481,7 +449,7 @@ const Example hiddentriplecolumn = {
     .log = {{"TRIPLA NASCOSTA  247 nelle celle r3c9 , r6c9 , r9c9",
              "HIDDEN TRIPLE 247, cells r3c9 , r6c9 , r9c9"},
             {" * inserito 247 in r3c9 , r6c9 , r9c9", " * entered 247 in r3c9 , r6c9 , r9c9"}},
-    .lesson = {{.adds = hiddentriplecolumnlesson,
+    .lesson = {{.adds = hiddentriplerule + hiddentriplecolumnlesson,
                 .candidate =
                     painted({{at(3, 9), "89"}, {at(9, 9), "3"}}, "red",
                             painted({{at(3, 9), "247"}, {at(6, 9), "247"}, {at(9, 9), "247"}}, "green")),
@@ -492,21 +460,12 @@ const Example hiddentriplecolumn = {
 
 // 3 has r2c6 and r3c5, then 7 adds r1c4.
 const Said hiddentripleblocklesson = {
-    "TRIPLA NASCOSTA - LIVELLO 6\r\n"
-    "Se tre celle di un gruppo (settore riga o colonna), contengono tre candidati identici e nessuna altra cella "
-    "del gruppo contiene i tre candidati, allora possiamo escludere tutti gli altri candidati da queste tre "
-    "celle\r\n"
-    "==============================================\r\n"
     "nel settore 2 le celle r2c6 e r3c5 e r1c4 (colorate in verde)\r\n"
     "sono le uniche a contenere i candidati 3 e 7 e 8\r\n"
     "Ne consegue che nel settore 2 i numeri 3 e 7 e 8 devono stare obbligatoriamente in una delle tre celle "
     "verdi\r\n"
     "possiamo quindi eliminare dalle 3 celle  3 e 7 e 8\r\n"
     "ogni altro candidato diverso da  ",
-    "HIDDEN TRIPLE - LEVEL 6\r\n"
-    "If 3 cells in a house (block, row, column), contain exactly the same 3 candidates and no other cell of the "
-    "house contains the 3 candidates, then we can delete all the other candidates from this 3 cells\r\n"
-    "==============================================\r\n"
     "in the block 2 the green cells r2c6 e r3c5 e r1c4\r\n"
     "are the only ones to contain the candidates 378\r\n"
     "Therefore in the block 2 i numeri 378 are forced in one of the 3 green cells\r\n"
@@ -537,7 +496,7 @@ const Example hiddentripleblock = {
     .log = {{"TRIPLA NASCOSTA  378 nelle celle r2c6 , r3c5 , r1c4",
              "HIDDEN TRIPLE 378, cells r2c6 , r3c5 , r1c4"},
             {" * inserito 378 in r2c6 , r3c5 , r1c4", " * entered 378 in r2c6 , r3c5 , r1c4"}},
-    .lesson = {{.adds = hiddentripleblocklesson,
+    .lesson = {{.adds = hiddentriplerule + hiddentripleblocklesson,
                 .candidate =
                     painted({{at(1, 4), "15"}, {at(2, 6), "2"}}, "red",
                             painted({{at(1, 4), "378"}, {at(2, 6), "378"}, {at(3, 5), "378"}}, "green")),
@@ -546,21 +505,24 @@ const Example hiddentripleblock = {
                 "deleted extra cendidates from r2c6 , r3c5 , r1c4"},
 };
 
-const Said hiddenquadrowlesson = {
+const Said hiddenquadrule = {
     "QUADRUPLA NASCOSTA - LIVELLO 7\r\n"
     "Se 4 celle di un gruppo (settore riga o colonna), contengono 4 candidati identici e nessuna altra cella del "
     "gruppo contiene i 4 candidati, allora possiamo escludere tutti gli altri candidati da queste 4 celle\r\n"
-    "==============================================\r\n"
+    "==============================================\r\n",
+    "HIDDEN QUAD - LEVEL 7\r\n"
+    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates and no other cell of the "
+    "house contains the 4 candidates, then we can delete all the other candidates from this 4 cells\r\n"
+    "==============================================\r\n",
+};
+
+const Said hiddenquadrowlesson = {
     "nella riga 3 le celle r3c4 e r3c8 e r3c2 e r3c6 (colorate in verde)\r\n"
     "sono le uniche a contenere i candidati 2 e 4 e 6 e 9\r\n"
     "Ne consegue che nella riga 3 i numeri 2 e 4 e 6 e 9 devono stare obbligatoriamente in una delle 4 celle "
     "verdi\r\n"
     "possiamo quindi eliminare dalle 4 celle  2 e 4 e 6 e 9\r\n"
     "ogni altro candidato diverso da  ",
-    "HIDDEN QUAD - LEVEL 7\r\n"
-    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates and no other cell of the "
-    "house contains the 4 candidates, then we can delete all the other candidates from this 4 cells\r\n"
-    "==============================================\r\n"
     "in the row 3 the green cells r3c4 e r3c8 e r3c2 e r3c6\r\n"
     "are the only ones to contain the candidates 2469\r\n"
     "Therefore in the row 3 i numeri 2469 are forced in one of the 4 green cells\r\n"
@@ -593,7 +555,7 @@ const Example hiddenquadrow = {
              "HIDDEN QUAD 2469, cells r3c4 , r3c8 , r3c2 , r3c6"},
             {" * inserito 2469 in r3c4 , r3c8 , r3c2 , r3c6",
              " * entered 2469 in r3c4 , r3c8 , r3c2 , r3c6"}},
-    .lesson = {{.adds = hiddenquadrowlesson,
+    .lesson = {{.adds = hiddenquadrule + hiddenquadrowlesson,
                 .candidate = painted(
                     {{at(3, 2), "13"}, {at(3, 4), "57"}, {at(3, 8), "8"}}, "red",
                     painted({{at(3, 2), "2469"}, {at(3, 4), "2469"}, {at(3, 6), "2469"}, {at(3, 8), "2469"}},
@@ -604,20 +566,12 @@ const Example hiddenquadrow = {
 };
 
 const Said hiddenquadcolumnlesson = {
-    "QUADRUPLA NASCOSTA - LIVELLO 7\r\n"
-    "Se 4 celle di un gruppo (settore riga o colonna), contengono 4 candidati identici e nessuna altra cella del "
-    "gruppo contiene i 4 candidati, allora possiamo escludere tutti gli altri candidati da queste 4 celle\r\n"
-    "==============================================\r\n"
     "nella colonna 8 le celle r5c8 e r9c8 e r1c8 e r4c8 (colorate in verde)\r\n"
     "sono le uniche a contenere i candidati 3 e 6 e 7 e 8\r\n"
     "Ne consegue che nella colonna 8 i numeri 3 e 6 e 7 e 8 devono stare obbligatoriamente in una delle 4 celle "
     "verdi\r\n"
     "possiamo quindi eliminare dalle 4 celle  3 e 6 e 7 e 8\r\n"
     "ogni altro candidato diverso da  ",
-    "HIDDEN QUAD - LEVEL 7\r\n"
-    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates and no other cell of the "
-    "house contains the 4 candidates, then we can delete all the other candidates from this 4 cells\r\n"
-    "==============================================\r\n"
     "in the column 8 the green cells r5c8 e r9c8 e r1c8 e r4c8\r\n"
     "are the only ones to contain the candidates 3678\r\n"
     "Therefore in the column 8 i numeri 3678 are forced in one of the 4 green cells\r\n"
@@ -650,7 +604,7 @@ const Example hiddenquadcolumn = {
              "HIDDEN QUAD 3678, cells r5c8 , r9c8 , r1c8 , r4c8"},
             {" * inserito 3678 in r5c8 , r9c8 , r1c8 , r4c8",
              " * entered 3678 in r5c8 , r9c8 , r1c8 , r4c8"}},
-    .lesson = {{.adds = hiddenquadcolumnlesson,
+    .lesson = {{.adds = hiddenquadrule + hiddenquadcolumnlesson,
                 .candidate = painted(
                     {{at(1, 8), "2"}, {at(5, 8), "19"}, {at(9, 8), "45"}}, "red",
                     painted({{at(1, 8), "3678"}, {at(4, 8), "3678"}, {at(5, 8), "3678"}, {at(9, 8), "3678"}},
@@ -661,20 +615,12 @@ const Example hiddenquadcolumn = {
 };
 
 const Said hiddenquadblocklesson = {
-    "QUADRUPLA NASCOSTA - LIVELLO 7\r\n"
-    "Se 4 celle di un gruppo (settore riga o colonna), contengono 4 candidati identici e nessuna altra cella del "
-    "gruppo contiene i 4 candidati, allora possiamo escludere tutti gli altri candidati da queste 4 celle\r\n"
-    "==============================================\r\n"
     "nel settore 7 le celle r8c2 e r9c3 e r7c1 e r7c2 (colorate in verde)\r\n"
     "sono le uniche a contenere i candidati 1 e 3 e 5 e 8\r\n"
     "Ne consegue che nel settore 7 i numeri 1 e 3 e 5 e 8 devono stare obbligatoriamente in una delle 4 celle "
     "verdi\r\n"
     "possiamo quindi eliminare dalle 4 celle  1 e 3 e 5 e 8\r\n"
     "ogni altro candidato diverso da  ",
-    "HIDDEN QUAD - LEVEL 7\r\n"
-    "If 4 cells in a house (block, row, column), contain exactly the same 4 candidates and no other cell of the "
-    "house contains the 4 candidates, then we can delete all the other candidates from this 4 cells\r\n"
-    "==============================================\r\n"
     "in the block 7 the green cells r8c2 e r9c3 e r7c1 e r7c2\r\n"
     "are the only ones to contain the candidates 1358\r\n"
     "Therefore in the block 7 i numeri 1358 are forced in one of the 4 green cells\r\n"
@@ -707,7 +653,7 @@ const Example hiddenquadblock = {
              "HIDDEN QUAD 1358, cells r8c2 , r9c3 , r7c1 , r7c2"},
             {" * inserito 1358 in r8c2 , r9c3 , r7c1 , r7c2",
              " * entered 1358 in r8c2 , r9c3 , r7c1 , r7c2"}},
-    .lesson = {{.adds = hiddenquadblocklesson,
+    .lesson = {{.adds = hiddenquadrule + hiddenquadblocklesson,
                 .candidate = painted(
                     {{at(7, 1), "9"}, {at(8, 2), "69"}}, "red",
                     painted({{at(7, 1), "1358"}, {at(7, 2), "1358"}, {at(8, 2), "1358"}, {at(9, 3), "1358"}},

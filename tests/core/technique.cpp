@@ -128,6 +128,10 @@ void expectmarks(const Board& board) {
     EXPECT_EQ(visiblemarks(cell), board.candstr[static_cast<std::size_t>(cell)]) << cell;
 }
 
+Said operator+(const Said& said, const Said& more) {
+  return {said.it + more.it, said.en + more.en};
+}
+
 std::string hintof(Player& player, void (*step)(), const Act& answer) {
   player.script = {answer};
   player.frames.clear();

@@ -61,6 +61,8 @@ struct Said {
   std::string it, en;
   const std::string& text() const { return lingua == italian ? it : en; }
 };
+/// What comes behind in the same text.
+Said operator+(const Said& said, const Said& more);
 
 /// Runs a step and answers its first wait: the hint that stood there, or nothing if it found nothing.
 std::string hintof(Player& player, void (*step)(), const Act& answer = go);
