@@ -160,12 +160,9 @@ class Saved {
     std::copy_n(cellvalue.begin(), cells, values_.begin());
     std::copy_n(candmask.begin(), cells, masks_.begin());
   }
-  void putback() const {
+  void restore() const {
     std::copy_n(values_.begin(), cells, cellvalue.begin());
     std::copy_n(masks_.begin(), cells, candmask.begin());
-  }
-  void restore() const {
-    putback();
     rebuildusedmask();
     rebuildcandstr();
     rebuildpositions();
@@ -195,7 +192,7 @@ void trial(int digit, int cell, const Saved& board) {
     rebuildpositions();
     nishiopropagate();
   } catch (const Fault&) {  // a box with a number above 9: the board keeps its trouble, not the trial
-    board.putback();
+    board.restore();        // meets it again
     throw;
   }
   if (impossible.flag && nishiocount < chainsteps) keepbest(digit, cell);
@@ -222,7 +219,7 @@ void scannishio() {
         if (chainsteps < takenatonce) return;
       }
     }
-    host.runevents();
+    letevents();
   }
 }
 
@@ -230,14 +227,8 @@ std::string tell(const Words& words, int cell, int digit) {
   return say(words, hole("cell", cellname(cell)), hole("digit", digit));
 }
 
-/// One line for each placing of the best trial, handed to use(cell, digit).
-template <class Use>
-void eachplacing(Use use) {
-  for (std::size_t k = 0; k < best.cell.size(); ++k) use(best.cell[k], best.digit[k]);
-}
-
-void paintplacings(Colour colour) {
-  eachplacing([colour](int cell, int) { frmmain::Text2(cell).back = colour; });
+void paintplacings(const Trial& trial, Colour colour) {
+  for (int cell : trial.cell) frmmain::Text2(cell).back = colour;
 }
 
 }  // namespace
@@ -249,12 +240,14 @@ void frmmain::stepnishio() {
   scannishio();
   if (chainsteps >= usable) return;
   foundflag = true;
-  paintplacings(yellow);
-  txthint.text = tell(found, stepcell, stepdigit);
+  const Trial shown = best;  // a command that comes in during the wait may search for another
+  const int cell = stepcell, digit = stepdigit;
+  paintplacings(shown, yellow);
+  txthint.text = tell(found, cell, digit);
   const bool stop = stopped();
-  paintplacings(white);
+  paintplacings(shown, white);
   if (stop) return;
-  deletecandidate(stepcell, stepdigit);
+  deletecandidate(cell, digit);
   showdeletions();
 }
 
@@ -266,7 +259,7 @@ void frmgenerazione::gradenishio() {
   foundflag = true;
   headline(tell(found, stepcell, stepdigit));
   nishioflag = true;  // widens the next search for a loop
-  eachplacing([](int cell, int digit) { detail(tell(logstep, cell, digit)); });
+  for (std::size_t k = 0; k < best.cell.size(); ++k) detail(tell(logstep, best.cell[k], best.digit[k]));
   if (best.end.house)
     detail(say(lognoplace, hole("digit", best.end.digit), hole("kind", best.end.kind),
                hole("house", best.end.index)));
@@ -293,7 +286,8 @@ class SavedBoxes {
   SavedBoxes(const SavedBoxes&) = delete;
   SavedBoxes& operator=(const SavedBoxes&) = delete;
 
-  /// A board that came in meanwhile, or a digit that the user entered, is not put back over.
+  /// A board that came in meanwhile, or a digit that the user entered, is not put back over; a digit that the
+  /// argument came to write over stands there again.
   void restore() {
     if (restored_ || board_ != boardnumber) return;
     restored_ = true;
@@ -301,9 +295,10 @@ class SavedBoxes {
       const int cell = argued_.cell[k];
       const Box& before = boxes_[static_cast<std::size_t>(cell)];
       Box& box = frmmain::Text1(cell);
-      if (cellvalue(cell) != 0 || box.text != std::to_string(argued_.digit[k])) continue;
-      box.text = before.text;
-      box.visible = before.visible;
+      if (box.text != std::to_string(argued_.digit[k])) continue;
+      const bool entered = cellvalue(cell) != 0;
+      box.text = entered ? std::to_string(cellvalue(cell)) : before.text;
+      box.visible = entered || before.visible;
     }
   }
 
@@ -339,7 +334,7 @@ void explainnishio() {
   Lesson lesson;
   lesson.line(inlanguage(title)).line(longruleline);
   lesson.line(tell(suppose, cell, digit));
-  paintplacings(white);
+  paintplacings(argued, white);
   if (lesson.stopped()) return;
   for (std::size_t k = 0; k < argued.cell.size(); ++k) {
     showplacing(argued.cell[k], argued.digit[k]);

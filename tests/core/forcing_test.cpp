@@ -26,7 +26,6 @@
 #include "menu.h"
 #include "nodequeue.h"
 #include "player.h"
-#include "replay.h"
 #include "step.h"
 #include "stepsolver.h"
 #include "technique.h"
