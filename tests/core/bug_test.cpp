@@ -9,6 +9,7 @@
 #include "player.h"
 #include "step.h"
 #include "stepsolver.h"
+#include "technique.h"
 
 namespace gradino::tests {
 namespace {
@@ -17,34 +18,8 @@ class Bug : public Program {
  protected:
   Bug() { put(emptyboard); }
 
-  /// The board loses all candidates; then these cells get some.
-  void onlycells(const std::vector<std::pair<int, std::string>>& open) {
-    for (int cell = 0; cell < cells; ++cell) candmask(cell) = 0;
-    for (const auto& [cell, digits] : open)
-      for (char digit : digits) candmask(cell) |= bitvalue(digit - '0');
-    rebuildcandstr();
-    updatetext2();
-    rebuildpositions();
-  }
-
-  /// The hint of the one wait, or nothing.
-  std::string step() {
-    player.script = {go};
-    player.frames.clear();
-    player.event(frmmain::stepbug);
-    return player.frames.empty() ? "" : player.frames[0].hint;
-  }
-  std::string twin() {
-    Frmlog::Text3.text.clear();
-    player.event(frmgenerazione::gradebug);
-    return Frmlog::Text3.text;
-  }
-  static void expectnopaint() {
-    const Frame now = look();
-    EXPECT_EQ(now.Text1, Paint{});
-    EXPECT_EQ(now.Text2, Paint{});
-    EXPECT_EQ(now.candidate, Paint{});
-  }
+  std::string step() { return hintof(player, frmmain::stepbug); }
+  static std::string twin() { return logged(frmgenerazione::gradebug); }
 };
 
 const std::string headit =
@@ -78,20 +53,13 @@ class BugInBothLanguages : public Bug, public testing::WithParamInterface<int> {
   }
   void setup() {
     put("639128475157.4.982284...163791..2348468..12573257846918124..5395438197269762..814");
-    const std::pair<int, const char*> open[] = {
-        {at(2, 4), "36"}, {at(2, 6), "36"}, {at(3, 4), "59"}, {at(3, 5), "579"}, {at(3, 6), "57"},
-        {at(4, 4), "56"}, {at(4, 5), "56"}, {at(5, 4), "39"}, {at(5, 5), "39"},  {at(7, 5), "67"},
-        {at(7, 6), "67"}, {at(9, 5), "35"}, {at(9, 6), "35"}};
-    int opencells = 0;
-    for (const auto& [c, digits] : open) {
-      ASSERT_EQ(cellvalue(c), 0);
-      for (char digit = '1'; digit <= '9'; ++digit)
-        if (hascandidate(c, digit - '0') && std::string(digits).find(digit) == std::string::npos)
-          eliminate(c, std::string(1, digit));
-      ASSERT_EQ(candstr(c), digits);
-      ++opencells;
-    }
-    ASSERT_EQ(opencells + filledcount, cells);
+    const Marks open = {{at(2, 4), "36"}, {at(2, 6), "36"}, {at(3, 4), "59"}, {at(3, 5), "579"},
+                        {at(3, 6), "57"}, {at(4, 4), "56"}, {at(4, 5), "56"}, {at(5, 4), "39"},
+                        {at(5, 5), "39"}, {at(7, 5), "67"}, {at(7, 6), "67"}, {at(9, 5), "35"},
+                        {at(9, 6), "35"}};
+    leave(open);
+    for (const auto& [c, digits] : open) ASSERT_EQ(candstr(c), digits);
+    ASSERT_EQ(static_cast<int>(open.size()) + filledcount, cells);
   }
   static std::string in(const std::string& it, const std::string& en) {
     return GetParam() == italian ? it : en;
@@ -226,7 +194,7 @@ IN_BOTH_LANGUAGES(BugInBothLanguages);
 // r5c5 with 1, 2 and 3; around it what each test needs.
 
 TEST_F(Bug, NoCellOfMoreThanTwoCandidatesIsNone) {
-  onlycells({{at(5, 5), "12"}, {at(5, 6), "12"}});
+  only({{at(5, 5), "12"}, {at(5, 6), "12"}});
   foundflag = true;
   EXPECT_EQ(step(), "");
   EXPECT_EQ(steptag, "bug");
@@ -236,65 +204,65 @@ TEST_F(Bug, NoCellOfMoreThanTwoCandidatesIsNone) {
   EXPECT_FALSE(foundflag);
   EXPECT_EQ(logcount, 0);
   EXPECT_EQ(levelcount(18), 0);
-  onlycells({});
+  only({});
   EXPECT_EQ(step(), "");
 }
 
 TEST_F(Bug, TwoCellsOfThreeCandidatesAreNone) {
-  onlycells({{at(5, 5), "123"}, {at(5, 6), "12"}, {at(5, 7), "123"}});
+  only({{at(5, 5), "123"}, {at(5, 6), "12"}, {at(5, 7), "123"}});
   EXPECT_EQ(step(), "");
   EXPECT_EQ(twin(), "");
-  onlycells({{at(5, 5), "123"}, {at(5, 6), "12"}, {at(9, 9), "6789"}});
+  only({{at(5, 5), "123"}, {at(5, 6), "12"}, {at(9, 9), "6789"}});
   EXPECT_EQ(step(), "");
 }
 
 TEST_F(Bug, OneCellOfFourCandidatesIsNone) {
-  onlycells({{at(5, 5), "1234"}, {at(5, 6), "12"}, {at(5, 7), "13"}});
+  only({{at(5, 5), "1234"}, {at(5, 6), "12"}, {at(5, 7), "13"}});
   EXPECT_EQ(step(), "");
   EXPECT_EQ(twin(), "");
 }
 
 TEST_F(Bug, ThreePlacesInTheRowTheColumnOrTheBlock) {
-  onlycells({{at(5, 5), "123"}, {at(5, 1), "12"}, {at(5, 9), "14"}, {at(1, 1), "37"}});
+  only({{at(5, 5), "123"}, {at(5, 1), "12"}, {at(5, 9), "14"}, {at(1, 1), "37"}});
   EXPECT_EQ(twin(), "\r\nBUG in r5c5\r\n * entered 1 in r5c5");
   put(emptyboard);
-  onlycells({{at(5, 5), "123"}, {at(1, 5), "24"}, {at(9, 5), "27"}, {at(1, 1), "37"}});
+  only({{at(5, 5), "123"}, {at(1, 5), "24"}, {at(9, 5), "27"}, {at(1, 1), "37"}});
   EXPECT_EQ(twin(), "\r\nBUG in r5c5\r\n * entered 2 in r5c5");
   put(emptyboard);
-  onlycells({{at(5, 5), "123"}, {at(4, 4), "38"}, {at(6, 6), "39"}, {at(1, 1), "37"}});
+  only({{at(5, 5), "123"}, {at(4, 4), "38"}, {at(6, 6), "39"}, {at(1, 1), "37"}});
   EXPECT_EQ(twin(), "\r\nBUG in r5c5\r\n * entered 3 in r5c5");
 }
 
 TEST_F(Bug, TwoOrFourPlacesDoNotQualify) {
-  onlycells({{at(5, 5), "123"},
-             {at(9, 5), "15"},  // 1: two places in the column
-             {at(5, 8), "24"},  // 2: three in the row
-             {at(5, 9), "24"},
-             {at(5, 1), "39"},  // 3: four in the row
-             {at(5, 2), "39"},
-             {at(5, 3), "39"}});
+  only({{at(5, 5), "123"},
+        {at(9, 5), "15"},  // 1: two places in the column
+        {at(5, 8), "24"},  // 2: three in the row
+        {at(5, 9), "24"},
+        {at(5, 1), "39"},  // 3: four in the row
+        {at(5, 2), "39"},
+        {at(5, 3), "39"}});
   EXPECT_EQ(twin(), "\r\nBUG in r5c5\r\n * entered 2 in r5c5");
 }
 
 TEST_F(Bug, OfSeveralDigitsTheLastIsPlaced) {
-  onlycells({{at(5, 5), "123"}, {at(5, 1), "12"}, {at(5, 9), "12"}});
+  only({{at(5, 5), "123"}, {at(5, 1), "12"}, {at(5, 9), "12"}});
   EXPECT_EQ(step(), "BUG in r5c5");
   EXPECT_EQ(frmmain::txthint.text, "entered 2 in r5c5");
   EXPECT_EQ(frmmain::Text5.text, "2");
   put(emptyboard);
-  onlycells({{at(5, 5), "123"}, {at(5, 1), "12"}, {at(5, 9), "12"}, {at(1, 5), "36"}, {at(2, 5), "36"}});
+  only({{at(5, 5), "123"}, {at(5, 1), "12"}, {at(5, 9), "12"}, {at(1, 5), "36"}, {at(2, 5), "36"}});
   EXPECT_EQ(twin(), "\r\nBUG in r5c5\r\n * entered 3 in r5c5");
 }
 
 TEST_F(Bug, CellsWithOneCandidateOrNoneDoNotHinder) {
-  onlycells({{at(5, 5), "123"}, {at(5, 1), "1"}, {at(5, 9), "1"}, {at(8, 8), "7"}});
+  only({{at(5, 5), "123"}, {at(5, 1), "1"}, {at(5, 9), "1"}, {at(8, 8), "7"}});
   ASSERT_EQ(candstr(at(9, 9)), "");
   EXPECT_EQ(step(), "BUG in r5c5");
   EXPECT_EQ(frmmain::Text1(at(5, 5)).text, "1");
 }
 
 TEST_F(Bug, WithoutADigitThatQualifiesTheStepPlacesTheStaleOne) {
-  onlycells({{at(5, 5), "123"}, {at(5, 1), "12"}});
+  only({{at(5, 5), "123"}, {at(5, 1), "12"}});
   colourdigit = 8;
   player.script = {help, go, go};
   player.event(frmmain::stepbug);
@@ -312,7 +280,7 @@ TEST_F(Bug, WithoutADigitThatQualifiesTheStepPlacesTheStaleOne) {
 
 // The twin's is its own and 0: the cell counts as filled with nothing.
 TEST_F(Bug, WithoutADigitThatQualifiesTheTwinEntersNone) {
-  onlycells({{at(5, 5), "123"}, {at(5, 1), "12"}});
+  only({{at(5, 5), "123"}, {at(5, 1), "12"}});
   colourdigit = 8;
   EXPECT_EQ(twin(), "\r\nBUG in r5c5\r\n * entered 0 in r5c5");
   EXPECT_EQ(cellvalue(at(5, 5)), 0);
@@ -325,7 +293,7 @@ TEST_F(Bug, WithoutADigitThatQualifiesTheTwinEntersNone) {
 
 // 10 is what colours leave that found nothing. No cell can hold it; overwriting the box mends the board.
 TEST_F(Bug, AStaleTenIsAFaultThatLeavesABoardToGoOnWith) {
-  onlycells({{at(5, 5), "123"}, {at(5, 1), "12"}});
+  only({{at(5, 5), "123"}, {at(5, 1), "12"}});
   colourdigit = 10;
   EXPECT_EQ(step(), "BUG in r5c5");
   EXPECT_EQ(player.boxes.size(), 1u);

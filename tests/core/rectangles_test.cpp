@@ -12,6 +12,7 @@
 #include "player.h"
 #include "step.h"
 #include "stepsolver.h"
+#include "technique.h"
 
 namespace gradino::tests {
 namespace {
@@ -21,48 +22,17 @@ class Rectangles : public Program {
  protected:
   Rectangles() { put(emptyboard); }
 
-  /// The cell keeps these candidates only.
-  void leave(int cell, const std::string& digits) {
-    for (char digit = '1'; digit <= '9'; ++digit)
-      if (digits.find(digit) == std::string::npos) take(cell, std::string(1, digit));
-  }
-  /// The cell loses those of the digits that it has.
-  void take(int cell, const std::string& digits) {
-    for (char digit : digits)
-      if (hascandidate(cell, digit - '0')) eliminate(cell, std::string(1, digit));
-  }
-  void takeall(const std::vector<int>& from, const std::string& digits) {
-    for (int cell : from) take(cell, digits);
-  }
-
   /// The four corners of r1, r2 and c1, c4.
-  void corners(const std::string& r1c1, const std::string& r1c4, const std::string& r2c1,
-               const std::string& r2c4) {
+  static void corners(const std::string& r1c1, const std::string& r1c4, const std::string& r2c1,
+                      const std::string& r2c4) {
     leave(at(1, 1), r1c1);
     leave(at(1, 4), r1c4);
     leave(at(2, 1), r2c1);
     leave(at(2, 4), r2c4);
   }
 
-  /// The hint of the one wait, or nothing.
-  std::string step() {
-    player.script = {go};
-    player.frames.clear();
-    player.event(frmmain::stepur);
-    return player.frames.empty() ? "" : player.frames[0].hint;
-  }
-  /// What the twin logs.
-  std::string twin() {
-    Frmlog::Text3.text.clear();
-    player.event(frmgenerazione::gradeur);
-    return Frmlog::Text3.text;
-  }
-  static void expectnopaint() {
-    const Frame now = look();
-    EXPECT_EQ(now.Text1, Paint{});
-    EXPECT_EQ(now.Text2, Paint{});
-    EXPECT_EQ(now.candidate, Paint{});
-  }
+  std::string step() { return hintof(player, frmmain::stepur); }
+  static std::string twin() { return logged(frmgenerazione::gradeur); }
 };
 
 const std::string headit =
@@ -237,8 +207,8 @@ class EachRectangle : public Rectangles, public testing::WithParamInterface<std:
             ((cellrow(a) == cellrow(b) && cellrow(cell) == cellrow(a)) ||
              (cellcol(a) == cellcol(b) && cellcol(cell) == cellcol(a)) ||
              (cellblock(a) == cellblock(b) && cellblock(cell) == cellblock(a))))
-          take(cell, pair);
-    takeall(one().emptied, third());
+          take(pair, {cell});
+    take(third(), one().emptied);
     for (std::size_t k = 0; k < 4; ++k) leave(one().corner[k], one().open[k]);
     ASSERT_EQ(theboard().candstr[static_cast<std::size_t>(one().corner[0])], pair);
   }
@@ -465,14 +435,14 @@ TEST_F(Rectangles, OnlyTheFirstFitOnALineIsTried) {
   leave(at(2, 7), "123");
   leave(at(1, 4), "124");
   leave(at(2, 5), "124");
-  take(at(2, 4), "1");
-  take(at(1, 5), "2");
-  takeall({at(3, 7), at(3, 8), at(3, 9), at(1, 8), at(1, 9)}, "3");
+  take("1", {at(2, 4)});
+  take("2", {at(1, 5)});
+  take("3", {at(3, 7), at(3, 8), at(3, 9), at(1, 8), at(1, 9)});
   const Board before = theboard();
   EXPECT_EQ(step(), "");
   EXPECT_EQ(twin(), "");
   EXPECT_EQ(theboard(), before);
-  take(at(1, 4), "1");  // now it does not fit
+  take("1", {at(1, 4)});  // now it does not fit
   EXPECT_EQ(step(), "UNIQUE RECTANGLE Type 2 in r1c1, r1c7, r2c1, r2c7");
 }
 
@@ -482,7 +452,7 @@ TEST_F(Rectangles, AFitHasBothDigitsAndAtMostThreeCandidates) {
   EXPECT_EQ(step(), "");
   put(emptyboard);
   corners("12", "12", "12", "1234");
-  take(at(2, 4), "2");
+  take("2", {at(2, 4)});
   EXPECT_EQ(step(), "");
   // Four candidates in r1c4: it is passed over for r1c7.
   put(emptyboard);
@@ -552,7 +522,7 @@ TEST_F(Rectangles, OtherThirdDigitsFailAndTheScanGoesOn) {
 
 TEST_F(Rectangles, Type2WithNothingToDeleteIsPassedOver) {
   corners("12", "12", "123", "123");
-  takeall({at(2, 2), at(2, 3), at(2, 5), at(2, 6), at(2, 7), at(2, 8), at(2, 9)}, "3");
+  take("3", {at(2, 2), at(2, 3), at(2, 5), at(2, 6), at(2, 7), at(2, 8), at(2, 9)});
   EXPECT_EQ(step(), "");
   EXPECT_EQ(twin(), "");
   EXPECT_FALSE(foundflag);
@@ -560,7 +530,7 @@ TEST_F(Rectangles, Type2WithNothingToDeleteIsPassedOver) {
   corners("12", "123", "12", "123");
   for (int cell = 0; cell < cells; ++cell)
     if (sharehouse(cell, at(1, 4)) && sharehouse(cell, at(2, 4)) && cell != at(1, 4) && cell != at(2, 4))
-      take(cell, "3");
+      take("3", {cell});
   EXPECT_EQ(step(), "");
 }
 
@@ -592,8 +562,8 @@ TEST_F(Rectangles, TheDiagonalPatternWithCellsToDeleteOnlyTellsTheGrader) {
 // number. They share a row, so only bent tables show it.
 TEST_F(Rectangles, TheColumnOfCornersThreeAndFourIsTheWrongOne) {
   corners("12", "12", "123", "123");
-  takeall({at(2, 2), at(2, 3), at(2, 5), at(2, 6), at(2, 7), at(2, 8), at(2, 9)}, "3");
-  takeall({at(1, 2), at(7, 2), at(8, 2), at(9, 2)}, "3");
+  take("3", {at(2, 2), at(2, 3), at(2, 5), at(2, 6), at(2, 7), at(2, 8), at(2, 9)});
+  take("3", {at(1, 2), at(7, 2), at(8, 2), at(9, 2)});
   cellcol(at(2, 4)) = 1;
   twin();
   EXPECT_TRUE(foundflag);
@@ -607,7 +577,7 @@ TEST_F(Rectangles, ElevenCellsFitAndTheTwelfthIsAFault) {
   const auto setup = [&](const std::vector<int>& without3) {
     put(emptyboard);
     corners("12", "123", "12", "123");
-    takeall(without3, "3");
+    take("3", without3);
   };
   setup({at(8, 4), at(9, 4)});
   Board before = theboard();
@@ -640,7 +610,7 @@ TEST_F(Rectangles, TheTwinDoesNotPlaceTheLastCandidate) {
 
 TEST_F(Rectangles, TheExplanationPaintsTheRedCellsItself) {
   corners("12", "12", "123", "123");
-  takeall({at(2, 2), at(2, 3), at(2, 5), at(2, 6)}, "3");
+  take("3", {at(2, 2), at(2, 3), at(2, 5), at(2, 6)});
   player.script = {help,
                    [] {
                      clearcolours();
@@ -663,7 +633,7 @@ TEST_F(Rectangles, GradingDuringAWaitDoesNotChangeWhatTheExplanationArgues) {
                      const Table<std::int32_t, 0, 107> kept = candmask;
                      for (int cell : {at(7, 1), at(7, 9), at(8, 1)}) leave(cell, "56");
                      leave(at(8, 9), "567");
-                     take(at(2, 4), "1");
+                     take("1", {at(2, 4)});
                      frmgenerazione::gradeur();
                      EXPECT_TRUE(foundflag);
                      candmask = kept;
