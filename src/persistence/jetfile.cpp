@@ -51,7 +51,7 @@ constexpr Words nofield = {"Nella vecchia libreria \"{file}\" manca il campo \"{
                            "The old library \"{file}\" has no field \"{field}\"."};
 
 constexpr std::size_t valuesize = 1 << 16;  // what a value can take, its end included
-constexpr int patience = 10'000;            // milliseconds without a sign of life
+constexpr int patience = 5'000;             // milliseconds without a sign of life
 
 template <class... T>
 [[noreturn]] void fail(const Words& words, const std::string& path, const Hole<T>&... holes) {
@@ -196,10 +196,21 @@ void sendrows(const char* path, Sender& sender) {
   sender.letter('.');
 }
 
+/// A damaged file can make the library take memory without end.
+void limitmemory() {
+  constexpr rlim_t enough = 256 << 20;
+  rlim_t pages = 0;
+  if (!(std::ifstream("/proc/self/statm") >> pages)) return;
+  const rlim_t most = pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + enough;
+  const rlimit limit = {most, most};
+  setrlimit(RLIMIT_AS, &limit);
+}
+
 [[noreturn]] void readingprocess(const char* path, int pipe) {
-  for (const int crash : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGPIPE}) signal(crash, SIG_DFL);
+  for (const int crash : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP, SIGPIPE}) signal(crash, SIG_DFL);
   const rlimit nothing = {0, 0};
   setrlimit(RLIMIT_CORE, &nothing);
+  limitmemory();
   const int nowhere = open("/dev/null", O_RDWR);
   for (const int output : {STDOUT_FILENO, STDERR_FILENO}) dup2(nowhere, output);
   for (const char* setting : {"MDBOPTS", "MDBICONV", "MDB_JET3_CHARSET"}) unsetenv(setting);

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -283,6 +283,14 @@ TEST_P(Jetfile, RandomBytesBehindAGoodHeadAreDamage) {
     while (noise.size() < pages * page) noise += static_cast<char>(random());
     EXPECT_EQ(failureof(noise), damaged);
   }
+}
+
+TEST_F(Program, AFileThatKeepsItsReaderBusyForEverIsDamage) {
+  std::string changed = bytes(datafile(oldlibraries[1].name));
+  changed[14 * page + 0x938] = '\xb4';  // a property of the catalog that ends where it begins
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_THROW(rowsof(file("changed.mdb", changed)), LibraryFailure);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(15));
 }
 
 /// Bytes changed anywhere, more often where a page begins: that is where what matters stands.
