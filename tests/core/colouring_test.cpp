@@ -11,6 +11,7 @@
 #include "player.h"
 #include "step.h"
 #include "stepsolver.h"
+#include "technique.h"
 
 namespace gradino::tests {
 namespace {
@@ -214,12 +215,6 @@ class Colouring : public Bilingual {
     std::string board = emptyboard;
     for (int cell : at) board[static_cast<std::size_t>(cell)] = digit;
     return board;
-  }
-
-  void expectnopaint() const {
-    EXPECT_EQ(look().Text1, Paint{});
-    EXPECT_EQ(look().Text2, Paint{});
-    EXPECT_EQ(look().candidate, Paint{});
   }
 
   int digit_;

@@ -52,6 +52,9 @@ const std::string nakeden =
     "We must find a cell where only one candidate is possible.\r\n"
     "==============================================\r\n";
 
+// Rows 2 and 3 and column 2 leave the 5 of block 1 to r1c1.
+const std::string crossedboard = with({{at(2, 5), '5'}, {at(3, 8), '5'}, {at(5, 2), '5'}, {at(1, 3), '2'}});
+
 class Explanation : public Bilingual {
  protected:
   /// Runs a step, asks for help, answers `answer`, and gives what was to be seen inside the explanation.
@@ -258,7 +261,7 @@ TEST_P(Explanation, OfANakedSingle) {
 // ---- the frame around them --------------------------------------------------------------------------------
 
 TEST_P(Explanation, GoCarriesTheStepOutAndClearsWindowAndDigitBoxes) {
-  put(with({{at(2, 5), '5'}, {at(3, 8), '5'}, {at(5, 2), '5'}, {at(1, 3), '2'}}));
+  put(crossedboard);
   frmmain::Text2(70).back = cyan;  // painted by hand: not the explanation's to clear
   explained(go);
   EXPECT_EQ(cellvalue(0), 5);
@@ -270,7 +273,7 @@ TEST_P(Explanation, GoCarriesTheStepOutAndClearsWindowAndDigitBoxes) {
 }
 
 TEST_P(Explanation, StopStopsTheStepTooAndLeavesWindowAndColours) {
-  put(with({{at(2, 5), '5'}, {at(3, 8), '5'}, {at(5, 2), '5'}, {at(1, 3), '2'}}));
+  put(crossedboard);
   const Board before = theboard();
   const Frame frame = explained(stop);
   EXPECT_EQ(theboard(), before);
@@ -280,7 +283,7 @@ TEST_P(Explanation, StopStopsTheStepTooAndLeavesWindowAndColours) {
 }
 
 TEST_P(Explanation, TheNextOneRewritesTheTextAndItsGoHidesTheWindow) {
-  put(with({{at(2, 5), '5'}, {at(3, 8), '5'}, {at(5, 2), '5'}, {at(1, 3), '2'}}));
+  put(crossedboard);
   const Frame first = explained(stop);
   player.frames.clear();
   clearcolours();
@@ -290,7 +293,7 @@ TEST_P(Explanation, TheNextOneRewritesTheTextAndItsGoHidesTheWindow) {
 }
 
 TEST_P(Explanation, CanBeAskedForAgainInsideItself) {
-  put(with({{at(2, 5), '5'}, {at(3, 8), '5'}, {at(5, 2), '5'}, {at(1, 3), '2'}}));
+  put(crossedboard);
   player.script = {help, help, go};
   player.event(mnuposition_Click);
   EXPECT_EQ(player.frames.size(), 3u);
@@ -299,28 +302,27 @@ TEST_P(Explanation, CanBeAskedForAgainInsideItself) {
 
 TEST_P(Explanation, TurnsThePencilMarksOffAndLeavesThemOff) {
   using Kind = std::pair<std::string, std::string>;
-  for (const auto& [tag, board] :
-       {Kind("findSingleInBlock", with({{at(2, 5), '5'}, {at(3, 8), '5'}, {at(5, 2), '5'}, {at(1, 3), '2'}})),
-        Kind("findSingleInRow", with({{at(2, 4), '5'},
-                                      {at(5, 7), '5'},
-                                      {at(1, 2), '2'},
-                                      {at(1, 3), '4'},
-                                      {at(1, 8), '3'},
-                                      {at(1, 9), '1'}})),
-        Kind("findSingleInColumn", with({{at(4, 2), '5'},
-                                         {at(7, 5), '5'},
-                                         {at(2, 1), '2'},
-                                         {at(3, 1), '4'},
-                                         {at(8, 1), '3'},
-                                         {at(9, 1), '1'}})),
-        Kind("findSingleInCell", with({{at(4, 4), '1'},
-                                       {at(6, 6), '2'},
-                                       {at(5, 1), '3'},
-                                       {at(5, 9), '4'},
-                                       {at(1, 5), '6'},
-                                       {at(9, 5), '7'},
-                                       {at(5, 2), '8'},
-                                       {at(2, 5), '9'}}))})
+  for (const auto& [tag, board] : {Kind("findSingleInBlock", crossedboard),
+                                   Kind("findSingleInRow", with({{at(2, 4), '5'},
+                                                                 {at(5, 7), '5'},
+                                                                 {at(1, 2), '2'},
+                                                                 {at(1, 3), '4'},
+                                                                 {at(1, 8), '3'},
+                                                                 {at(1, 9), '1'}})),
+                                   Kind("findSingleInColumn", with({{at(4, 2), '5'},
+                                                                    {at(7, 5), '5'},
+                                                                    {at(2, 1), '2'},
+                                                                    {at(3, 1), '4'},
+                                                                    {at(8, 1), '3'},
+                                                                    {at(9, 1), '1'}})),
+                                   Kind("findSingleInCell", with({{at(4, 4), '1'},
+                                                                  {at(6, 6), '2'},
+                                                                  {at(5, 1), '3'},
+                                                                  {at(5, 9), '4'},
+                                                                  {at(1, 5), '6'},
+                                                                  {at(9, 5), '7'},
+                                                                  {at(5, 2), '8'},
+                                                                  {at(2, 5), '9'}}))})
     for (const Act& answer : {go, stop}) {
       put(board);
       if (!pencilmarks()) mnupencil_Click();
@@ -334,7 +336,7 @@ TEST_P(Explanation, TurnsThePencilMarksOffAndLeavesThemOff) {
 }
 
 TEST_P(Explanation, LeavesPencilMarksThatAreOffAlone) {
-  put(with({{at(2, 5), '5'}, {at(3, 8), '5'}, {at(5, 2), '5'}, {at(1, 3), '2'}}));
+  put(crossedboard);
   explained(go);
   EXPECT_FALSE(pencilmarks());
 }
@@ -343,7 +345,7 @@ TEST_P(Explanation, SetsTheCaptionAndStandsAtTheRightOfTheMainWindow) {
   frmmain::left = 100;
   frmmain::top = 30;
   frmmain::width = 500;
-  put(with({{at(2, 5), '5'}, {at(3, 8), '5'}, {at(5, 2), '5'}, {at(1, 3), '2'}}));
+  put(crossedboard);
   explained(go);
   EXPECT_EQ(frmactivity::caption, in("Spiegazioni- Clik sul semaforo verde per procedere",
                                      "Explanations - Clik on green traffic lights to proceed"));
@@ -376,7 +378,7 @@ TEST_F(Program, TheWindowOfTheExplanationsIsTitledBeforeItsFirstUse) {
 }
 
 TEST_F(Program, AnExplanationSpeaksTheLanguageOfItsMoment) {
-  put(with({{at(2, 5), '5'}, {at(3, 8), '5'}, {at(5, 2), '5'}, {at(1, 3), '2'}}));
+  put(crossedboard);
   player.script = {[] {
                      cmdlan_Click();
                      Picthelp_Click();
