@@ -2,8 +2,6 @@
 // stop leaves behind.
 #include "pairs.h"
 
-#include <algorithm>
-
 #include <gtest/gtest.h>
 
 #include "gradestate.h"

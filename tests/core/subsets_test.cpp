@@ -2,8 +2,6 @@
 // leaves behind.
 #include "subsets.h"
 
-#include <algorithm>
-
 #include <gtest/gtest.h>
 
 #include "gradestate.h"
