@@ -1,14 +1,15 @@
-// Depth-first search, cells in ascending order, digits in ascending order: this order decides which solution
-// is the first and which two are found first, so it is never traded for the most constrained cell. What may
-// be clever is only what says that a branch is dead: completable() (probe.h).
+// The solutions in ascending order of their digits, read from r1c1 to r9c9, as a search finds them that takes
+// the cells and the digits of each in ascending order: this order decides which is the first and which two
+// are found first. How they are found is hidden (completions.h); what such a search leaves behind is told
+// here.
 #include "counter.h"
 
 #include <algorithm>
 #include <bit>
 
+#include "completions.h"
 #include "gradestate.h"
 #include "host.h"
-#include "probe.h"
 #include "step.h"
 
 namespace gradino {
@@ -20,95 +21,90 @@ constexpr const char* toomany = "More than 500 solutions";
 constexpr const char* counted = " Solutions";
 
 constexpr int limit = 500;
+constexpr std::size_t records = 2049;
 
-// The boards to come back to. Slot 0 stays empty; the recursion is at most 81 deep.
-Table<GridRecord, 0, 190> pilaschema{"pilaschema"};
-std::int32_t cimapila = 0;
+std::vector<Digits> found;
+std::size_t dirtyrecords = 0;  ///< from index 1, those of soluzioni that the last count has written
 
-std::string stringasoluzione;
-
-void salvaschema() {
-  cimapila += 1;
-  std::copy_n(cellvalue.begin(), cells, pilaschema(cimapila).begin());
+void freshrecords() {
+  if (soluzioni.size() == records)
+    std::fill_n(soluzioni.begin() + 1, dirtyrecords, GridRecord{});
+  else
+    soluzioni.assign(records, GridRecord{});
+  dirtyrecords = 0;
 }
 
-void ripristinaschema() {
-  std::copy_n(pilaschema(cimapila).begin(), cells, cellvalue.begin());
-  cimapila -= 1;
-}
-
-/// True when some empty cell from here on has no digit left. Filled cells are not looked at, so a clash among
-/// them goes unnoticed.
-bool vicolocieco(int cell) {
-  for (; cell < cells; ++cell)
-    if (cellvalue(cell) == 0 && usedmask(cell) == fullmask) return true;
-  return false;
-}
-
-/// One pass from here to the end, never repeated: each empty cell with one digit left gets it. Cells behind
-/// see it at once, cells before only at the next level of the search.
-void riempiunici(int cell) {
-  for (; cell < cells; ++cell) {
-    if (cellvalue(cell) != 0) continue;
-    const std::int32_t left = fullmask - usedmask(cell);
-    if (!std::has_single_bit(static_cast<std::uint32_t>(left))) continue;
-    cellvalue(cell) = std::countr_zero(static_cast<std::uint32_t>(left));
-    rebuildusedmask();
-  }
-}
-
-void registrasoluzione() {
-  numerosoluzioni += 1;
-  if (numerosoluzioni > limit) return host.message(toomany);
-  stringhesoluzione(numerosoluzioni) = stringasoluzione;
-  if (comandocorrente != countcommand && numerosoluzioni >= 2) return;
-  const auto count = static_cast<std::size_t>(numerosoluzioni);
-  if (count + 1 == soluzioni.size()) soluzioni.resize(count + 11);
-  std::copy_n(cellvalue.begin(), cells, soluzioni[count].begin());
-}
-
-void contaricorsiva(int cell) {
-  if (cell >= cells) return;
+void loadgivens() {
+  for (int cell = 0; cell < cells; ++cell)
+    cellvalue(cell) = givens(cell).empty() ? 0 : leadingnumber(givens(cell));
   rebuildusedmask();
-  if (vicolocieco(cell)) return;
-  riempiunici(cell);
-  while (cellvalue(cell) != 0 && cell < cells - 1) ++cell;
-  if (cellvalue(cell) != 0) {  // cell 80: the grid is complete
-    stringasoluzione.clear();
-    for (int c = 0; c < cells; ++c) stringasoluzione += std::to_string(cellvalue(c));
-    registrasoluzione();
-    if (numerosoluzioni > limit) comandocorrente.clear();  // which makes every level stop, below
-    return;
+}
+
+void showboard(const Digits& digits) {
+  std::copy(digits.begin(), digits.end(), cellvalue.begin());
+  rebuildusedmask();
+}
+
+/// One pass, never repeated: each empty cell with one digit left gets it. Cells behind see it at once, cells
+/// before don't. A board that has a cell with no digit left before the pass stays as it is.
+void forcedpass(Digits& board) {
+  std::array<std::int32_t, 9> rows, columns, blocks;
+  std::copy_n(usedmask.begin() + rowslot, 9, rows.begin());
+  std::copy_n(usedmask.begin() + columnslot, 9, columns.begin());
+  std::copy_n(usedmask.begin() + blockslot, 9, blocks.begin());
+  for (std::size_t cell = 0; cell < board.size(); ++cell)
+    if (board[cell] == 0 && usedmask(cell) == fullmask) return;
+  for (std::size_t cell = 0; cell < board.size(); ++cell) {
+    if (board[cell] != 0) continue;
+    std::int32_t &row = rows[cell / 9], &column = columns[cell % 9],
+                 &block = blocks[cell / 27 * 3 + cell % 9 / 3];
+    const auto left = static_cast<std::uint32_t>(fullmask & ~(row | column | block));
+    if (!std::has_single_bit(left)) continue;
+    board[cell] = static_cast<std::uint8_t>(std::countr_zero(left));
+    row |= left, column |= left, block |= left;
   }
-  if (!completable()) return;
-  const std::int32_t used = usedmask(cell);
-  for (int digit = 1; digit <= 9; ++digit) {
-    if (used & bitvalue(digit)) continue;
-    salvaschema();
-    cellvalue(cell) = digit;
-    rebuildusedmask();
-    riempiunici(cell);
-    contaricorsiva(cell + 1);
-    if (comandocorrente != countcommand && numerosoluzioni > 1) return;  // board and stack as they are
-    ripristinaschema();
-    rebuildusedmask();
-  }
+}
+
+/// A solution as text and as record. In other modes than counting the first alone is kept as a record.
+void registrasoluzione(int number, const Digits& digits) {
+  std::string& text = stringhesoluzione(number);
+  text.resize(digits.size());
+  std::transform(digits.begin(), digits.end(), text.begin(),
+                 [](std::uint8_t digit) { return static_cast<char>('0' + digit); });
+  if (comandocorrente != countcommand && number >= 2) return;
+  dirtyrecords = static_cast<std::size_t>(number);
+  std::copy(digits.begin(), digits.end(), soluzioni[dirtyrecords].begin());
 }
 
 }  // namespace
 
 void conta() {
-  cimapila = 0;
   numerosoluzioni = 0;
-  soluzioni.assign(2049, GridRecord{});
-  for (int cell = 0; cell < cells; ++cell)
-    cellvalue(cell) = givens(cell).empty() ? 0 : leadingnumber(givens(cell));
-  newprobe();
-  contaricorsiva(0);
+  freshrecords();
+  loadgivens();
+  Digits board;
+  std::copy_n(cellvalue.begin(), cells, board.begin());
+
+  const bool counting = comandocorrente == countcommand;
+  const std::size_t stop = counting ? limit + 1 : 2;
+  firstcompletions(board, stop, found);
+  numerosoluzioni = static_cast<std::int32_t>(found.size());
+  for (int number = 1; number <= std::min(numerosoluzioni, limit); ++number)
+    registrasoluzione(number, found[static_cast<std::size_t>(number - 1)]);
+  if (found.size() == stop)
+    board = found.back();
+  else
+    forcedpass(board);
+  showboard(board);
+
   if (numerosoluzioni == 1) {
     for (int cell = 0; cell < cells; ++cell)
       solutiontext(cell) = stringhesoluzione(1).at(static_cast<std::size_t>(cell));
     return;
+  }
+  if (numerosoluzioni > limit) {
+    host.message(toomany);
+    comandocorrente.clear();
   }
   if (numerosoluzioni == 0) host.message(invalid);
   if (comandocorrente == countcommand) host.message(std::to_string(numerosoluzioni) + counted);
@@ -117,8 +113,6 @@ void conta() {
 void freshcounter() {
   stringhesoluzione.clear();
   soluzioni.clear();
-  cimapila = 0;
-  newprobe();
 }
 
 }  // namespace gradino

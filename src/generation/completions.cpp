@@ -1,0 +1,192 @@
+#include "completions.h"
+
+#include <algorithm>
+#include <bit>
+
+#include "clash.h"
+#include "deduction.h"
+
+namespace gradino {
+namespace {
+
+Digits digitsof(const Boards& boards, const Digits& board) {
+  Digits digits = board;
+  for (std::size_t d = 0; d < 9; ++d)
+    for (int band = 0; band < 3; ++band)
+      for (std::uint32_t bits = boards.of[d][band]; bits != 0; bits &= bits - 1)
+        digits[static_cast<std::size_t>(band * 27 + std::countr_zero(bits))] =
+            static_cast<std::uint8_t>(d + 1);
+  return digits;
+}
+
+/// The cells of houses that hold two or more of the cells, by rows, columns and blocks.
+struct Crowded {
+  Bands rows, columns, blocks;
+};
+
+Crowded crowded(Bands cells) {
+  const Bands second = cells >> 1, third = cells >> 2;
+  const Bands lying = (cells | second | third) & eachband(Lying::places);
+  const Bands pairs = twoof(cells, second, third) & eachband(Lying::places);
+  const Bands standing = (cells | cells >> 9 | cells >> 18) & eachband(Standing::places);
+  const Bands columnpairs = twoof(cells, cells >> 9, cells >> 18) & eachband(Standing::places);
+
+  const Bands rows = (pairs | pairs >> 3 | pairs >> 6 | twoof(lying, lying >> 3, lying >> 6)) &
+                     eachband(0b000000001'000000001'000000001);
+  const Bands blocks =
+      (pairs | pairs >> 9 | pairs >> 18 | twoof(lying, lying >> 9, lying >> 18)) & eachband(0b001001001);
+  const Bands columns = columnpairs | bandbelow(columnpairs) | bandabove(columnpairs) |
+                        twoof(standing, bandbelow(standing), bandabove(standing));
+  return {(rows << 9) - rows, Standing::spread(columns), Standing::spread(Lying::spread(blocks))};
+}
+
+struct Guess {
+  int cell;
+  std::size_t digit;
+};
+
+Guess lowestdigit(const Boards& boards, Bands cells) {
+  const int cell = firstcell(cells);
+  std::size_t digit = 0;
+  while (!any(boards.of[digit] & onecell(cell))) ++digit;
+  return {cell, digit};
+}
+
+/// The cells with at least two, three, four digits.
+struct Many {
+  Bands two{}, three{}, four{};
+
+  explicit Many(const Boards& boards) {
+    Bands one{};
+    for (const Bands x : boards.of) {
+      four |= three & x;
+      three |= two & x;
+      two |= one & x;
+      one |= x;
+    }
+  }
+};
+
+/// A cell where a guess settles most: of two digits if there is one, best where rows, columns and blocks hold
+/// more such cells, which then follow.
+Guess bestguess(const Boards& boards) {
+  const Many many(boards);
+  const Bands pairs = many.two & ~many.three;
+  if (!any(pairs)) {
+    const Bands triples = many.three & ~many.four;
+    return lowestdigit(boards, any(triples) ? triples : many.four);
+  }
+  const Crowded in = crowded(pairs);
+  for (const Bands where : {in.rows & in.columns & in.blocks, twoof(in.rows, in.columns, in.blocks),
+                            in.rows | in.columns | in.blocks})
+    if (any(pairs & where)) return lowestdigit(boards, pairs & where);
+  return lowestdigit(boards, pairs);
+}
+
+template <class Rules>
+class Search {
+ public:
+  Search(const Digits& board, std::size_t limit, std::vector<Digits>& found)
+      : board_(board), limit_(limit), found_(found) {}
+
+  /// Few completions are quickly found in any order and then sorted. Where there are more than a few, that
+  /// says at least that a branch is alive, and the lowest of those found stays a witness for it: of two
+  /// branches the one with the witness need not be asked. False: the limit is reached.
+  bool inorder(Boards boards, Rules rules, const Digits* witness) {
+    Digits known;
+    if (witness != nullptr) known = *witness;
+    for (bool alive = witness != nullptr;;) {
+      if (!alive) {
+        const auto before = found_.size();
+        const bool all = anyorder(boards, rules, before + few());
+        std::sort(found_.begin() + static_cast<std::ptrdiff_t>(before), found_.end());
+        if (all) {
+          if (found_.size() > limit_) found_.resize(limit_);
+          return found_.size() < limit_;
+        }
+        known = found_[before];
+        found_.resize(before);
+        alive = true;
+      }
+      if (settle(boards, rules) == Outcome::complete) {
+        found_.push_back(known);
+        return found_.size() < limit_;
+      }
+      const Guess guess = lowestdigit(boards, Many(boards).two);
+      alive = known[static_cast<std::size_t>(guess.cell)] != guess.digit + 1;
+      Boards lower = boards;
+      lower.place(guess.cell, guess.digit);
+      if (!inorder(lower, rules, alive ? nullptr : &known)) return false;
+      boards.of[guess.digit] &= ~onecell(guess.cell);
+    }
+  }
+
+ private:
+  std::size_t few() const { return limit_ - found_.size() <= 2 ? 4 : 16; }
+
+  /// Appends completions as they come. False: there are more than `most` in all.
+  bool anyorder(Boards boards, Rules rules, std::size_t most) {
+    for (;;) {
+      switch (settle(boards, rules)) {
+        case Outcome::dead:
+          return true;
+        case Outcome::complete:
+          found_.push_back(digitsof(boards, board_));
+          return found_.size() <= most;
+        case Outcome::open:
+          break;
+      }
+      if (!rules.tighten(boards)) return true;
+      const Guess guess = bestguess(boards);
+      Boards branch = boards;
+      branch.place(guess.cell, guess.digit);
+      if (!anyorder(branch, rules, most)) return false;
+      boards.of[guess.digit] &= ~onecell(guess.cell);
+    }
+  }
+
+  const Digits& board_;
+  std::size_t limit_;
+  std::vector<Digits>& found_;
+};
+
+/// True when no digit of the board stands twice in a house.
+bool clean(const Digits& board) {
+  std::array<unsigned, 9> rows{}, columns{}, blocks{};
+  for (std::size_t cell = 0; cell < 81; ++cell) {
+    if (board[cell] == 0) continue;
+    unsigned &row = rows[cell / 9], &column = columns[cell % 9],
+             &block = blocks[cell / 27 * 3 + cell % 9 / 3];
+    const unsigned bit = 1u << board[cell];
+    if ((row | column | block) & bit) return false;
+    row |= bit, column |= bit, block |= bit;
+  }
+  return true;
+}
+
+/// Givens as decided cells, the others with all digits: the first deductions do the rest.
+Boards cleanboards(const Digits& board) {
+  Boards boards;
+  Bands given{};
+  for (int cell = 0; cell < 81; ++cell)
+    if (const std::size_t digit = board[static_cast<std::size_t>(cell)]; digit != 0) {
+      boards.of[digit - 1][cell / 27] |= 1u << cell % 27;
+      given[cell / 27] |= 1u << cell % 27;
+    }
+  for (Bands& cells : boards.of) cells |= eachband(wholeband) & ~given;
+  return boards;
+}
+
+}  // namespace
+
+void firstcompletions(const Digits& board, std::size_t limit, std::vector<Digits>& found) {
+  found.clear();
+  if (clean(board)) {
+    Search<CleanRules>(board, limit, found).inorder(cleanboards(board), {}, nullptr);
+  } else {
+    const ClashRules rules(board);
+    Search<ClashRules>(board, limit, found).inorder(rules.start(), rules, nullptr);
+  }
+}
+
+}  // namespace gradino
