@@ -25,6 +25,7 @@
 #include "menu.h"
 #include "player.h"
 #include "replay.h"
+#include "singles.h"
 #include "step.h"
 #include "stepsolver.h"
 #include "technique.h"
