@@ -275,6 +275,15 @@ TEST_P(Jetfile, ALongTextWhosePageIsLostIsDamage) {
   EXPECT_EQ(failureof(changed), damaged);
 }
 
+TEST_P(Jetfile, ATextThatIsNoneIsDamage) {
+  constexpr char binary = 9;
+  for (const Old& old : oldlibraries) {
+    std::string changed = bytes(datafile(old.name));
+    changed[old.typeplace(field::stringa)] = binary;  // its bytes come as they are
+    EXPECT_EQ(failureof(patched(changed, wide("12345"), "\xe9 1234567\xe9")), damaged);
+  }
+}
+
 TEST_P(Jetfile, RandomBytesBehindAGoodHeadAreDamage) {
   std::mt19937 random(1);
   const std::string head = bytes(datafile(oldlibraries[0].name)).substr(0, page);
