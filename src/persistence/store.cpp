@@ -40,7 +40,8 @@ constexpr Words otherfailure = {"La libreria \"{file}\" non risponde: {reason}."
                                 "The library \"{file}\" doesn't answer: {reason}."};
 constexpr Words taken = {"Il file \"{file}\" esiste già.", "The file \"{file}\" exists already."};
 
-constexpr int waitmilliseconds = 5000;  ///< for another program's change
+// For another program to be done. Who only wants to look is not kept waiting at start.
+constexpr int lookwaitmilliseconds = 300, changewaitmilliseconds = 5000;
 
 constexpr const char* maketable =
     "CREATE TABLE schema (progressivo INTEGER, stringa TEXT, dettaglio TEXT, livello INTEGER, numeri INTEGER, "
@@ -101,7 +102,7 @@ SQLite::Database openfile(const fs::path& file) {
   if (there && (!fs::is_regular_file(file, error) || !looksright(file))) refuse(damaged, file);
   const bool writable = !there || std::ofstream(file, std::ios::binary | std::ios::app).is_open();
   const int flags = writable ? SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE : SQLite::OPEN_READONLY;
-  return SQLite::Database(file.string(), flags, waitmilliseconds);
+  return SQLite::Database(file.string(), flags, lookwaitmilliseconds);
 }
 
 std::string fieldlist() {
@@ -158,6 +159,7 @@ struct Store::Connection {
   /// who reads is never in the way.
   void logchanges() {
     if (logged) return;
+    database.setBusyTimeout(changewaitmilliseconds);
     database.exec("PRAGMA journal_mode = WAL");
     database.exec("PRAGMA synchronous = NORMAL");
     logged = true;

@@ -350,8 +350,12 @@ TEST_F(Program, TheReportIsWrittenIntoTheLibraryRecordOnShowAndIntoNoOther) {
   messaggiolivello();
   EXPECT_EQ(acts, Strings{});
   libraryrecordopen = true;
+  frmmain::txtstringa.text = with({{3, '7'}});
   messaggiolivello();
-  EXPECT_EQ(acts, (Strings{"edit ||", "update 12|200|12x1 "}));
+  EXPECT_EQ(acts, Strings{}) << "another puzzle is on the board";
+  givens(3) = "7";
+  messaggiolivello();
+  EXPECT_EQ(acts, (Strings{"edit testolivello|txttotale|txtdettaglio", "update 12|200|12x1 "}));
 }
 
 // ---- the log ----------------------------------------------------------------------------------------------
