@@ -52,10 +52,11 @@ void writetext2(int cell, std::string_view text) {
 void updatetext2() {
   for (int cell = 0; cell < cells; ++cell) {
     frmmain::Text2(cell).text.clear();  // a repaint is no edit: marks under edit elsewhere are not lost by it
-    const std::string& open = candstr(cell);
+    unsigned open = 0;
+    for (const char sign : candstr(cell))
+      if (sign >= '1' && sign <= '9') open |= 1U << (sign - '0');
     for (int digit = 1; digit <= 9; ++digit)
-      frmmain::candidate(cell * 10 + digit).visible =
-          open.find(static_cast<char>('0' + digit)) != std::string::npos;
+      frmmain::candidate(cell * 10 + digit).visible = (open >> digit & 1U) != 0;
   }
 }
 

@@ -4,7 +4,6 @@
 #include <string_view>
 #include <system_error>
 #include <utility>
-#include <vector>
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
@@ -109,6 +108,13 @@ std::string fieldlist() {
   return fmt::format("schema.{}", fmt::join(libraryfields, ", schema."));
 }
 
+/// A hole for each field.
+std::string holes() {
+  std::string all = "?";
+  for (std::size_t f = 1; f < libraryfields.size(); ++f) all += ", ?";
+  return all;
+}
+
 /// What stands behind "SELECT schema.*" in a query.
 std::string_view clauses(std::string_view query) {
   return query.substr(std::string_view("SELECT schema.*").size());
@@ -152,6 +158,7 @@ struct Store::Connection {
 
   // A store at rest is one file: the log that changes go through is taken back.
   ~Connection() {
+    inserting.reset();
     if (logged) database.tryExec("PRAGMA journal_mode = DELETE");
   }
 
@@ -167,6 +174,7 @@ struct Store::Connection {
 
   fs::path file;
   SQLite::Database database;
+  std::optional<SQLite::Statement> inserting;  ///< prepared once: thousands of rows come by it
   bool logged = false;
 };
 
@@ -202,12 +210,13 @@ void Store::each(const std::string& query, const std::function<void(const Record
 void Store::insert(const LibraryRow& row) {
   guarded(connection_->file, [&] {
     connection_->logchanges();
-    SQLite::Statement insert(
-        connection_->database,
-        fmt::format("INSERT INTO schema ({}) VALUES (?{})", fmt::join(libraryfields, ", "),
-                    fmt::join(std::vector<const char*>(libraryfields.size() - 1, ", ?"), "")));
-    bindrow(insert, row);
-    insert.exec();
+    std::optional<SQLite::Statement>& insert = connection_->inserting;
+    if (!insert)
+      insert.emplace(connection_->database, fmt::format("INSERT INTO schema ({}) VALUES ({})",
+                                                        fmt::join(libraryfields, ", "), holes()));
+    bindrow(*insert, row);
+    insert->exec();
+    insert->reset();
   });
 }
 
