@@ -26,6 +26,8 @@ struct Positions {
   constexpr bool contains(int position) const { return (bits >> position & 1) != 0; }
   constexpr void add(int position) { bits = static_cast<std::uint16_t>(bits | 1 << position); }
 
+  constexpr void remove(int position) { bits = static_cast<std::uint16_t>(bits & ~(1 << position)); }
+
   /// First and last position. Of an empty string there is none: ask length() first.
   constexpr int first() const { return std::countr_zero(bits); }
   constexpr int last() const { return 15 - std::countl_zero(bits); }

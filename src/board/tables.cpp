@@ -122,6 +122,44 @@ bool hascandidate(int cell, int digit) {
   return (candmask(cell) & bitvalue(digit)) != 0;
 }
 
+namespace {
+
+/// Takes a candidate out of the mask, the text and the position index of its cell.
+void takeout(int cell, int digit) {
+  const int row = cell / 9, col = cell % 9;
+  rowpos(digit, row).remove(col);
+  colpos(digit, col).remove(row);
+  blockpos(digit, row / 3 * 3 + col / 3).remove(row % 3 * 3 + col % 3);
+}
+
+}  // namespace
+
+void placequickly(int cell, int digit) {
+  const int row = cell / 9, col = cell % 9, block = row / 3 * 3 + col / 3;
+  const std::int32_t bit = bitvalue(digit);
+  cellvalue(cell) = digit;
+  filledcount += 1;
+  for (auto rest = static_cast<unsigned>(candmask(cell)); rest; rest &= rest - 1)
+    takeout(cell, std::countr_zero(rest));
+  candmask(cell) = 0;
+  candstr(cell).clear();
+  for (const int house : {rowslot + row, columnslot + col, blockslot + block}) usedmask(house) |= bit;
+  const auto see = [&](int seen) {
+    usedmask(seen) |= bit;
+    std::int32_t& mask = candmask(seen);
+    if ((mask & bit) == 0) return;
+    mask &= ~bit;
+    takeout(seen, digit);
+    const SetText& text = settexts[static_cast<std::size_t>(mask >> 1)];
+    candstr(seen).assign(text.digits, text.length);
+  };
+  for (int position = 0; position < 9; ++position) {
+    see(row * 9 + position);
+    see(position * 9 + col);
+    see(blockcells(block, position));
+  }
+}
+
 bool deletecandidate(int cell, int digit) {
   if (!hascandidate(cell, digit)) return false;
   candmask(cell) ^= bitvalue(digit);

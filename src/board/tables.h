@@ -66,6 +66,10 @@ void rebuildpositions();
 /// Puts a digit into a cell without touching any box: value, mask, count, and the three rebuilds.
 void placesilently(int cell, int digit);
 
+/// The same where the tables are true to each other and nothing was deleted since their last rebuilds: only
+/// what the digit touches is brought up to date, the 20 cells that see it and the houses around them.
+void placequickly(int cell, int digit);
+
 /// True when the digit was a candidate of the cell, and then it is one no more.
 bool deletecandidate(int cell, int digit);
 

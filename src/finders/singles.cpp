@@ -264,7 +264,7 @@ bool frmgenerazione::single(const SingleRung& rung) {
   const Single found = rung.read(result);
   const std::string line = tell(rung, rung.headline, found);
   counthead();
-  placesilently(found.cell, found.digit);
+  placequickly(found.cell, found.digit);
   if (rung.level > 0) raiselevel(rung.level);
   appendline(line);
   return true;

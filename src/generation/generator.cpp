@@ -59,13 +59,8 @@ bool place(int cell) {
   const char digit = open[static_cast<std::size_t>(randombelow(open.size()))];
   writetext1(cell, std::string(1, digit));
   Text1(cell).locked = true;
-  cellvalue(cell) = digit - '0';
-  candmask(cell) = 0;
-  filledcount += 1;
-  rebuildusedmask();
-  rebuildcandstr();
+  placequickly(cell, digit - '0');
   updatetext2();
-  rebuildpositions();
   return true;
 }
 
@@ -128,7 +123,7 @@ void risolvirapido() {
     if (!windowsturn()) return;
     foundflag = false;
     if (const std::optional<Single> single = quicksingle()) {
-      placesilently(single->cell, single->digit);
+      placequickly(single->cell, single->digit);
       boardfinished = filledcount == cells;
       if (boardfinished) return;
       continue;
@@ -179,6 +174,8 @@ void wipe() {
     frmmain::Text2(cell).back = white;
   }
   filledcount = 0;
+  rebuildusedmask();
+  rebuildpositions();
 }
 
 /// One choice: a cell and its mirrors. True: the board is finished, or the try has failed.
