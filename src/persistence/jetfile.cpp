@@ -19,6 +19,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <system_error>
 
@@ -35,20 +36,20 @@
 namespace gradino {
 namespace {
 
-constexpr Words unreadable = {"La vecchia libreria \"{file}\" non può essere letta.",
-                              "The old library \"{file}\" can't be read."};
-constexpr Words foreign = {"Il file \"{file}\" non è una vecchia libreria.",
-                           "The file \"{file}\" is no old library."};
-constexpr Words secret = {"La vecchia libreria \"{file}\" è cifrata o protetta da una password.",
-                          "The old library \"{file}\" is encrypted or has a password."};
-constexpr Words cutshort = {"La vecchia libreria \"{file}\" è incompleta: la sua fine manca.",
-                            "The old library \"{file}\" is incomplete: its end is missing."};
-constexpr Words damaged = {"La vecchia libreria \"{file}\" è danneggiata.",
-                           "The old library \"{file}\" is damaged."};
-constexpr Words notable = {"Nella vecchia libreria \"{file}\" manca la tabella \"schema\".",
-                           "The old library \"{file}\" has no table \"schema\"."};
-constexpr Words nofield = {"Nella vecchia libreria \"{file}\" manca il campo \"{field}\".",
-                           "The old library \"{file}\" has no field \"{field}\"."};
+constexpr Words unreadable = {R"(La vecchia libreria "{file}" non può essere letta.)",
+                              R"(The old library "{file}" can't be read.)"};
+constexpr Words foreign = {R"(Il file "{file}" non è una vecchia libreria.)",
+                           R"(The file "{file}" is no old library.)"};
+constexpr Words secret = {R"(La vecchia libreria "{file}" è cifrata o protetta da una password.)",
+                          R"(The old library "{file}" is encrypted or has a password.)"};
+constexpr Words cutshort = {R"(La vecchia libreria "{file}" è incompleta: la sua fine manca.)",
+                            R"(The old library "{file}" is incomplete: its end is missing.)"};
+constexpr Words damaged = {R"(La vecchia libreria "{file}" è danneggiata.)",
+                           R"(The old library "{file}" is damaged.)"};
+constexpr Words notable = {R"(Nella vecchia libreria "{file}" manca la tabella "schema".)",
+                           R"(The old library "{file}" has no table "schema".)"};
+constexpr Words nofield = {R"(Nella vecchia libreria "{file}" manca il campo "{field}".)",
+                           R"(The old library "{file}" has no field "{field}".)"};
 
 constexpr std::size_t valuesize = 1 << 16;  // what a value can take, its end included
 constexpr int patience = 5'000;             // milliseconds without a sign of life
@@ -95,12 +96,12 @@ bool issecret(std::string_view head) {
   std::array<unsigned char, mask.size()> bytes;
   for (std::size_t i = 0; i < bytes.size(); ++i)
     bytes[i] = static_cast<unsigned char>(head[begin + i]) ^ mask[i];
-  const auto key = bytes.begin(), password = key + keysize;
-  const auto end = isoldformat(head) ? password + 20 : bytes.end();
+  const std::span all(bytes);
+  const auto key = all.first(keysize), password = all.subspan(keysize, isoldformat(head) ? 20 : 40);
   const auto zero = [](unsigned char c) { return c == 0; };
-  if (!std::all_of(key, password, zero)) return true;
-  if (isoldformat(head)) return !std::all_of(password, end, zero);
-  return !std::equal(password + keysize, end, password);
+  if (!std::ranges::all_of(key, zero)) return true;
+  if (isoldformat(head)) return !std::ranges::all_of(password, zero);
+  return !std::equal(password.begin() + 4, password.end(), password.begin());
 }
 
 void checkfile(const std::string& path) {
@@ -151,7 +152,7 @@ MdbTableDef* findtable(MdbHandle* mdb) {
   const GPtrArray* catalog = mdb_read_catalog(mdb, MDB_TABLE);
   if (!catalog) giveup();
   for (guint i = 0; i < catalog->len; ++i) {
-    const auto entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(catalog, i));
+    auto* const entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(catalog, i));
     if (g_ascii_strcasecmp(entry->object_name, "schema") != 0) continue;
     MdbTableDef* table = mdb_read_table(entry);
     if (!table || !mdb_read_columns(table)) giveup();
@@ -162,7 +163,7 @@ MdbTableDef* findtable(MdbHandle* mdb) {
 
 /// A value of the row that was fetched.
 std::string_view valueof(const MdbHandle* mdb, const MdbColumn* column) {
-  const auto text = static_cast<const char*>(column->bind_ptr);
+  const auto* text = static_cast<const char*>(column->bind_ptr);
   const std::size_t size = strnlen(text, valuesize);
   const bool whole = size + 1 < valuesize && g_utf8_validate(text, static_cast<gssize>(size), nullptr);
   // A long text whose page is lost comes as an empty one. Its length stands in the row, under two bits.
