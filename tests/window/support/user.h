@@ -65,9 +65,9 @@ class User : public QObject {
   std::deque<std::function<void()>> acts;
   std::deque<std::optional<QString>> names;  ///< none: cancel
   QStringList boxes;
-  std::function<void()> onbox, ondialog;  ///< instead of answering
-  QStringList filters, suggestions;       ///< of the file dialogs: the words of each; the names offered
-  int asked = 0;                          ///< waits that asked
+  std::function<void()> onwait, onbox, ondialog;  ///< instead of answering
+  QStringList filters, suggestions;  ///< of the file dialogs: the words of each; the names offered
+  int asked = 0;                     ///< waits that asked
 
  private:
   void answermodal();
