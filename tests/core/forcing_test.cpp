@@ -624,6 +624,10 @@ INSTANTIATE_TEST_SUITE_P(Forcing, EachForcing,
 
 // ---- the search once more ---------------------------------------------------------------------------------
 
+std::string slotread(int cell, int digit, bool flag, std::size_t path) {
+  return std::to_string(cell) + (flag ? "=" : "<>") + std::to_string(digit) + " " + std::to_string(path);
+}
+
 /// As literally as it can be told: paths are texts, twins are looked up one by one. It reads the board's
 /// tables and shares nothing else with the search that it judges.
 class LiteralForcing {
@@ -632,6 +636,7 @@ class LiteralForcing {
   std::string chain;  ///< of the last hypothesis that led to a contradiction
   int tried = 0, walkedfull = 0, queuefull = 0, toolong = 0;  ///< hypotheses, and how they ended
   std::vector<int> lengths;                                   ///< of each, in the order of the scan
+  std::array<std::string, 261> slots;  ///< of the queue; what a longer one left stays behind the end
 
   void all() {
     steps = 80;
@@ -658,7 +663,8 @@ class LiteralForcing {
     ++tried;
     steps = limit_ = 80;
     state_ = {};
-    nodes_ = {{cell, digit, true, "0,"}};
+    nodes_.clear();
+    append({cell, digit, true, "0,"});
     state_[cell * 10 + digit] = {1, "0,"};
     try {
       std::size_t i = 0;
@@ -750,7 +756,12 @@ class LiteralForcing {
       ++queuefull;
       throw Over{};
     }
-    nodes_.push_back({q, y, f, p + token});
+    append({q, y, f, p + token});
+  }
+
+  void append(const Node& node) {
+    slots.at(nodes_.size()) = slotread(node.cell, node.digit, node.flag, node.path.size());
+    nodes_.push_back(node);
   }
 
   void contradiction(const Node& node, const std::string& second) {
@@ -791,14 +802,32 @@ class ForcingSearch : public ChainBoards {
     return !hintof(player, frmmain::stepforcing, stop).empty();
   }
   void expectasliteral(LiteralForcing& literal, const std::string& which) {
+    literal.slots.fill(slotread(0, 0, false, 0));
+    chaincell.clear();
+    chaindigit.clear();
+    chainflag.clear();
+    chainpath.clear();
     literal.all();
     const bool shown = found();
+    for (int k = 0; k <= 260; ++k)
+      ASSERT_EQ(slotread(chaincell(k), chaindigit(k), chainflag(k), static_cast<std::size_t>(chainpath(k))),
+                literal.slots[static_cast<std::size_t>(k)])
+          << which << ", queue at " << k;
     EXPECT_EQ(chainsteps, literal.steps) << which;
     EXPECT_EQ(shown, literal.steps < 20) << which;
     if (shown) {
       EXPECT_EQ(stepsread(chainsteps), literal.chain) << which;
     }
     EXPECT_TRUE(player.boxes.empty()) << which;  // breadth first, a path never comes shorter a second time
+  }
+  /// An empty board of which a share of the wrong candidates is gone, and nothing is known of its solution.
+  void drawthinned(unsigned seed, unsigned percent) {
+    std::mt19937 dice(seed);
+    put(emptyboard);
+    for (int cell = 0; cell < cells; ++cell)
+      solutiontext(cell) = fullboard.substr(static_cast<std::size_t>(cell), 1);
+    thin(dice, percent);
+    for (int cell = 0; cell < cells; ++cell) solutiontext(cell).clear();
   }
   /// Takes a share of the wrong candidates away.
   void thin(std::mt19937& dice, unsigned percent) {
@@ -859,6 +888,14 @@ TEST_F(ForcingSearch, IsAsTheLiteralOneWhereTheQueueFillsUp) {
   EXPECT_GT(literal.walkedfull, 0);
   EXPECT_GT(literal.queuefull, 0);
   EXPECT_GT(literal.toolong, 0);
+}
+
+TEST_F(ForcingSearch, IsAsTheLiteralOneWhereTheOrderOfHousesDecides) {
+  for (const auto& [seed, percent] : {std::pair(218u, 62u), {665u, 61u}, {746u, 58u}, {1034u, 66u}}) {
+    LiteralForcing literal;
+    drawthinned(seed, percent);
+    expectasliteral(literal, std::to_string(seed));
+  }
 }
 
 // ---- which one is found -----------------------------------------------------------------------------------
@@ -928,7 +965,7 @@ TEST_F(ForcingSearch, EventsRunBehindEachBandOfCells) {
 
 // ---- bounds -----------------------------------------------------------------------------------------------
 
-// Of sixteen steps.
+// Its shortest contradiction takes fifteen steps.
 constexpr Drawn toolongtograde = {
     "3457 1 234 23 235 6 47 8 9 "
     "459 6 2489 89 259 7 1 3 45 "
@@ -961,8 +998,7 @@ TEST_F(ForcingSearch, TheGraderGivesUpOnAChainOfFifteenSteps) {
   foundflag = true;
   const Board before = theboard();
   frmgenerazione::gradeforcing();
-  EXPECT_GE(chainsteps, 15);
-  EXPECT_LT(chainsteps, 20);
+  EXPECT_EQ(chainsteps, 15);
   EXPECT_EQ(player.boxes, std::vector<std::string>{""});
   EXPECT_EQ(runninglevel, 21);
   for (int level = 1; level <= 21; ++level) EXPECT_EQ(levelcount(level), 0);
@@ -1012,6 +1048,17 @@ TEST_F(ForcingSearch, AChainOfTwentyStepsIsNoFind) {
     expectnopaint();
     EXPECT_EQ(theboard(), before);
   }
+}
+
+TEST_F(ForcingSearch, NineteenStepsAreShownTwentyAreNot) {
+  drawthinned(88, 44);
+  EXPECT_TRUE(found());
+  EXPECT_EQ(chainsteps, 19);
+  drawthinned(896, 51);
+  LiteralForcing literal;
+  literal.all();
+  EXPECT_EQ(*std::min_element(literal.lengths.begin(), literal.lengths.end()), 20);
+  EXPECT_FALSE(found());
 }
 
 TEST_F(ForcingSearch, WhereNothingCanBeSupposedTheGraderGivesUpToo) {
