@@ -5,17 +5,19 @@
 #   tools/setup.sh GROUP...      build  to compile and start the program
 #                                test   besides, to build and run the tests and checks
 #                                screen besides, to let a scripted user work on a virtual screen
-#                                wayland, coverage
+#                                wayland, print, coverage
 set -euo pipefail
 
 declare -A groups=(
   [build]="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libfmt-dev libcli11-dev nlohmann-json3-dev
-           libsqlitecpp-dev libsqlite3-dev mdbtools-dev pkgconf
+           libsqlitecpp-dev libsqlite3-dev mdbtools-dev libpugixml-dev libcairo2-dev pkgconf
            fonts-liberation fonts-comic-neue"
-  [test]="libgtest-dev libbenchmark-dev librapidcheck-dev xz-utils clang-format-14 shellcheck"
+  [test]="libgtest-dev libbenchmark-dev librapidcheck-dev xz-utils clang-format-14 shellcheck
+          poppler-utils"
   [screen]="xvfb openbox xdotool imagemagick dbus-daemon at-spi2-core gir1.2-atspi-2.0
             python3-gi"
   [wayland]="qt6-wayland"
+  [print]="cups-daemon cups-client poppler-utils"
   [coverage]="gcovr"
 )
 
