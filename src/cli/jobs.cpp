@@ -8,6 +8,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "progress.h"
+
 namespace gradino::cli {
 namespace {
 
@@ -56,8 +58,9 @@ Worker start(const std::vector<std::string>& items, std::size_t first, std::size
 
 }  // namespace
 
-bool printinorder(const std::vector<std::string>& items, int jobs,
-                  const std::function<std::string(const std::string&)>& work) {
+bool eachinorder(const std::vector<std::string>& items, int jobs,
+                 const std::function<std::string(const std::string&)>& work,
+                 const std::function<void(const std::string&)>& use) {
   std::fflush(stdout);
   const auto count = static_cast<std::size_t>(jobs);
   std::vector<Worker> workers;
@@ -68,7 +71,7 @@ bool printinorder(const std::vector<std::string>& items, int jobs,
   for (std::size_t i = 0; i < items.size() && good; ++i) {
     good = takeresult(workers[i % count].results.get(), text);
     if (good)
-      fmt::print("{}", text);
+      use(text);
     else
       fmt::print(stderr, "a worker ended before puzzle {} was done\n", i + 1);
   }
@@ -78,6 +81,15 @@ bool printinorder(const std::vector<std::string>& items, int jobs,
     waitpid(worker.process, &status, 0);
   }
   return good;
+}
+
+bool printinorder(const std::vector<std::string>& items, int jobs, const char* what,
+                  const std::function<std::string(const std::string&)>& work) {
+  Progress progress(what, items.size(), rowsarehidden());
+  return eachinorder(items, jobs, work, [&](const std::string& text) {
+    fmt::print("{}", text);
+    progress.step();
+  });
 }
 
 }  // namespace gradino::cli

@@ -47,7 +47,7 @@ fs::path programfolder() {
 }
 
 fs::path storefile(const LibraryOptions& options) {
-  return options.file.empty() ? libraryplace(programfolder()) : fs::path(options.file);
+  return librarystore(options.file);
 }
 
 /// The library to look into: one that is there.
@@ -307,6 +307,10 @@ bool fill(const LibraryOptions& options) {
 }
 
 }  // namespace
+
+fs::path librarystore(const std::string& name) {
+  return name.empty() ? libraryplace(programfolder()) : fs::path(name);
+}
 
 std::function<bool()> addlibrary(CLI::App& app) {
   auto options = std::make_shared<LibraryOptions>();

@@ -15,4 +15,7 @@ namespace gradino::cli {
 /// was something to complain about, which standard output or error was told.
 std::function<bool()> addlibrary(CLI::App& app);
 
+/// The library's file: the one named, or the program's own when the name is empty.
+std::filesystem::path librarystore(const std::string& name);
+
 }  // namespace gradino::cli

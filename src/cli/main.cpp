@@ -6,10 +6,13 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include "convert.h"
 #include "input.h"
 #include "jobs.h"
 #include "librarycommand.h"
 #include "progress.h"
+#include "selftest.h"
+#include "sheet.h"
 #include "subcommands.h"
 
 namespace {
@@ -19,12 +22,19 @@ using namespace gradino::cli;
 using Work = std::string (*)(const std::string& puzzle, const Options& options);
 
 /// One worker: each puzzle is done as it is read. More: all are read first.
-bool batch(const std::vector<std::string>& files, int jobs, Work work, const Options& options) {
-  if (jobs == 1)
-    return eachpuzzle(files, [&](const std::string& puzzle) { fmt::print("{}", work(puzzle, options)); });
+bool batch(const std::vector<std::string>& files, int jobs, const char* done, Work work,
+           const Options& options) {
+  if (jobs == 1) {
+    Progress progress(done, 0, rowsarehidden());
+    return eachpuzzle(files, [&](const std::string& puzzle) {
+      fmt::print("{}", work(puzzle, options));
+      progress.step();
+    });
+  }
   std::vector<std::string> puzzles;
   const bool read = eachpuzzle(files, [&](const std::string& puzzle) { puzzles.push_back(puzzle); });
-  return printinorder(puzzles, jobs, [&](const std::string& puzzle) { return work(puzzle, options); }) &&
+  return printinorder(puzzles, jobs, done,
+                      [&](const std::string& puzzle) { return work(puzzle, options); }) &&
          read;
 }
 
@@ -34,8 +44,9 @@ bool make(int count, int jobs, const Options& options) {
   std::vector<std::string> numbers;
   for (int number = 0; number < count; ++number) numbers.push_back(std::to_string(number));
   if (jobs > 1)
-    return printinorder(numbers, jobs, [&](const std::string& number) { return generate(number, options); });
-  Progress progress("made", numbers.size());
+    return printinorder(numbers, jobs, "made",
+                        [&](const std::string& number) { return generate(number, options); });
+  Progress progress("made", numbers.size(), rowsarehidden());
   for (const std::string& number : numbers) {
     fmt::print("{}", generate(number, options));
     progress.step();
@@ -102,14 +113,15 @@ int main(int argc, char** argv) try {
   addjobs(generatecommand);
   CLI::App* techniquescommand =
       sub("techniques", "What each technique alone does on boards given as JSON lines");
-  const auto runlibrary = addlibrary(app);
+  const auto runlibrary = addlibrary(app), runconvert = addconvert(app), runselftest = addselftest(app),
+             runsheet = addsheet(app);
   CLI11_PARSE(app, argc, argv);
 
-  bool good = runlibrary();
+  bool good = runlibrary() && runconvert() && runselftest() && runsheet();
   if (*techniquescommand) good = boards(files, options);
   if (*gradecommand) {
     if (!options.json) fmt::print("{}", gradeheading());
-    good = batch(files, jobs, grade, options);
+    good = batch(files, jobs, "graded", grade, options);
   }
   if (*generatecommand) {
     if (seed->empty()) options.seed = std::random_device{}();
@@ -117,9 +129,9 @@ int main(int argc, char** argv) try {
   }
   if (*countcommand) {
     if (!options.json) fmt::print("{}", countheading());
-    good = batch(files, 1, count, options);
+    good = batch(files, 1, "counted", count, options);
   }
-  if (*walkcommand) good = batch(files, 1, walk, options);
+  if (*walkcommand) good = batch(files, 1, "walked", walk, options);
   if (std::fflush(stdout) != 0) {
     std::perror("standard output");
     return 1;

@@ -15,14 +15,18 @@ constexpr std::chrono::milliseconds firstshown = 1s, between = 200ms;
 
 }  // namespace
 
-Progress::Progress(std::string what, std::size_t total)
+Progress::Progress(std::string what, std::size_t total, bool wanted)
     : what_(std::move(what)),
       total_(total),
-      terminal_(isatty(STDERR_FILENO) == 1),
+      terminal_(wanted && isatty(STDERR_FILENO) == 1),
       next_(std::chrono::steady_clock::now() + firstshown) {}
 
 Progress::~Progress() {
-  if (shown_) fmt::print(stderr, "\r\033[K");
+  end();
+}
+
+void Progress::end() {
+  if (std::exchange(shown_, false)) fmt::print(stderr, "\r\033[K");
 }
 
 void Progress::step() {
@@ -35,6 +39,10 @@ void Progress::step() {
   else
     fmt::print(stderr, "\r\033[K{} {}", what_, done_);
   std::fflush(stderr);
+}
+
+bool rowsarehidden() {
+  return isatty(STDOUT_FILENO) != 1;
 }
 
 }  // namespace gradino::cli

@@ -9,13 +9,15 @@ namespace gradino::cli {
 
 class Progress {
  public:
-  /// total 0: it isn't known.
-  explicit Progress(std::string what, std::size_t total = 0);
+  /// total 0: it isn't known. wanted false: nothing is shown.
+  explicit Progress(std::string what, std::size_t total = 0, bool wanted = true);
   ~Progress();
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
   void step();
+  /// Takes the line away.
+  void end();
 
  private:
   std::string what_;
@@ -23,5 +25,9 @@ class Progress {
   bool terminal_, shown_ = false;
   std::chrono::steady_clock::time_point next_;
 };
+
+/// True when standard output is no terminal: where rows are seen as they come, they show that work goes on,
+/// and a line among them would only disturb.
+bool rowsarehidden();
 
 }  // namespace gradino::cli

@@ -1,0 +1,18 @@
+// Files of any form that puzzles are exchanged in, as the sub-commands take them.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "puzzles.h"
+
+namespace gradino::cli {
+
+/// Hands over the puzzles of each file ("-" or none: standard input). A file that isn't read in full is left
+/// out and standard error is told its line and what was expected; the others go on. False: there was one.
+bool eachpuzzlefile(
+    const std::vector<std::string>& files,
+    const std::function<void(const std::string& file, const std::vector<formats::Puzzle>& puzzles)>& use);
+
+}  // namespace gradino::cli

@@ -1,0 +1,82 @@
+#include "puzzles.h"
+
+#include <array>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "jsonformats.h"
+#include "sections.h"
+#include "textgrids.h"
+#include "textlines.h"
+#include "xmlformats.h"
+
+namespace gradino::formats {
+namespace {
+
+constexpr std::size_t side = 9;
+
+/// Row, column and block of a cell, each among 27 houses.
+std::array<std::size_t, 3> housesof(std::size_t cell) {
+  const std::size_t row = cell / side, column = cell % side;
+  return {row, side + column, 2 * side + row / 3 * 3 + column / 3};
+}
+
+std::string cellname(std::size_t cell) {
+  return fmt::format("r{}c{}", cell / side + 1, cell % side + 1);
+}
+
+/// UTF-16 and binary files have these characters, texts don't.
+void checktext(std::string_view text) {
+  long line = 1;
+  for (const char c : text) {
+    if (c == '\n') ++line;
+    if (static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\r' && c != '\n' && c != '\f')
+      throw Unreadable(line, "a control character: expected a text, in UTF-8 or of single bytes");
+  }
+}
+
+}  // namespace
+
+Puzzle checked(Puzzle puzzle) {
+  constexpr std::size_t none = 81;
+  std::array<std::array<std::size_t, 9>, 27> holder;
+  for (auto& digits : holder) digits.fill(none);
+  bool any = false;
+  for (std::size_t cell = 0; cell < puzzle.cells.size(); ++cell) {
+    if (puzzle.cells[cell] == '.') continue;
+    any = true;
+    for (const std::size_t house : housesof(cell)) {
+      std::size_t& before = holder[house][static_cast<std::size_t>(puzzle.cells[cell] - '1')];
+      if (before != none)
+        throw Unreadable(puzzle.line,
+                         fmt::format("the puzzle that begins here has a {} in both {} and {}: expected "
+                                     "no digit twice in a row, column or block",
+                                     puzzle.cells[cell], cellname(before), cellname(cell)));
+      before = cell;
+    }
+  }
+  if (!any) throw Unreadable(puzzle.line, "the puzzle that begins here is empty: expected a digit at least");
+  return puzzle;
+}
+
+std::vector<Puzzle> readpuzzles(std::string_view text) {
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  if (text.starts_with(mark)) text.remove_prefix(mark.size());
+  checktext(text);
+  const std::size_t first = text.find_first_not_of(" \t\r\n\f");
+  if (first == std::string_view::npos) throw Unreadable(1, "nothing there: expected a puzzle");
+  std::vector<Puzzle> puzzles;
+  if (text[first] == '<') {
+    puzzles = readxml(text);
+  } else if (text[first] == '{') {
+    puzzles = readjson(text);
+  } else {
+    const std::vector<TextLine> lines = textlines(text);
+    puzzles = hassections(lines) ? readsections(lines) : readgrids(lines);
+  }
+  for (Puzzle& puzzle : puzzles) puzzle = checked(std::move(puzzle));
+  return puzzles;
+}
+
+}  // namespace gradino::formats

@@ -1,0 +1,37 @@
+// What other programs and people exchange puzzles in, read strictly: a text is recognised as one of the forms
+// below, or it is refused with the line and with what was expected there. Nothing is guessed.
+//
+//   textgrids   one line of 81; nine lines; drawn grids; comma separated rows; pencil-mark grids; .sas; .ss
+//               collections of one puzzle a line, and library lines  :tech:cand:givens:...
+//   sections    .sdk with its sections and header lines
+//   xmlformats  OpenSudoku of both versions, KSudoku
+//   jsonformats GNOME Sudoku
+//
+// What a form holds besides the givens (entries of a player, pencil marks of a game, times) is left behind.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace gradino::formats {
+
+struct Puzzle {
+  std::string cells;  ///< 81 of 1-9 and "."
+  long line;          ///< where it begins, from 1
+};
+
+/// The text isn't read: which line, and what was expected.
+struct Unreadable : std::runtime_error {
+  Unreadable(long at, const std::string& what) : std::runtime_error(what), line(at) {}
+  long line;
+};
+
+/// All puzzles of a text, at least one, in their order. Throws Unreadable; then none of it is to be used.
+std::vector<Puzzle> readpuzzles(std::string_view text);
+
+/// The puzzle, if it is one: a digit at least, and none twice in a house. Throws Unreadable.
+Puzzle checked(Puzzle puzzle);
+
+}  // namespace gradino::formats

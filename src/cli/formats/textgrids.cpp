@@ -1,0 +1,192 @@
+#include "textgrids.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include <fmt/format.h>
+
+#include "cells.h"
+
+namespace gradino::formats {
+namespace {
+
+constexpr std::size_t rowcount = 9;
+constexpr std::string_view expected =
+    "expected a line of 81 cells, or a row of nine, each 1-9 or one of . 0 x X * _ - ? or blank for an empty one";
+
+enum class Kind { blank, comment, frame, heading, row, undecided, whole };
+
+struct Line {
+  Kind kind;
+  long number;
+  Cells cells;
+};
+
+bool isletter(char c) {
+  return std::isalpha(static_cast<unsigned char>(c)) != 0 || static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool iscomment(std::string_view text) {
+  return text.starts_with('#') || text.starts_with(';') || text.starts_with("//");
+}
+
+/// Drawn: characters of frames only, and not just dots.
+bool isframe(std::string_view text) {
+  return text.size() > 2 && text.find_first_not_of("+-=|*.:'`_,~ \t") == std::string_view::npos &&
+         text.find_first_of("+-=_*~") != std::string_view::npos;
+}
+
+/// Frames of one long stroke: no row or puzzle, though it has the length of one.
+bool isstroke(std::string_view text) {
+  return text.size() > rowcount && text.find_first_not_of(text.front()) == std::string_view::npos &&
+         std::string_view("-=_*").find(text.front()) != std::string_view::npos;
+}
+
+/// Words above a puzzle, as in "Grid 07". Not a row with a letter in it by mistake.
+bool isheading(std::string_view text) {
+  std::size_t all = 0, symbols = 0;
+  bool word = false;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] != ' ' && text[at] != '|') {
+      ++all;
+      symbols += issymbol(text[at]);
+    }
+    word = word || (at > 0 && isletter(text[at]) && isletter(text[at - 1]));
+  }
+  const bool rowlike = symbols > 0 && all == rowcount && text.find(' ') == std::string_view::npos;
+  return word && !rowlike && symbols * 2 < std::max<std::size_t>(all, rowcount);
+}
+
+bool couldbedrawn(const Cells& row) {
+  return row.digitless() && row.marks.size() == 1 &&
+         std::string_view(".-_* ").find(row.marks[0]) != std::string::npos;
+}
+
+Line linein(const TextLine& line) {
+  const std::string_view text = trimmed(line.text);
+  const auto is = [&](Kind kind) { return Line{kind, line.number, {}}; };
+  if (!text.empty() && iscomment(text)) return is(Kind::comment);
+  if (text.starts_with(':'))
+    if (const auto cells = libraryline(text)) return {Kind::whole, line.number, *cells};
+  if (!text.empty() && isstroke(text)) return is(Kind::frame);
+  if (const auto cells = puzzlein(line.text)) return {Kind::whole, line.number, *cells};
+  if (const auto cells = rowin(line.text))
+    return {couldbedrawn(*cells) ? Kind::undecided : Kind::row, line.number, *cells};
+  if (text.empty()) return is(Kind::blank);
+  if (isframe(text)) return is(Kind::frame);
+  if (isheading(text)) return is(Kind::heading);
+  throw Unreadable(line.number, fmt::format("not a puzzle's line: {}", expected));
+}
+
+void onemark(const std::string& marks, long line) {
+  if (marks.size() > 1)
+    throw Unreadable(line,
+                     fmt::format("empty cells are \"{}\" as well as \"{}\" in the puzzle that begins here: "
+                                 "expected one mark all over a puzzle",
+                                 marks[0], marks[1]));
+}
+
+/// Nine rows.
+Puzzle joined(const std::vector<Line>& rows, std::size_t from) {
+  Puzzle puzzle{"", rows[from].number};
+  std::string marks;
+  for (std::size_t i = from; i < from + rowcount; ++i) {
+    puzzle.cells += rows[i].cells.symbols;
+    for (const char mark : rows[i].cells.marks)
+      if (marks.find(mark) == std::string::npos) marks += mark;
+  }
+  onemark(marks, puzzle.line);
+  return puzzle;
+}
+
+/// The lines between two headings that are rows, and the places of blank lines: how many rows are above each.
+struct Section {
+  std::vector<Line> rows;
+  std::vector<std::size_t> gaps;
+};
+
+Section decided(const std::vector<Line>& lines) {
+  std::string marks;
+  for (const Line& line : lines)
+    if (line.kind == Kind::row) marks += line.cells.marks;
+  Section section;
+  for (const Line& line : lines) {
+    if (line.kind == Kind::row ||
+        (line.kind == Kind::undecided && marks.find(line.cells.marks[0]) != std::string::npos))
+      section.rows.push_back(line);
+    else if (line.kind == Kind::blank || (line.kind == Kind::undecided && line.cells.marks == " "))
+      section.gaps.push_back(section.rows.size());
+  }
+  return section;
+}
+
+/// Rows that a blank line parts from the others of their puzzle must be a band, or all rows are parted: else
+/// one puzzle lacks a row, and the next would lend it one.
+void checkgaps(const Section& section) {
+  std::vector<std::size_t> gaps = section.gaps;
+  gaps.erase(std::unique(gaps.begin(), gaps.end()), gaps.end());
+  std::erase_if(gaps, [&](std::size_t gap) { return gap == 0 || gap >= section.rows.size(); });
+  if (gaps.size() + 1 == section.rows.size()) return;
+  for (const std::size_t gap : gaps)
+    if (gap % 3 != 0)
+      throw Unreadable(
+          section.rows[gap].number,
+          fmt::format("a blank line above this row and {} rows before it: expected nine rows together, "
+                      "or blank lines between bands of three",
+                      gap));
+}
+
+void readrows(const std::vector<Line>& lines, std::vector<Puzzle>& puzzles) {
+  const Section section = decided(lines);
+  const std::vector<Line>& rows = section.rows;
+  if (rows.empty()) return;
+  checkgaps(section);
+  if (const std::size_t over = rows.size() % rowcount; over != 0)
+    throw Unreadable(
+        rows[rows.size() - over].number,
+        fmt::format("{} rows from here to line {}: expected nine to a puzzle", over, rows.back().number));
+  for (std::size_t from = 0; from < rows.size(); from += rowcount) puzzles.push_back(joined(rows, from));
+}
+
+void refuse(const std::vector<Line>& lines, Kind kind, const char* found) {
+  const auto at = std::ranges::find(lines, kind, &Line::kind);
+  if (at != lines.end())
+    throw Unreadable(at->number,
+                     fmt::format("{} among puzzles of one line each: expected 81 cells in each line", found));
+}
+
+std::vector<Puzzle> readcollection(const std::vector<Line>& lines) {
+  refuse(lines, Kind::row, "a row of nine cells");
+  refuse(lines, Kind::heading, "other words");
+  std::vector<Puzzle> puzzles;
+  for (const Line& line : lines) {
+    if (line.kind != Kind::whole) continue;
+    onemark(line.cells.marks, line.number);
+    puzzles.push_back({line.cells.symbols, line.number});
+  }
+  return puzzles;
+}
+
+}  // namespace
+
+std::vector<Puzzle> readgrids(const std::vector<TextLine>& text) {
+  std::vector<Line> lines;
+  std::transform(text.begin(), text.end(), std::back_inserter(lines), linein);
+  if (std::ranges::find(lines, Kind::whole, &Line::kind) != lines.end()) return readcollection(lines);
+
+  std::vector<Puzzle> puzzles;
+  std::vector<Line> section;
+  for (const Line& line : lines) {
+    if (line.kind == Kind::heading) {
+      readrows(section, puzzles);
+      section.clear();
+    } else {
+      section.push_back(line);
+    }
+  }
+  readrows(section, puzzles);
+  if (puzzles.empty()) throw Unreadable(1, fmt::format("no puzzle: {}", expected));
+  return puzzles;
+}
+
+}  // namespace gradino::formats

@@ -1,0 +1,156 @@
+#include "xmlformats.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include <fmt/format.h>
+#include <pugixml.hpp>
+
+#include "textlines.h"
+
+namespace gradino::formats {
+namespace {
+
+constexpr std::size_t cellcount = 81;
+
+std::string withoutblanks(std::string_view text) {
+  std::string out;
+  for (const char c : text)
+    if (std::isspace(static_cast<unsigned char>(c)) == 0) out += c;
+  return out;
+}
+
+// OpenSudoku.
+
+/// "version: 1" and behind it, for each cell, its value, its notes and whether the player may change it.
+std::string serialcells(const std::string& data, long line) {
+  constexpr std::string_view head = "version:";
+  const std::size_t begin = data.find_first_of("0123456789", head.size());
+  std::size_t end = begin == std::string::npos ? begin : data.find_first_not_of("0123456789", begin);
+  const auto fail = [&]() -> std::string {
+    throw Unreadable(line,
+                     "data of a game: expected \"version: n\" and for each of 81 cells value|note|editable|");
+  };
+  if (end == std::string::npos) return fail();
+  const std::string list = withoutblanks(data.substr(end));
+  const std::vector<std::string_view> fields = splitat(list, '|');
+  const std::size_t each = (fields.size() - 1) / cellcount;
+  if (fields.size() != each * cellcount + 1 || !fields.back().empty() || each < 3 || each > 4) return fail();
+  std::string cells;
+  for (std::size_t at = 0; at + each <= fields.size(); at += each) {
+    const std::string_view value = fields[at], editable = fields[at + each - 1];
+    if (value.size() != 1 || value[0] < '0' || value[0] > '9' || (editable != "0" && editable != "1"))
+      return fail();
+    cells += editable == "0" && value != "0" ? value[0] : '.';
+  }
+  return cells;
+}
+
+Puzzle game(const pugi::xml_node& node, long line) {
+  const std::string data(trimmed(node.attribute("data").value()));
+  if (data.starts_with("version:")) return {serialcells(data, line), line};
+  if (data.size() != cellcount || data.find_first_not_of("0123456789") != std::string::npos)
+    throw Unreadable(line, "data of a game: expected 81 of the digits 0-9");
+  Puzzle puzzle{data, line};
+  std::ranges::replace(puzzle.cells, '0', '.');
+  return puzzle;
+}
+
+std::vector<Puzzle> opensudoku(const pugi::xml_node& root, std::string_view text) {
+  const auto line = [&](const pugi::xml_node& node) {
+    return lineof(text, static_cast<std::size_t>(node.offset_debug()));
+  };
+  const std::string_view version = root.attribute("version").value();
+  if (!version.empty() && version != "1" && version != "2")
+    throw Unreadable(line(root), fmt::format("<opensudoku> of version {}: expected 1 or 2", version));
+  std::vector<Puzzle> puzzles;
+  for (const pugi::xml_node& child : root.children()) {
+    if (child.name() == std::string_view("game")) puzzles.push_back(game(child, line(child)));
+    if (child.name() == std::string_view("folder"))
+      for (const pugi::xml_node& inner : child.children("game")) puzzles.push_back(game(inner, line(inner)));
+  }
+  if (puzzles.empty())
+    throw Unreadable(line(root), "<opensudoku> without a game: expected <game data=\"...\">");
+  return puzzles;
+}
+
+// KSudoku.
+
+/// Values are letters, and in some files b is 1, in others a is: an a or a j in the puzzle or its solution
+/// tells. Digits are taken as they are.
+char lettersfrom(const std::string& values, const std::string& solution, long line) {
+  const std::string all = values + solution;
+  const bool a = all.find('a') != std::string::npos, j = all.find('j') != std::string::npos;
+  const bool letters = std::ranges::any_of(all, [](char c) { return c >= 'a' && c <= 'j'; });
+  if (letters && a == j)
+    throw Unreadable(
+        line, "<values> of letters: expected a to i or b to j, one of a and j among them or in <solution>");
+  return a ? 'a' : 'b';
+}
+
+std::string values(const std::string& text, const std::string& solution, long line) {
+  if (text.size() != cellcount)
+    throw Unreadable(line, fmt::format("<values> of {} cells: expected 81", text.size()));
+  const char one = lettersfrom(text, solution, line);
+  std::string cells;
+  for (const char c : text) {
+    if (c == '_' || c == '.' || c == '0')
+      cells += '.';
+    else if (c >= '1' && c <= '9')
+      cells += c;
+    else if (c >= one && c < one + 9)
+      cells += static_cast<char>('1' + (c - one));
+    else
+      throw Unreadable(line, "<values>: expected letters or digits, and _ for an empty cell");
+  }
+  return cells;
+}
+
+/// The file goes down the columns.
+std::string turned(const std::string& columns) {
+  std::string rows(cellcount, '.');
+  for (std::size_t i = 0; i < cellcount; ++i) rows[i % 9 * 9 + i / 9] = columns[i];
+  return rows;
+}
+
+void checkgraph(const pugi::xml_node& graph, long line) {
+  const std::string order = graph.attribute("order").as_string("9"),
+                    type = graph.attribute("type").as_string("sudoku");
+  std::string lower;
+  for (const char c : type) lower += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  if (order != "9" || (lower != "sudoku" && lower != "plain") || graph.child("cage"))
+    throw Unreadable(
+        line, fmt::format("a puzzle of type {} and order {}: expected type sudoku, order 9", type, order));
+}
+
+std::vector<Puzzle> ksudoku(const pugi::xml_node& root, std::string_view text) {
+  const auto line = [&](const pugi::xml_node& node) {
+    return lineof(text, static_cast<std::size_t>(node.offset_debug()));
+  };
+  const pugi::xml_node inner = root.child("game") ? root.child("game").child("puzzle") : root.child("puzzle");
+  const pugi::xml_node valuesnode = inner.child("values");
+  if (!valuesnode) throw Unreadable(line(root), "<ksudoku>: expected a puzzle with its <values>");
+  checkgraph(inner.child("graph"), line(inner));
+  const std::string solution = withoutblanks(inner.child("solution").text().get());
+  return {
+      {turned(values(withoutblanks(valuesnode.text().get()), solution, line(valuesnode))), line(valuesnode)}};
+}
+
+}  // namespace
+
+std::vector<Puzzle> readxml(std::string_view text) {
+  pugi::xml_document document;
+  const pugi::xml_parse_result result =
+      document.load_buffer(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8);
+  if (!result)
+    throw Unreadable(lineof(text, static_cast<std::size_t>(result.offset)),
+                     fmt::format("no XML ({}): expected well-formed elements", result.description()));
+  const pugi::xml_node root = document.document_element();
+  const std::string_view name = root.name();
+  if (name == "opensudoku") return opensudoku(root, text);
+  if (name == "ksudoku") return ksudoku(root, text);
+  throw Unreadable(lineof(text, static_cast<std::size_t>(root.offset_debug())),
+                   fmt::format("an element <{}>: expected <opensudoku> or <ksudoku>", name));
+}
+
+}  // namespace gradino::formats

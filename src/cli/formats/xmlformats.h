@@ -1,0 +1,15 @@
+// Puzzles in XML.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "puzzles.h"
+
+namespace gradino::formats {
+
+/// By the root element: <opensudoku> without a version or with version 1 (each <game>'s data is 81 digits) or
+/// 2 (games in folders, data of digits or of cells "value|note|editable|" behind "version: n"), or <ksudoku>.
+std::vector<Puzzle> readxml(std::string_view text);
+
+}  // namespace gradino::formats

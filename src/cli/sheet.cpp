@@ -1,0 +1,139 @@
+#include "sheet.h"
+
+#include <charconv>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include "boxes.h"
+#include "exchange.h"
+#include "files.h"
+#include "grader.h"
+#include "gradestate.h"
+#include "librarycommand.h"
+#include "page.h"
+#include "progress.h"
+#include "session.h"
+#include "store.h"
+#include "tables.h"
+
+namespace gradino::cli {
+namespace {
+
+struct SheetOptions {
+  std::vector<std::string> files, levels;
+  std::string output, language = "en", paper = "A4", library;
+  PageOptions page;
+};
+
+/// The puzzle with its solution, level and difficulty, as opening its file grades it.
+Printed graded(const std::string& puzzle, const std::string& language) {
+  Session session;
+  startsession(session, language);
+  Printed printed{puzzle, "", 0, -1};
+  runguarded(session, [&] {
+    putup(puzzle);
+    if (numerosoluzioni == 1)
+      for (int cell = 0; cell < cells; ++cell) printed.solution += solutiontext(cell);
+    settleboard();
+    SolveSudoku();
+    if (!frmmain::txtlivello.text.empty()) printed.difficulty = difficolta;
+  });
+  printed.level = runninglevel;
+  return printed;
+}
+
+/// "5" or "5:12".
+std::pair<int, int> levelandcount(const std::string& text, int count) {
+  int level = -1;
+  const char* const end = text.data() + text.size();
+  auto read = std::from_chars(text.data(), end, level);
+  if (read.ec == std::errc{} && read.ptr != end && *read.ptr == ':')
+    read = std::from_chars(read.ptr + 1, end, count);
+  if (read.ec != std::errc{} || read.ptr != end || level < 0 || level > 21 || count < 1)
+    throw std::runtime_error(fmt::format("--from-library {}: expected a level 0 to 21, or LEVEL:N", text));
+  return {level, count};
+}
+
+void fromlibrary(const SheetOptions& options, std::vector<Printed>& puzzles) {
+  if (options.levels.empty()) return;
+  const std::filesystem::path file = librarystore(options.library);
+  if (!std::filesystem::exists(file)) throw std::runtime_error(fmt::format("no library {}", file.string()));
+  Store store(file);
+  for (const std::string& text : options.levels) {
+    const auto [level, count] = levelandcount(text, options.page.perpage);
+    const std::string query =
+        fmt::format("{} WHERE schema.livello = {} ORDER BY schema.difficolta DESC", wholetable, level);
+    for (int place = 0; place < count; ++place) {
+      const std::optional<Store::Record> record = store.at(query, place);
+      if (!record)
+        throw std::runtime_error(fmt::format("the library has {} puzzles of level {}", place, level));
+      const std::string& stringa = record->row[field::stringa];
+      if (!ispuzzle(stringa))
+        throw std::runtime_error(fmt::format("row {} of the library has no puzzle", record->key));
+      Printed printed = graded(stringa.substr(0, cells), options.language);
+      printed.level = level;
+      printed.difficulty = static_cast<int>(leadingnumber(record->row[field::difficolta]));
+      puzzles.push_back(printed);
+    }
+  }
+}
+
+bool sheet(SheetOptions options) {
+  std::vector<Printed> puzzles;
+  fromlibrary(options, puzzles);
+  bool good = true;
+  if (!options.files.empty() || options.levels.empty()) {
+    std::vector<std::string> read;
+    good = eachpuzzlefile(options.files, [&](const std::string&, const std::vector<formats::Puzzle>& some) {
+      for (const formats::Puzzle& puzzle : some) read.push_back(puzzle.cells);
+    });
+    Progress progress("graded", read.size());
+    for (const std::string& puzzle : read) {
+      puzzles.push_back(graded(puzzle, options.language));
+      progress.step();
+    }
+  }
+  if (puzzles.empty()) throw std::runtime_error("no puzzle for the sheet");
+  if (options.paper == "Letter") options.page.width = 612, options.page.height = 792;
+  try {
+    drawpages(options.output, puzzles, options.page);
+  } catch (const std::runtime_error& error) {
+    throw std::runtime_error(fmt::format("{}: {}", options.output, error.what()));
+  }
+  return good;
+}
+
+}  // namespace
+
+std::function<bool()> addsheet(CLI::App& app) {
+  auto options = std::make_shared<SheetOptions>();
+  CLI::App* command = app.add_subcommand("sheet", "Puzzles on pages of a PDF");
+  command->add_option("FILE", options->files,
+                      "Files of any common form; standard input when there is nothing else");
+  command->add_option("--per-page", options->page.perpage, "Puzzles a page")
+      ->check(CLI::IsMember({1, 2, 4, 6}))
+      ->capture_default_str();
+  command->add_flag("--solutions", options->page.solutions, "With the solutions, on pages at the end");
+  command->add_option("--lang", options->language, "Language of the sheet")
+      ->check(CLI::IsMember({"en", "it"}));
+  command->add_option("--paper", options->paper, "Size of the pages")
+      ->check(CLI::IsMember({"A4", "Letter"}))
+      ->capture_default_str();
+  command
+      ->add_option("--from-library", options->levels,
+                   "LEVEL or LEVEL:N: the N hardest of a level, or a page of them; may stand several times")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  command->add_option("--library", options->library, "The library's file; else the program's own");
+  command->add_option("-o,--output", options->output, "The PDF to write")->required();
+  return [options, command] { return !*command || sheet(*options); };
+}
+
+}  // namespace gradino::cli
