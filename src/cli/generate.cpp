@@ -42,6 +42,8 @@ std::string generate(const std::string& number, const Options& options) {
   host.random = seededrandom(options.seed, static_cast<std::uint32_t>(std::stoul(number)));
   frmmain::Check1.ticked = options.supersymmetric;
   session.fault.reset();
+  dettaglio.clear();  // a puzzle beyond the techniques leaves no report, and is not to show an earlier one's
+  difficolta = 0;
   runguarded(session, [] {
     comandocorrente = generatecommand;
     frmgenerazione::genera();

@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Makes the library that is shipped, library/schemigenerati.mdb. The same file each time for the same numbers.
+#
+#   tools/make-library.sh [PUZZLES [EACH [PROGRAM]]]
+#
+#   PUZZLES   how many are made of each symmetry      100000
+#   EACH      how many are kept of a level, at most      260
+#   PROGRAM   build/release/bin/gradino-cli
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+puzzles=${1:-100000}
+each=${2:-260}
+program=${3:-build/release/bin/gradino-cli}
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+"$program" generate -n "$puzzles" --seed 2026 --jobs 2 --json >"$work/two.jsonl"
+"$program" generate -n "$puzzles" --seed 2027 --jobs 2 --supersimmetrico --json >"$work/four.jsonl"
+python3 tools/choose-puzzles.py "$each" "$work/two.jsonl" "$work/four.jsonl" >"$work/rows.jsonl"
+rm -f library/schemigenerati.mdb
+mkdir -p library
+"$program" library --file library/schemigenerati.mdb import "$work/rows.jsonl"
+"$program" library --file library/schemigenerati.mdb check
+"$program" library --file library/schemigenerati.mdb stats
