@@ -395,5 +395,9 @@ void Monkey::acts() {
   apppath.clear();
 }
 
-WINDOW_TESTS(Monkey)
+int main(int argc, char** argv) {
+  qputenv("QTEST_FUNCTION_TIMEOUT", "2000000000");  // a long run is watched from here
+  Monkey tests;
+  return runtests(tests, argc, argv);
+}
 #include "monkey.moc"
