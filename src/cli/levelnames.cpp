@@ -7,7 +7,7 @@ namespace {
 
 // clang-format off
 constexpr std::array<Words, 22> names{{
-    {"ultima cifra", "last digit"},
+    {"ultima cifra, singolo nel riquadro", "last digit, single in block"},
     {"singolo nascosto", "hidden single"},
     {"singolo nudo", "naked single"},
     {"intersezioni", "intersections"},

@@ -72,10 +72,10 @@ struct Summary {
     }
   }
   void print() const {
-    fmt::print("{:<6} {:<30} {:>9} {:>9} {:>9} {:>14}\n", "by", "technique", "steps", "placed", "deleted",
+    fmt::print("{:<6} {:<32} {:>9} {:>9} {:>9} {:>14}\n", "by", "technique", "steps", "placed", "deleted",
                "contradictions");
     for (const auto& [name, tally] : tallies)
-      fmt::print("{:<6} {:<30} {:>9} {:>9} {:>9} {:>14}\n", name.first, name.second, tally.steps,
+      fmt::print("{:<6} {:<32} {:>9} {:>9} {:>9} {:>14}\n", name.first, name.second, tally.steps,
                  tally.placed, tally.deleted, tally.wrong);
     fmt::print("{} puzzles, {} of them not checked, as they haven't one solution; {} contradictions\n",
                puzzles, unchecked, wrong);

@@ -93,7 +93,7 @@ class Watch {
   Moment before_;
 };
 
-/// The level whose counter rose; the last digit of a house has none.
+/// The level whose counter rose; level 0 has none.
 std::string gradertechnique(const Moment& before) {
   for (int level = 21; level >= 1; --level)
     if (levelcount(level) != before.counts[static_cast<std::size_t>(level)])
