@@ -534,6 +534,15 @@ TEST_P(EachNishio, WordsThatTheUserLeftInABoxAreGivenBack) {
   EXPECT_TRUE(frmmain::Text1(cell).visible);
 }
 
+TEST_P(EachNishio, WordsThatTheUserTypesDuringTheExplanationStay) {
+  const int cell = one().placings.front().first;
+  explained(1, {[cell] { writetext1(cell, "?"); }, stop});
+  run();
+  EXPECT_EQ(frmmain::Text1(cell).text, "?");
+  EXPECT_TRUE(frmmain::Text1(cell).visible);
+  EXPECT_EQ(values(), before.values);
+}
+
 // Nothing keeps a search out of a wait: saving grades.
 TEST_P(EachNishio, ASearchInBetweenDoesNotTouchTheTrialOnShow) {
   const FoundNishio& other = one().name == "Blocklost" ? cellempty : blocklost;
