@@ -4,13 +4,13 @@
 #   tools/make-library.sh [PUZZLES [EACH [PROGRAM]]]
 #
 #   PUZZLES   how many are made of each symmetry      100000
-#   EACH      how many are kept of a level, at most      260
+#   EACH      how many are kept of a level, at most      400
 #   PROGRAM   build/release/bin/gradino-cli
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 puzzles=${1:-100000}
-each=${2:-260}
+each=${2:-400}
 program=${3:-build/release/bin/gradino-cli}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
