@@ -11,7 +11,9 @@
 // in one triad of each row, column and block, and a triad holds three digits.
 #pragma once
 
+#include <array>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 
 namespace gradino {
@@ -43,10 +45,17 @@ GRADINO_STEP Bands bandabove(Bands b) {
   return __builtin_shufflevector(b, b, 2, 0, 1, 3);
 }
 
+constexpr auto singlecells = [] {
+  std::array<Bands, 81> bands{};
+  for (std::size_t cell = 0; cell < 81; ++cell) {
+    const std::uint32_t bit = 1u << cell % 27;
+    bands[cell] = Bands{cell < 27 ? bit : 0, cell / 27 == 1 ? bit : 0, cell >= 54 ? bit : 0, 0};
+  }
+  return bands;
+}();
+
 GRADINO_STEP Bands onecell(int cell) {
-  Bands b{};
-  b[cell / 27] = 1u << cell % 27;
-  return b;
+  return singlecells[static_cast<std::size_t>(cell)];
 }
 
 /// The first cell in reading order. At least one must be there.

@@ -76,7 +76,7 @@ bool ClashRules::tighten(Boards& boards) {
     const auto can = can_, must = must_;
     if (!settlehouses()) return false;
     for (std::size_t d = 0; d < 9; ++d)
-      if (!settledigit(d)) return false;
+      if (!settledigit(d) || !settlelast(d)) return false;
     changed = can != can_ || must != must_;
   }
   for (std::size_t d = 0; d < 9; ++d)
@@ -113,6 +113,30 @@ bool ClashRules::settledigit(std::size_t digit) {
     if (!balance(digit, {band << columnhouse, stack << blockhouse})) return false;
   }
   return true;
+}
+
+/// A digit that r9c9 could take at the start must at the end stand in one of its houses, in itself or where
+/// it is seen, or r9c9 could take it as well. Where leaving it out of one house leaves it out of the others
+/// too, as it does when all three have one digit to spare, it must stand in that house.
+bool ClashRules::settlelast(std::size_t digit) {
+  const Seen last = housesof(lastcell);
+  const std::uint32_t own = 1u << last.row | 1u << last.column | 1u << last.block;
+  if (!lastdigits_[digit] || (must_[digit] & own)) return true;
+  const auto can = can_[digit], must = must_[digit];
+  std::uint32_t needed = 0;
+  for (std::size_t house : {last.row, last.column, last.block}) {
+    can_[digit] &= ~(1u << house);
+    bool possible = true;
+    for (std::uint32_t before = 0; possible && before != can_[digit];) {
+      before = can_[digit];
+      possible = settledigit(digit);
+    }
+    if (!possible || !(can_[digit] & own)) needed |= 1u << house;
+    can_[digit] = can;
+    must_[digit] = must;
+  }
+  must_[digit] |= needed;
+  return (can & own) != 0 && (needed & ~can) == 0;
 }
 
 /// Sets of houses that cover the same cells: the whole board, a band, a stack.

@@ -4,7 +4,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 
 #include "completions.h"
 #include "deduction.h"
@@ -48,6 +50,7 @@ class ClashRules {
 
   bool settlehouses();
   bool settledigit(std::size_t digit);
+  bool settlelast(std::size_t digit);
   bool balance(std::size_t digit, std::initializer_list<std::uint32_t> covers);
 
   Bands empty_{};

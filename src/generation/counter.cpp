@@ -34,35 +34,73 @@ void freshrecords() {
   dirtyrecords = 0;
 }
 
-void loadgivens() {
-  for (int cell = 0; cell < cells; ++cell)
-    cellvalue(cell) = givens(cell).empty() ? 0 : leadingnumber(givens(cell));
-  rebuildusedmask();
-}
+struct Seen {
+  std::uint8_t row, column, block;
+};
 
-void showboard(const Digits& digits) {
-  std::copy(digits.begin(), digits.end(), cellvalue.begin());
-  rebuildusedmask();
+/// Looked up, as divisions would take a third of a call.
+constexpr auto houses = [] {
+  std::array<Seen, cells> seen{};
+  for (std::size_t cell = 0; cell < cells; ++cell)
+    seen[cell] = {static_cast<std::uint8_t>(cell / 9), static_cast<std::uint8_t>(cell % 9),
+                  static_cast<std::uint8_t>(cell / 27 * 3 + cell % 9 / 3)};
+  return seen;
+}();
+
+/// A board together with the digits that its houses hold.
+struct Board {
+  Digits digits{};
+  std::array<std::int32_t, 9> rows{}, columns{}, blocks{};
+
+  std::int32_t seen(std::size_t cell) const {
+    const Seen h = houses[cell];
+    return rows[h.row] | columns[h.column] | blocks[h.block];
+  }
+
+  void place(std::size_t cell, int digit) {
+    digits[cell] = static_cast<std::uint8_t>(digit);
+    const Seen h = houses[cell];
+    const std::int32_t bit = 1 << digit & fullmask;
+    rows[h.row] |= bit;
+    columns[h.column] |= bit;
+    blocks[h.block] |= bit;
+  }
+};
+
+/// Fault: a number above 9.
+Board loadgivens() {
+  Board board;
+  bool digits = true;
+  for (int cell = 0; cell < cells; ++cell) {
+    const std::string& text = givens(cell);
+    const std::int32_t value = text.empty() ? 0 : leadingnumber(text);
+    cellvalue(cell) = value;
+    digits &= value <= 9;
+    if (digits) board.place(static_cast<std::size_t>(cell), value);
+  }
+  if (!digits) rebuildusedmask();
+  return board;
 }
 
 /// One pass, never repeated: each empty cell with one digit left gets it. Cells behind see it at once, cells
 /// before don't. A board that has a cell with no digit left before the pass stays as it is.
-void forcedpass(Digits& board) {
-  std::array<std::int32_t, 9> rows, columns, blocks;
-  std::copy_n(usedmask.begin() + rowslot, 9, rows.begin());
-  std::copy_n(usedmask.begin() + columnslot, 9, columns.begin());
-  std::copy_n(usedmask.begin() + blockslot, 9, blocks.begin());
-  for (std::size_t cell = 0; cell < board.size(); ++cell)
-    if (board[cell] == 0 && usedmask(cell) == fullmask) return;
-  for (std::size_t cell = 0; cell < board.size(); ++cell) {
-    if (board[cell] != 0) continue;
-    std::int32_t &row = rows[cell / 9], &column = columns[cell % 9],
-                 &block = blocks[cell / 27 * 3 + cell % 9 / 3];
-    const auto left = static_cast<std::uint32_t>(fullmask & ~(row | column | block));
-    if (!std::has_single_bit(left)) continue;
-    board[cell] = static_cast<std::uint8_t>(std::countr_zero(left));
-    row |= left, column |= left, block |= left;
+void forcedpass(Board& board) {
+  for (std::size_t cell = 0; cell < cells; ++cell)
+    if (board.digits[cell] == 0 && board.seen(cell) == fullmask) return;
+  for (std::size_t cell = 0; cell < cells; ++cell) {
+    if (board.digits[cell] != 0) continue;
+    const auto left = static_cast<std::uint32_t>(fullmask & ~board.seen(cell));
+    if (left != 0 && (left & (left - 1)) == 0) board.place(cell, std::countr_zero(left));
   }
+}
+
+/// To cellvalue and usedmask.
+void leave(const Board& board) {
+  std::copy(board.digits.begin(), board.digits.end(), cellvalue.begin());
+  for (std::size_t cell = 0; cell < cells; ++cell) usedmask.begin()[cell] = board.seen(cell);
+  std::copy(board.rows.begin(), board.rows.end(), usedmask.begin() + rowslot);
+  std::copy(board.columns.begin(), board.columns.end(), usedmask.begin() + columnslot);
+  std::copy(board.blocks.begin(), board.blocks.end(), usedmask.begin() + blockslot);
 }
 
 /// A solution as text and as record. In other modes than counting the first alone is kept as a record.
@@ -81,21 +119,17 @@ void registrasoluzione(int number, const Digits& digits) {
 void conta() {
   numerosoluzioni = 0;
   freshrecords();
-  loadgivens();
-  Digits board;
-  std::copy_n(cellvalue.begin(), cells, board.begin());
-
-  const bool counting = comandocorrente == countcommand;
-  const std::size_t stop = counting ? limit + 1 : 2;
-  firstcompletions(board, stop, found);
+  Board board = loadgivens();
+  const std::size_t stop = comandocorrente == countcommand ? limit + 1 : 2;
+  firstcompletions(board.digits, stop, found);
   numerosoluzioni = static_cast<std::int32_t>(found.size());
   for (int number = 1; number <= std::min(numerosoluzioni, limit); ++number)
     registrasoluzione(number, found[static_cast<std::size_t>(number - 1)]);
-  if (found.size() == stop)
-    board = found.back();
-  else
+  if (found.size() < stop)
     forcedpass(board);
-  showboard(board);
+  else
+    for (std::size_t cell = 0; cell < cells; ++cell) board.place(cell, found.back()[cell]);
+  leave(board);
 
   if (numerosoluzioni == 1) {
     for (int cell = 0; cell < cells; ++cell)

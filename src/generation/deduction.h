@@ -137,6 +137,7 @@ Outcome settle(Boards& boards, const Rules& rules) {
     bad |= deduce(lying, rules);
     bad |= deduce(standing, rules);
     if (any(bad)) return Outcome::dead;
+    if (!any(several)) return rules.refuse(boards) ? Outcome::dead : Outcome::complete;
 
     // A triad that must hold a digit and has one cell for it: the cell takes it and nothing else.
     std::array<Bands, 9> only;
@@ -161,8 +162,7 @@ Outcome settle(Boards& boards, const Rules& rules) {
       changed |= boards.of[d] ^ before;
     }
     if (any(changed)) continue;
-    if (rules.refuse(boards)) return Outcome::dead;
-    return any(several) ? Outcome::open : Outcome::complete;
+    return rules.refuse(boards) ? Outcome::dead : Outcome::open;
   }
 }
 
