@@ -1,6 +1,6 @@
 // How long the counter takes on each puzzle of a file: whole calls, one thread, the best of some runs.
 //
-//   build/bench/bench/count_bench FILE... [--count] [--runs N]
+//   build/dev/bench/count FILE... [--count] [--runs N]
 //
 // A puzzle is the first 81 characters of a line, "." or 0 for an empty cell. Without --count the counter
 // stops at the second solution, as when a puzzle is opened or made; with it, it goes on as under the count
