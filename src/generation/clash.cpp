@@ -65,26 +65,29 @@ bool ClashRules::refuse(const Boards& boards) const {
 ///
 /// Without this a search would walk for ever: where digits are to spare, that there are too few of them for
 /// the holes is seen by no cell and no digit alone.
-bool ClashRules::tighten(Boards& boards) {
+Tightened ClashRules::tighten(Boards& boards) {
+  const auto known = must_;
   must_.fill(0);
   for (std::size_t d = 0; d < 9; ++d) {
     can_[d] = 0;
     for (std::size_t house = 0; house < 27; ++house)
       can_[d] |= static_cast<std::uint32_t>(any(boards.of[d] & houses[house])) << house;
   }
+  const auto could = can_;
   for (bool changed = true; changed;) {
     const auto can = can_, must = must_;
-    if (!settlehouses()) return false;
+    if (!settlehouses()) return Tightened::dead;
     for (std::size_t d = 0; d < 9; ++d)
-      if (!settledigit(d) || !settlelast(d)) return false;
+      if (!settledigit(d) || !settlelast(d)) return Tightened::dead;
     changed = can != can_ || must != must_;
   }
+  if (could == can_ && known == must_) return Tightened::same;
   for (std::size_t d = 0; d < 9; ++d)
     for (std::size_t house = 0; house < 27; ++house)
       if (!(can_[d] >> house & 1)) boards.of[d] &= ~houses[house];
   tellneeds(lying_, rowhouse);
   tellneeds(standing_, columnhouse);
-  return true;
+  return Tightened::more;
 }
 
 bool ClashRules::settlehouses() {

@@ -35,7 +35,7 @@ class ClashRules {
     return empty_ & empty_ >> T::step & empty_ >> 2 * T::step & eachband(T::places);
   }
   bool refuse(const Boards& boards) const;
-  bool tighten(Boards& boards);
+  Tightened tighten(Boards& boards);
 
  private:
   /// In the slots of triads, as the deduction wants them.

@@ -151,7 +151,9 @@ class Search {
         case Outcome::open:
           break;
       }
-      if (!rules.tighten(boards)) return true;
+      const Tightened tightened = rules.tighten(boards);
+      if (tightened == Tightened::dead) return true;
+      if (tightened == Tightened::more) continue;
       const Guess guess = bestguess(boards);
       Boards branch = boards;
       branch.place(guess.cell, guess.digit);

@@ -19,6 +19,9 @@ struct Boards {
   }
 };
 
+/// `more`: there is more to deduce than before. `dead`: the board can't be completed.
+enum class Tightened { same, more, dead };
+
 /// What holds on every board whose digits don't clash; the boards hold the givens too, as decided cells. A
 /// board with a clash has rules of its own with the same members (clash.h).
 struct CleanRules {
@@ -40,8 +43,8 @@ struct CleanRules {
   }
   /// Whether something else forbids the board.
   GRADINO_STEP static bool refuse(const Boards&) { return false; }
-  /// Adapts rules and board to each other before a guess. False: the board can't be completed.
-  GRADINO_STEP static bool tighten(Boards&) { return true; }
+  /// Adapts rules and board to each other before a guess.
+  GRADINO_STEP static Tightened tighten(Boards&) { return Tightened::same; }
 };
 
 /// What is known of the triads of one kind, by packs of three digits.

@@ -290,7 +290,7 @@ void empty(std::string& board, std::size_t n, std::size_t from, Engine& random) 
 /// time.
 std::string randomboard(Engine& random) {
   std::string board = shuffled(fullboard, random);
-  switch (below(random, 9)) {
+  switch (below(random, 10)) {
     case 0:  // near the end, everything given but a few
       empty(board, 1 + below(random, 30), 0, random);
       break;
@@ -320,6 +320,15 @@ std::string randomboard(Engine& random) {
       if (below(random, 2)) board[below(random, 80)] = static_cast<char>('1' + below(random, 9));
       board[80] = '.';
       break;
+    case 8: {  // r9c9 may be left with a second digit, as some or all that it sees are others
+      const char second = static_cast<char>('1' + below(random, 9));
+      for (std::size_t cell = 0; cell < 80; ++cell)
+        if (board[cell] == second && (cell / 9 == 8 || cell % 9 == 8 || (cell / 27 == 2 && cell % 9 >= 6)))
+          board[cell] = below(random, 4) ? static_cast<char>('1' + below(random, 9)) : '.';
+      empty(board, below(random, 15), 0, random);
+      board[80] = '.';
+      break;
+    }
     default:  // wild
       board.assign(81, '.');
       for (std::size_t k = below(random, 60); k > 0; --k)
