@@ -257,22 +257,23 @@ void eachjsonrow(const std::string& path, const std::function<void(const Library
 }
 
 bool import(const LibraryOptions& options) {
-  Store store(storefile(options));
-  int rows = 0, nopuzzle = 0;
+  std::vector<LibraryRow> rows;  // all of them before a store is opened: a bad file leaves none behind
   Progress progress("read");
   const auto take = [&](const LibraryRow& row) {
-    store.insert(row);
-    rows += 1;
-    nopuzzle += !ispuzzle(row[field::stringa]);
+    rows.push_back(row);
     progress.step();
   };
+  if (isjetfile(options.input))
+    readjet(options.input, take);
+  else
+    eachjsonrow(options.input, take);
+  Store store(storefile(options));
   store.together([&] {
-    if (isjetfile(options.input))
-      readjet(options.input, take);
-    else
-      eachjsonrow(options.input, take);
+    for (const LibraryRow& row : rows) store.insert(row);
   });
-  fmt::print("{} rows brought over, {} of them without a puzzle\n", rows, nopuzzle);
+  const auto nopuzzle = std::count_if(rows.begin(), rows.end(),
+                                      [](const LibraryRow& row) { return !ispuzzle(row[field::stringa]); });
+  fmt::print("{} rows brought over, {} of them without a puzzle\n", rows.size(), nopuzzle);
   return true;
 }
 
@@ -289,6 +290,9 @@ bool fill(const LibraryOptions& options) {
   Progress progress("stored", static_cast<std::size_t>(options.count));
   const auto store = Data1.addnew;
   Data1.addnew = [&, begun = false]() mutable {
+    // What a window's boxes begin with, or another record has left in them, is none of these puzzles'.
+    if (!options.supersymmetric) frmmain::txtsuper.text.clear();
+    frmmain::tempo.text.clear();
     store();
     if (begun) {
       stored += 1;

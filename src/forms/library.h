@@ -34,6 +34,7 @@ struct Cursor {
   std::function<void()> update = [] {};  ///< writes the bound boxes into it
   /// Stores the new record that the boxes show, if one was begun, and begins the next.
   std::function<void()> addnew = [] {};
+  std::function<void()> cancelnew = [] {};  ///< forgets the new record, if one was begun
 };
 inline Cursor Data1;
 

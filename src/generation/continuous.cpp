@@ -72,7 +72,16 @@ void showlibrarywindows() {
   frmgeneratore::visible = frmactivity::visible = true;
 }
 
+/// The record that is open at the end of a run, however it ends, is not stored.
+struct LastRecord {
+  LastRecord() = default;
+  ~LastRecord() { Data1.cancelnew(); }
+  LastRecord(const LastRecord&) = delete;
+  LastRecord& operator=(const LastRecord&) = delete;
+};
+
 void run() {
+  const LastRecord forgotten;
   const double runstart = host.clock();
   std::optional<double> puzzleend;  // of the last accepted puzzle: a row of refused ones doesn't end the run
   Data1.need();
@@ -112,9 +121,20 @@ void frmmain::genera_e_conta() {
   comandocorrente = generatecommand;
   showlibrarywindows();
   const Unattended nobodywaits;
-  run();
-  loadgivens();  // the grader has used the board up: the last puzzle stands on it, ready to be solved
-  rebuildwhole();
+  // The grader uses the board up: the last puzzle stands on it, ready to be solved.
+  const auto settle = [] {
+    loadgivens();
+    rebuildwhole();
+  };
+  try {
+    run();
+  } catch (const BoardLost&) {
+    throw;
+  } catch (...) {
+    settle();
+    throw;
+  }
+  settle();
 }
 
 }  // namespace gradino

@@ -95,6 +95,7 @@ bool windowsturn() {
   const auto masks = candmask;
   letevents();
   suppresschange = true;
+  comandocorrente = generatecommand;  // the key conta would have cleared it
   const bool untouched = std::equal(values.begin(), values.end(), cellvalue.begin()) &&
                          std::equal(masks.begin(), masks.end(), candmask.begin());
   if (!untouched) generationfailed = true;

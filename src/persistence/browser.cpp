@@ -12,6 +12,7 @@
 #include "grid.h"
 #include "host.h"
 #include "library.h"
+#include "light.h"
 #include "replay.h"
 #include "tables.h"
 
@@ -183,7 +184,7 @@ void frmlivello::Command3_Click() {
 }
 
 void frmlivello::Command4_Click() {
-  if (selected() != totale) select(totale);
+  if (numeroselezionato.text != std::to_string(totale)) select(totale);
 }
 
 void frmlivello::Command5_Click() {
@@ -193,6 +194,7 @@ void frmlivello::Command5_Click() {
 void frmmain::mostralibreria() {
   for (Byte& count : levelcount) count = 0;
   if (!frmlivello::visible) load();
+  frmlivello::raised = true;
   Data1.need();
 }
 
@@ -217,7 +219,10 @@ void frmmain::libreria() {
   if (numerosoluzioni >= 2) return host.message(several);
   try {
     SolveSudoku();
-  } catch (const Fault&) {  // a full table: the grade is lost, but not the board
+  } catch (const BoardLost&) {
+    bkglabel.visible = false;
+    throw;
+  } catch (...) {  // a full table, a store that can't be written: the grade is lost, but not the board
     settleboard();
     updatetext2();
     throw;
@@ -229,7 +234,7 @@ void frmmain::libreria() {
 
 void freshbrowser() {
   caption.clear();
-  visible = false;
+  visible = raised = false;
   for (Control& option : Option1) option = {};
   for (Box* box : {&livelloscelto, &numerototale, &numeroselezionato, &dettagliotxt, &difftxt, &id, &Label12,
                    &Label13, &Label15, &Label14, &Label20, &frmlivello::Label1})

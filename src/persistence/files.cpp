@@ -12,6 +12,7 @@
 #include "grid.h"
 #include "host.h"
 #include "library.h"
+#include "light.h"
 #include "menu.h"
 #include "puzzlefile.h"
 #include "replay.h"
@@ -173,7 +174,10 @@ void gradeboard() {
   mnupencil_Click();
   try {
     SolveSudoku();
-  } catch (const Fault&) {  // a full table: the grade is lost, but not the board
+  } catch (const BoardLost&) {
+    frmmain::bkglabel.visible = false;
+    throw;
+  } catch (...) {  // a full table, a library that can't be written: the grade is lost, but not the board
     settleboard();
     plainempty();
     updatetext2();

@@ -33,7 +33,7 @@ fs::path file;
 std::unique_ptr<Store> store;
 std::string query = wholetable;
 std::optional<Store::Record> current;  ///< what the boxes show
-bool building = false;                 ///< the boxes show a new record
+bool building = false;                 ///< a new record is being built; who browses meanwhile doesn't end it
 std::string notice;                    ///< to be told when the library is first needed
 
 /// The box of a field. liv(0) is bound to f1 as liv(1) is: it shows the field, and nobody writes it.
@@ -66,13 +66,13 @@ fs::path keptname() {
   }
 }
 
-/// The new store is whole before the old file gives way to it.
+/// The new store is whole, and the old file safe under its new name, before one takes the other's place.
 void replaceold() {
   const fs::path made = file.string() + ".new", kept = keptname();
   std::error_code error;
   fs::remove(made, error);  // left by a program that was killed here
   const BroughtOver done = bringover(file, made);
-  fs::rename(file, kept);
+  fs::copy_file(file, kept);
   fs::rename(made, file);
   notice = say(broughtover, hole("rows", done.rows), hole("bad", done.nopuzzle), hole("file", kept.string()));
 }
@@ -94,7 +94,6 @@ Store& library() {
 
 void moveto(int place) {
   current = library().at(query, place);
-  building = false;
   if (!current) throw LibraryFailure(std::string(inlanguage(norecord)));
   show(current->row);
 }
@@ -161,7 +160,7 @@ void copywhole(const fs::path& from, const fs::path& to) {
 
 fs::path libraryplace(const fs::path& programfolder) {
   const fs::path beside = programfolder / filename;
-  if (writable(beside)) return beside;
+  if (writable(beside) && roomfor(beside)) return beside;  // a change needs room for files beside it
   const fs::path shared = programfolder.parent_path() / "share" / "gradino" / filename;
   std::error_code error;
   const bool besideshipped = fs::exists(beside, error), sharedshipped = fs::exists(shared, error);
@@ -178,7 +177,6 @@ void openlibrary(const fs::path& path) {
   file = path;
   Data1.query = [](const std::string& sql) {
     query = sql;
-    building = false;
     current = library().at(query, 0);
     if (current) show(current->row);
   };
@@ -191,6 +189,7 @@ void openlibrary(const fs::path& path) {
   Data1.edit = [] { building = false; };
   Data1.update = update;
   Data1.addnew = addnew;
+  Data1.cancelnew = [] { building = false; };
   Data1.need = need;
   try {
     Data1.query(wholetable);

@@ -214,6 +214,7 @@ void Store::insert(const LibraryRow& row) {
     if (!insert)
       insert.emplace(connection_->database, fmt::format("INSERT INTO schema ({}) VALUES ({})",
                                                         fmt::join(libraryfields, ", "), holes()));
+    insert->tryReset();  // it may have failed the last time
     bindrow(*insert, row);
     insert->exec();
     insert->reset();

@@ -8,6 +8,7 @@
 #include "host.h"
 #include "intersections.h"
 #include "levelreport.h"
+#include "light.h"
 #include "log.h"
 #include "loops.h"
 #include "nishio.h"
@@ -86,7 +87,7 @@ void SolveSudoku() {
   boardfinished = false;
   rebuildpositions();
   for (;;) {
-    host.runevents();
+    letevents();
     foundflag = false;
     if (const SingleRung* rung = placesingle()) {
       // The last empty cell of a board is always the last digit of a house: the end is looked for only there.

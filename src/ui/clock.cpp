@@ -1,6 +1,7 @@
 #include "clock.h"
 
 #include <cmath>
+#include <cstdlib>
 
 #include <fmt/format.h>
 
@@ -30,7 +31,7 @@ void picstart_Click() {
   } else {
     frmmain::picstartlamp = Lamp::rosso;
     // A plain reading of the box: after a pause at "1m 5s" the clock resumes from 1.
-    timerbase = leadingnumber(frmmain::tempotot.text);
+    timerbase = static_cast<double>(std::strtol(frmmain::tempotot.text.c_str(), nullptr, 10));
     frmmain::picstart.tip = "pause timer ";
     timer2on = true;
   }

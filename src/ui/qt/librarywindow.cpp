@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QMouseEvent>
 #include <functional>
+#include <utility>
 
 #include "browser.h"
 #include "events.h"
@@ -75,7 +76,7 @@ int inpixels(int units) {
 
 }  // namespace
 
-LibraryWindow::LibraryWindow() {
+LibraryWindow::LibraryWindow(QWidget* parent) : QWidget(parent, Qt::Window) {
   setObjectName("frmlivello");
   setFixedSize(windowsize);
   addlevels();
@@ -159,6 +160,10 @@ void LibraryWindow::mirror() {
     placebeside(*this, {frmmain::left + frmmain::width, frmmain::top}, windowsize);
   if (frmlivello::visible != isVisible()) setVisible(frmlivello::visible);
   if (!frmlivello::visible) return;
+  if (std::exchange(raised, false)) {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+  }
   setWindowTitle(QString::fromStdString(caption));
   for (int n = 0; n <= 22; ++n) {
     QRadioButton* option = options_[static_cast<std::size_t>(n)];

@@ -17,7 +17,8 @@ namespace gradino {
 /// frmlivello.
 class LibraryWindow : public QWidget {
  public:
-  LibraryWindow();
+  /// Stays over its parent.
+  explicit LibraryWindow(QWidget* parent);
   void mirror();
 
  protected:

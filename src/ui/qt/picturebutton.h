@@ -27,6 +27,7 @@ class PictureButton : public QAbstractButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void nextCheckState() override {}  // pressed in only by the program, never by the click itself
 
  private:
   void paintkey(QPainter& painter);

@@ -21,10 +21,11 @@ constexpr Words unreachable = {"La stampante \"{name}\" non risponde. Lo schema 
 
 void printclient(QWidget& client, QPrinter& printer) {
   QPainter painter;
-  if (!painter.begin(&printer))
-    throw std::runtime_error(say(unreachable, hole("name", printer.printerName().toStdString())));
+  const bool begun = painter.begin(&printer);
   // Drawn anew rather than as a grabbed picture: letters stay sharp however finely the printer prints.
-  client.render(&painter);
+  if (begun) client.render(&painter);
+  if (!begun || !painter.end() || printer.printerState() == QPrinter::Error)
+    throw std::runtime_error(say(unreachable, hole("name", printer.printerName().toStdString())));
 }
 
 void printwindow(QWidget& client) {

@@ -1,6 +1,7 @@
 #include "smallwindows.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QScreen>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -62,7 +63,8 @@ void settitle(QWidget& window, QPlainTextEdit& text, const std::string& caption)
 }  // namespace
 
 void placebeside(QWidget& window, const QPoint& wanted, const QSize& content) {
-  const QRect room = window.screen()->availableGeometry();
+  const QScreen* screen = QGuiApplication::screenAt({frmmain::left + frmmain::width / 2, frmmain::top});
+  const QRect room = (screen != nullptr ? screen : window.screen())->availableGeometry();
   const QSize size = window.frameGeometry().size().expandedTo(content + unseenframe);
   const int rightmost = room.right() + 1 - size.width();
   const int lowest = room.bottom() + 1 - size.height();
