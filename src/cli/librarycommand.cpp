@@ -284,8 +284,6 @@ bool fill(const LibraryOptions& options) {
   host.random = seededrandom(options.seed);
   openlibrary(storefile(options));
   frmmain::Check1.ticked = options.supersymmetric;
-  frmmain::txtsuper.text = frmmain::tempo.text =
-      "";  // the names that a window's boxes begin with are no values
   int stored = 0;
   Progress progress("stored", static_cast<std::size_t>(options.count));
   const auto store = Data1.addnew;

@@ -47,6 +47,7 @@ ClashRules::ClashRules(const Digits& board) {
   }
   const Seen last = housesof(lastcell);
   const Bands itself = onecell(lastcell);
+  lasthouses_ = 1u << last.row | 1u << last.column | 1u << last.block;
   seenbylast_ = empty_ & (houses[last.row] | houses[last.column] | houses[last.block]) & ~itself;
   for (std::size_t d = 0; d < 9; ++d) lastdigits_[d] = any(start_.of[d] & itself);
 }
@@ -57,6 +58,14 @@ bool ClashRules::refuse(const Boards& boards) const {
   int open = 0;
   for (std::size_t d = 0; d < 9; ++d) open += lastdigits_[d] && !any(boards.of[d] & seenbylast_);
   return open > 1;
+}
+
+/// Where all houses of r9c9 have digits to spare, whether it is left with one digit is found out there and
+/// nowhere else.
+Bands ClashRules::first() const {
+  for (std::size_t d = 0; d < 9; ++d)
+    if (lastdigits_[d] && !(must_[d] & lasthouses_)) return seenbylast_ | onecell(lastcell);
+  return Bands{};
 }
 
 /// A house with as many holes as digits that it can still take must take them all. A digit goes into as many
@@ -122,24 +131,23 @@ bool ClashRules::settledigit(std::size_t digit) {
 /// it is seen, or r9c9 could take it as well. Where leaving it out of one house leaves it out of the others
 /// too, as it does when all three have one digit to spare, it must stand in that house.
 bool ClashRules::settlelast(std::size_t digit) {
-  const Seen last = housesof(lastcell);
-  const std::uint32_t own = 1u << last.row | 1u << last.column | 1u << last.block;
-  if (!lastdigits_[digit] || (must_[digit] & own)) return true;
+  if (!lastdigits_[digit] || (must_[digit] & lasthouses_)) return true;
   const auto can = can_[digit], must = must_[digit];
   std::uint32_t needed = 0;
-  for (std::size_t house : {last.row, last.column, last.block}) {
-    can_[digit] &= ~(1u << house);
+  for (std::uint32_t rest = lasthouses_; rest != 0; rest &= rest - 1) {
+    const std::uint32_t house = rest & -rest;
+    can_[digit] &= ~house;
     bool possible = true;
     for (std::uint32_t before = 0; possible && before != can_[digit];) {
       before = can_[digit];
       possible = settledigit(digit);
     }
-    if (!possible || !(can_[digit] & own)) needed |= 1u << house;
+    if (!possible || !(can_[digit] & lasthouses_)) needed |= house;
     can_[digit] = can;
     must_[digit] = must;
   }
   must_[digit] |= needed;
-  return (can & own) != 0 && (needed & ~can) == 0;
+  return (can & lasthouses_) != 0 && (needed & ~can) == 0;
 }
 
 /// Sets of houses that cover the same cells: the whole board, a band, a stack.

@@ -35,6 +35,7 @@ class ClashRules {
     return empty_ & empty_ >> T::step & empty_ >> 2 * T::step & eachband(T::places);
   }
   bool refuse(const Boards& boards) const;
+  Bands first() const;
   Tightened tighten(Boards& boards);
 
  private:
@@ -58,6 +59,7 @@ class ClashRules {
   std::array<int, 27> holes_{};  ///< the empty cells of each house: rows, columns, blocks
   Needs<Lying> lying_;
   Needs<Standing> standing_;
+  std::uint32_t lasthouses_ = 0;      ///< those of r9c9, a bit each
   std::array<bool, 9> lastdigits_{};  ///< what r9c9 takes at the start, if it is empty
   Bands seenbylast_{};                ///< the empty cells that it sees
 

@@ -68,9 +68,14 @@ struct Many {
 };
 
 /// A cell where a guess settles most: of two digits if there is one, best where rows, columns and blocks hold
-/// more such cells, which then follow.
-Guess bestguess(const Boards& boards) {
-  const Many many(boards);
+/// more such cells, which then follow. Within `first` if a cell is open there.
+Guess bestguess(const Boards& boards, Bands first) {
+  Many many(boards);
+  if (any(many.two & first)) {
+    many.two &= first;
+    many.three &= first;
+    many.four &= first;
+  }
   const Bands pairs = many.two & ~many.three;
   if (!any(pairs)) {
     const Bands triples = many.three & ~many.four;
@@ -154,7 +159,7 @@ class Search {
       const Tightened tightened = rules.tighten(boards);
       if (tightened == Tightened::dead) return true;
       if (tightened == Tightened::more) continue;
-      const Guess guess = bestguess(boards);
+      const Guess guess = bestguess(boards, rules.first());
       Boards branch = boards;
       branch.place(guess.cell, guess.digit);
       if (!anyorder(branch, rules, most)) return false;

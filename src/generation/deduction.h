@@ -43,6 +43,8 @@ struct CleanRules {
   }
   /// Whether something else forbids the board.
   GRADINO_STEP static bool refuse(const Boards&) { return false; }
+  /// The cells to guess in before all others, none for any.
+  GRADINO_STEP static Bands first() { return Bands{}; }
   /// Adapts rules and board to each other before a guess.
   GRADINO_STEP static Tightened tighten(Boards&) { return Tightened::same; }
 };

@@ -507,6 +507,9 @@ TEST_F(Counter, IsQuickWhereASearchWouldWander) {
   // a digit doubled in all three houses of r9c9, which so has two digits left in whatever else is filled in
   count("..4...7.........5...6..91......9...4..........95..2......8.7...6.......4....4.43.", "conta");
   EXPECT_EQ(numerosoluzioni, 0);
+  // two and three digits to spare there
+  count(".....4...8.......2.......4..................2..46......9..4.27..8...2.52.2.1..22.", "conta");
+  EXPECT_EQ(numerosoluzioni, 0);
   // clashes with many completions
   count("..1........4...2........5.1..6.6..5...89..1.....4.4...........7..915.35..4...19.1", "conta");
   EXPECT_EQ(numerosoluzioni, 501);

@@ -576,6 +576,41 @@ TEST_F(Library, TheGradeOfAnotherPuzzleIsNotWrittenIntoTheRecord) {
   EXPECT_EQ(rowsof(library()), before);
 }
 
+TEST_F(Library, WhoBrowsesDuringTheRunLosesNoPuzzle) {
+  fivepuzzles();
+  host.random = seededrandom(3);
+  const auto listed = [] {
+    return std::count(frmgeneratore::Text1.text.begin(), frmgeneratore::Text1.text.end(), '\n') / 5;
+  };
+  bool inside = false;
+  player.onevents = [&] {
+    if (inside) return;
+    inside = true;
+    player.event([] { Option1_Click(1); });
+    if (listed() >= 9) player.now = 30000;
+    inside = false;
+  };
+  player.event(frmmain::genera_e_conta);
+  EXPECT_EQ(values(), giventexts()) << "the last puzzle stands on the board, ready to be solved";
+  const auto all = 6U + static_cast<std::size_t>(listed());
+  player.event(frmmain::genera_e_conta);  // begins with nothing left over
+  closelibrary();
+  const std::vector<LibraryRow> rows = rowsof(library());
+  ASSERT_GE(rows.size(), all);
+  EXPECT_EQ(rows.size(), 6U + static_cast<std::size_t>(listed()));
+  for (const LibraryRow& row : rows) EXPECT_TRUE(ispuzzle(row[field::stringa])) << row[field::stringa];
+}
+
+TEST_F(Library, AGradeThatCannotBeWrittenBackLeavesThePuzzleOnTheBoard) {
+  fivepuzzles();
+  browse(1);
+  Data1.update = [] { throw LibraryFailure("no room"); };
+  player.event(Command1_Click);
+  EXPECT_EQ(player.boxes, std::vector<std::string>{"no room"});
+  EXPECT_EQ(values(), easy);
+  EXPECT_EQ(filledcount, 37);
+}
+
 TEST_F(Library, TheContinuousRunFillsIt) {
   fivepuzzles();
   browse(1);  // whatever level was browsed last
