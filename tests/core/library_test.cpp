@@ -587,7 +587,7 @@ TEST_F(Library, WhoBrowsesDuringTheRunLosesNoPuzzle) {
     if (inside) return;
     inside = true;
     player.event([] { Option1_Click(1); });
-    if (listed() >= 9) player.now = 30000;
+    if (listed() >= 9) player.now += 30000;
     inside = false;
   };
   player.event(frmmain::genera_e_conta);
