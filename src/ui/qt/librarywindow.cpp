@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QMouseEvent>
+#include <QWindow>
 #include <functional>
 #include <utility>
 
@@ -76,7 +77,7 @@ int inpixels(int units) {
 
 }  // namespace
 
-LibraryWindow::LibraryWindow(QWidget* parent) : QWidget(parent, Qt::Window) {
+LibraryWindow::LibraryWindow(const QWidget& mainwindow) : mainwindow_(mainwindow) {
   setObjectName("frmlivello");
   setFixedSize(windowsize);
   addlevels();
@@ -155,9 +156,14 @@ void LibraryWindow::addbuttons() {
   }
 }
 
+void LibraryWindow::showover() {
+  placebeside(*this, {frmmain::left + frmmain::width, frmmain::top}, windowsize);
+  winId();  // from here on there is a window that can stay over another
+  windowHandle()->setTransientParent(mainwindow_.windowHandle());
+}
+
 void LibraryWindow::mirror() {
-  if (frmlivello::visible && !isVisible())
-    placebeside(*this, {frmmain::left + frmmain::width, frmmain::top}, windowsize);
+  if (frmlivello::visible && !isVisible()) showover();
   if (frmlivello::visible != isVisible()) setVisible(frmlivello::visible);
   if (!frmlivello::visible) return;
   if (std::exchange(raised, false)) {

@@ -17,14 +17,15 @@ namespace gradino {
 /// frmlivello.
 class LibraryWindow : public QWidget {
  public:
-  /// Stays over its parent.
-  explicit LibraryWindow(QWidget* parent);
+  /// Stays over the main window.
+  explicit LibraryWindow(const QWidget& mainwindow);
   void mirror();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void showover();
   void addlevels();
   void addpreview();
   void addtexts();
@@ -49,6 +50,7 @@ class LibraryWindow : public QWidget {
   std::vector<Text> texts_;
   std::vector<Label> labels_;
   std::vector<Button> buttons_;
+  const QWidget& mainwindow_;
 };
 
 }  // namespace gradino

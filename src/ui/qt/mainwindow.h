@@ -34,7 +34,7 @@ class MainWindow : public QMainWindow {
   LogWindow log_;
   ActivityWindow activity_;
   GeneratorWindow generator_;
-  LibraryWindow library_{this};
+  LibraryWindow library_{*this};
   QTimer timer2_;
 };
 
