@@ -22,6 +22,7 @@
 #include "intersections.h"
 #include "log.h"
 #include "puzzlefile.h"
+#include "puzzles.h"
 #include "startup.h"
 #include "subsets.h"
 #include "tables.h"
@@ -32,11 +33,7 @@ namespace {
 using namespace gradino;
 
 std::vector<std::string> corpus() {
-  std::ifstream file(CORPUS);
-  std::vector<std::string> puzzles;
-  for (std::string line; std::getline(file, line);)
-    if (line.size() >= 81) puzzles.push_back(line.substr(0, 81));
-  return puzzles;
+  return bench::puzzlesof(CORPUS);
 }
 
 void putup(const std::string& puzzle) {

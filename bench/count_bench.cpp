@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <fstream>
 #include <map>
 #include <string>
 #include <vector>
@@ -19,6 +18,7 @@
 #include "counter.h"
 #include "gradestate.h"
 #include "host.h"
+#include "puzzles.h"
 #include "startup.h"
 #include "step.h"
 #include "tables.h"
@@ -27,14 +27,6 @@ namespace {
 
 using namespace gradino;
 using Clock = std::chrono::steady_clock;
-
-std::vector<std::string> puzzlesof(const std::string& name) {
-  std::ifstream file(name);
-  std::vector<std::string> puzzles;
-  for (std::string line; std::getline(file, line);)
-    if (line.size() >= 81) puzzles.push_back(line.substr(0, 81));
-  return puzzles;
-}
 
 /// Microseconds of one call.
 double timed(const std::string& puzzle, const char* command) {
@@ -84,7 +76,7 @@ int main(int argc, char** argv) {
   host = {};
   startprogram();
   for (const std::string& name : names) {
-    const auto puzzles = puzzlesof(name);
+    const auto puzzles = bench::puzzlesof(name);
     if (puzzles.empty()) {
       fmt::print(stderr, "{}: no puzzles\n", name);
       return 1;
