@@ -16,6 +16,11 @@ inline constexpr auto bitcounts = [] {
   return counts;
 }();
 
+/// True for a set of one: likewise without counting.
+constexpr bool issingle(unsigned bits) {
+  return bits != 0 && (bits & (bits - 1)) == 0;
+}
+
 /// Positions 0 to 8 in ascending order, as in "036": its length and its characters are all that a finder asks
 /// for. Held as nine bits, so it is ascending by nature and cheap to compare.
 struct Positions {
@@ -23,6 +28,7 @@ struct Positions {
 
   constexpr int length() const { return bitcounts[bits]; }
   constexpr bool empty() const { return bits == 0; }
+  constexpr bool single() const { return issingle(bits); }
   constexpr bool contains(int position) const { return (bits >> position & 1) != 0; }
   constexpr void add(int position) { bits = static_cast<std::uint16_t>(bits | 1 << position); }
 

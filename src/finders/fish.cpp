@@ -361,7 +361,7 @@ void arguecorners(Lesson& lesson) {
   pencilmark(corner[2], shown.digit).back = cyan;
   lesson.line(inlanguage(ourcase));
   for (std::size_t k = 0; k < 2; ++k) {
-    const Hole<int> line = hole("line", shown.lines[k] + 1), digit = hole("digit", shown.digit);
+    const Hole line = hole("line", shown.lines[k] + 1), digit = hole("digit", shown.digit);
     lesson.line(say(shown.of(onlyin), line, digit, hole("first", cellname(corner[2 * k])),
                     hole("second", cellname(corner[2 * k + 1]))));
     lesson.line(say(shown.of(blueorgreen), line, digit));

@@ -204,7 +204,7 @@ std::string tell(const Words& words, const Intersection& find) {
 }
 
 std::string named(std::string_view words, int cell) {
-  return fmt::format(fmt::runtime(words), fmt::arg("cell", cellname(cell)));
+  return filled(words, {hole("cell", cellname(cell))});
 }
 
 void paintholder(const Intersection& find, Colour colour) {

@@ -9,6 +9,8 @@
 // columns; that is this program's own scale.
 #include "singles.h"
 
+#include <bit>
+
 #include "boxes.h"
 #include "gradestate.h"
 #include "grid.h"
@@ -122,9 +124,8 @@ namespace {
 
 /// The only digit of a mask, or 0.
 int onlydigitof(std::int32_t mask) {
-  for (int digit = 9; digit >= 1; --digit)
-    if (mask == bitvalue(digit)) return digit;
-  return 0;
+  const auto bits = static_cast<unsigned>(mask);
+  return issingle(bits) && (bits & fullmask) ? std::countr_zero(bits) : 0;
 }
 
 /// The house with eight digits placed: its open cell, the first that still has candidates.
@@ -145,7 +146,7 @@ template <int HI>
 std::string onlyplace(Grid<Positions, HI, HI>& positions) {
   for (int house = 0; house < 9; ++house)
     for (int digit = 1; digit <= 9; ++digit)
-      if (const Positions open = positions(digit, house); open.length() == 1)
+      if (const Positions open = positions(digit, house); open.single())
         return std::to_string(digit) + std::to_string(house) + std::to_string(open.first());
   return {};
 }
@@ -190,8 +191,13 @@ int figure(const std::string& result, std::size_t place) {
   return result.at(place) - '0';
 }
 
+/// From a place to the end.
+int number(const std::string& result, std::size_t place) {
+  return leadingnumber(std::string_view(result).substr(place));
+}
+
 Single readlast(const std::string& r) {
-  const int cell = std::stoi(r.substr(2));
+  const int cell = number(r, 2);
   const int house = r.at(0) == 'b' ? cellblock(cell) : r.at(0) == 'r' ? cellrow(cell) : cellcol(cell);
   return {r.at(0), house - 1, figure(r, 1), cell};
 }
@@ -205,7 +211,7 @@ Single readcolumn(const std::string& r) {
   return {'c', figure(r, 1), figure(r, 0), figure(r, 2) * 9 + figure(r, 1)};
 }
 Single readcell(const std::string& r) {
-  return {' ', 0, figure(r, 0), std::stoi(r.substr(1))};
+  return {' ', 0, figure(r, 0), number(r, 1)};
 }
 
 /// What the hint and the log say of it: the words of the rung, or for the last digit of a house those of the

@@ -9,10 +9,10 @@
 #pragma once
 
 #include <concepts>
+#include <initializer_list>
 #include <string>
 #include <string_view>
-
-#include <fmt/format.h>
+#include <variant>
 
 #include "checked.h"
 
@@ -28,15 +28,14 @@ struct Words {
 };
 
 /// A named hole of a sentence and what fills it: a number or a text.
-template <class T>
 struct Hole {
-  const char* name;
-  T value;
+  std::string_view name;
+  std::variant<long long, std::string_view> value;
 };
-inline Hole<int> hole(const char* name, std::convertible_to<int> auto const& number) {
-  return {name, number};
+inline Hole hole(std::string_view name, std::convertible_to<long long> auto const& number) {
+  return {name, static_cast<long long>(number)};
 }
-inline Hole<std::string_view> hole(const char* name, std::string_view text) {
+inline Hole hole(std::string_view name, std::string_view text) {
   return {name, text};
 }
 
@@ -45,10 +44,12 @@ inline std::string_view inlanguage(const Words& words) {
   return lingua == italian ? words.it : words.en;
 }
 
+/// A sentence with its holes filled. A hole that nobody fills is a slip of its writer: std::logic_error.
+std::string filled(std::string_view sentence, std::initializer_list<Hole> holes);
+
 /// The sentence in the language in force, its holes filled.
-template <class... T>
-std::string say(const Words& words, const Hole<T>&... holes) {
-  return fmt::format(fmt::runtime(inlanguage(words)), fmt::arg(holes.name, holes.value)...);
+std::string say(const Words& words, std::same_as<Hole> auto const&... holes) {
+  return filled(inlanguage(words), {holes...});
 }
 
 /// What a fault was, for the user.

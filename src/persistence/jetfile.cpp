@@ -54,8 +54,7 @@ constexpr Words nofield = {R"(Nella vecchia libreria "{file}" manca il campo "{f
 constexpr std::size_t valuesize = 1 << 16;  // what a value can take, its end included
 constexpr int patience = 5'000;             // milliseconds without a sign of life
 
-template <class... T>
-[[noreturn]] void fail(const Words& words, const std::string& path, const Hole<T>&... holes) {
+[[noreturn]] void fail(const Words& words, const std::string& path, std::same_as<Hole> auto const&... holes) {
   throw LibraryFailure(say(words, hole("file", path), holes...));
 }
 

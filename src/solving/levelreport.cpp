@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include <fmt/format.h>
+
 #include "boxes.h"
 #include "gradestate.h"
 #include "library.h"
