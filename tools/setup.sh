@@ -5,6 +5,7 @@
 #   tools/setup.sh GROUP...      build  to compile and start the program
 #                                test   besides, to build and run the tests and checks
 #                                screen besides, to let a scripted user work on a virtual screen
+#                                package to make the Debian package
 #                                wayland, print, coverage
 set -euo pipefail
 
@@ -13,9 +14,10 @@ declare -A groups=(
            libsqlitecpp-dev libsqlite3-dev mdbtools-dev libpugixml-dev libcairo2-dev pkgconf
            fonts-liberation fonts-comic-neue"
   [test]="libgtest-dev libbenchmark-dev librapidcheck-dev xz-utils clang-format-14 shellcheck
-          poppler-utils"
+          poppler-utils desktop-file-utils appstream mandoc librsvg2-bin python3"
   [screen]="xvfb openbox xdotool imagemagick dbus-daemon at-spi2-core gir1.2-atspi-2.0
             python3-gi"
+  [package]="dpkg-dev librsvg2-bin lintian"
   [wayland]="qt6-wayland"
   [print]="cups-daemon cups-client poppler-utils"
   [coverage]="gcovr"

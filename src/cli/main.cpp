@@ -76,6 +76,7 @@ int main(int argc, char** argv) try {
   int jobs = 1;
   CLI::App app(
       "Grades, counts, walks and makes sudoku puzzles: one puzzle a line, 81 of the symbols 1-9 . 0 x X.");
+  app.set_version_flag("--version", "gradino-cli " GRADINO_VERSION);
   app.require_subcommand(1);
 
   const auto sub = [&](const char* name, const char* help) {
