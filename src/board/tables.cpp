@@ -135,10 +135,14 @@ void takeout(int cell, int digit) {
 }  // namespace
 
 void placequickly(int cell, int digit) {
+  placeuncounted(cell, digit);
+  filledcount += 1;
+}
+
+void placeuncounted(int cell, int digit) {
   const int row = cell / 9, col = cell % 9, block = row / 3 * 3 + col / 3;
   const std::int32_t bit = bitvalue(digit);
   cellvalue(cell) = digit;
-  filledcount += 1;
   for (auto rest = static_cast<unsigned>(candmask(cell)); rest; rest &= rest - 1)
     takeout(cell, std::countr_zero(rest));
   candmask(cell) = 0;

@@ -70,6 +70,9 @@ void placesilently(int cell, int digit);
 /// what the digit touches is brought up to date, the 20 cells that see it and the houses around them.
 void placequickly(int cell, int digit);
 
+/// The same without counting the cell as filled: for a trial.
+void placeuncounted(int cell, int digit);
+
 /// True when the digit was a candidate of the cell, and then it is one no more.
 bool deletecandidate(int cell, int digit);
 

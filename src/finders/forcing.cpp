@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <vector>
 
@@ -72,47 +73,93 @@ Byte forcinglength{"forcinglength"};  ///< index of the last step in the link ta
 
 /// The false nodes that left a single alone. Nine are enough: only a digit that the user typed over and over
 /// into one cell gives more, and then the chain is too long to be shown either way.
-struct Alone {
-  std::array<std::int16_t, 9> nodes{};
-  int count = 0;
+constexpr std::size_t mostalone = 9;
+
+/// What a cell's candidates are for the search. The user may have typed anything as pencil marks: where a
+/// cell doesn't read as a set of digits in ascending order, it is read as the text that it is.
+struct Marks {
+  unsigned set = 0;
+  bool plain = false;
+  bool two = false;  ///< two candidates, so each is the other's last
 };
 
-/// How a candidate was first reached: as what, by which node, and if a single put it there, by which false
-/// nodes. Of another run it counts as not reached.
-struct Reached {
-  int run = 0;
-  bool flag = false;
-  int node = 0;
-  Alone alone;
-};
-std::array<Reached, 820> reachedtable;  ///< cell * 10 + digit
-int run = 0;
+std::size_t at(int index) {
+  return static_cast<std::size_t>(index);
+}
 
+std::uint16_t place(int n) {
+  return static_cast<std::uint16_t>(1u << n);
+}
+
+/// The place of a cell in its block.
+int blockplace(int cell) {
+  return cell / 9 % 3 * 3 + cell % 3;
+}
+
+template <class T>
+using ByHouse = std::array<std::array<T, 9>, 3>;  ///< [row, column or block][house]
+
+/// The pencil marks of the board, read once for many suppositions.
+struct Reading {
+  Reading() {
+    for (int cell = 0; cell < cells; ++cell) {
+      Marks& here = marks[at(cell)];
+      const int count = candidatecount(cell);
+      here.two = count == 2;
+      here.plain = true;
+      for (int k = 0, last = 0; k < count; ++k) {
+        const int digit = candidateat(cell, k);
+        here.plain = here.plain && digit > last;
+        here.set |= 1u << digit;
+        last = digit;
+      }
+      if (here.two) addbivalue(cell);
+    }
+  }
+
+  std::array<Marks, cells> marks{};
+  ByHouse<unsigned> bivalues{};  ///< the places of the cells with two candidates
+
+ private:
+  void addbivalue(int cell) {
+    bivalues[0][at(cell / 9)] |= 1u << cell % 9;
+    bivalues[1][at(cell % 9)] |= 1u << cell / 9;
+    bivalues[2][at(houseof(HouseKind::block, cell))] |= 1u << blockplace(cell);
+  }
+};
+
+/// How a single came to be: the last candidate of its cell or the last place in a house.
+enum class By : std::uint8_t { other, cell, row, column, block };
+
+/// What follows from one supposition, breadth first. All that was said so far of each candidate is kept as
+/// bits, by cell and by house, so that "has it been reached" and "what is left open" are one look each; the
+/// nodes alone know the way.
 class Hypothesis {
  public:
-  Hypothesis(int digit, int cell) {
+  /// Chains of `enough` steps or more are of no use to the caller and may be passed over.
+  Hypothesis(const Reading& board, int digit, int cell, int enough) : board_(board) {
     chainsteps = nochain;
     forcinglength = nochain;
     clearqueue();
-    ++run;
-    reached(cell, digit) = {run, true, 0, {}};
+    says(cell, digit, true, By::other);
     addhypothesis(cell, digit, 2);  // "0,"
-    for (int node = 0; node < nodecount() && nodecount() <= walklimit; ++node)
+    // A contradiction behind a node takes its path, the contradicting step and at least the hypothesis again.
+    for (int node = 0; node < nodecount() && nodecount() <= walklimit && depth_[at(node)] + 3 < enough;
+         ++node)
       if (chainpath(node) < 3 * forcinglength && !expand(node)) return;
   }
 
  private:
-  static Reached& reached(int cell, int digit) {
-    return reachedtable[static_cast<std::size_t>(cell * 10 + digit)];
-  }
-  static bool isfalse(int cell, int digit) {
-    const Reached& first = reached(cell, digit);
-    return first.run == run && !first.flag;
-  }
-  static void addfalse(Alone& alone, int cell, int digit) {
-    if (alone.count == static_cast<int>(alone.nodes.size())) return;
-    alone.nodes[static_cast<std::size_t>(alone.count++)] =
-        static_cast<std::int16_t>(reached(cell, digit).node);
+  /// Notes what is said of a candidate for the first time, as the node that comes next.
+  void says(int cell, int digit, bool flag, By by) {
+    (flag ? true_ : false_)[at(cell)] |= place(digit);
+    node_[at(cell)][at(digit)] = static_cast<std::int16_t>(nodecount());
+    by_[at(cell)][at(digit)] = by;
+    if (flag) return;
+    ByHouse<std::uint16_t>& closed = closed_[at(digit)];
+    closed[0][at(cell / 9)] |= place(cell % 9);
+    closed[1][at(cell % 9)] |= place(cell / 9);
+    closed[2][at(houseof(HouseKind::block, cell))] |= place(blockplace(cell));
   }
 
   /// Makes all that follows from a node. False: the search is over.
@@ -123,6 +170,11 @@ class Hypothesis {
   }
 
   bool othersfalse(int cell, int digit, int node) {
+    if (board_.marks[at(cell)].plain) {
+      for (unsigned rest = board_.marks[at(cell)].set & ~(1u << digit); rest; rest &= rest - 1)
+        if (!make(cell, std::countr_zero(rest), false, node)) return false;
+      return true;
+    }
     for (int k = 0; k < candidatecount(cell); ++k)
       if (const int y = candidateat(cell, k); y != digit && !make(cell, y, false, node)) return false;
     return true;
@@ -131,11 +183,15 @@ class Hypothesis {
   bool peersfalse(int cell, int digit, int node) {
     for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block}) {
       const int house = houseof(kind, cell);
-      for (int p : housepos(kind, digit, house)) {
-        const int q = housecell(kind, house, p);
+      const auto h = at(house), k = static_cast<std::size_t>(kind);
+      // Where it is false already there is nothing to say, but of a second candidate there may be.
+      unsigned rest = housepos(kind, digit, house).bits;
+      rest &= ~closed_[at(digit)][k][h] | board_.bivalues[k][h];
+      for (; rest; rest &= rest - 1) {
+        const int q = housecell(kind, house, std::countr_zero(rest));
         if (q == cell) continue;
         if (!make(q, digit, false, node)) return false;
-        if (bivalue(q) && !make(q, otherof(q, digit), true, node)) return false;
+        if (board_.marks[at(q)].two && !make(q, otherof(q, digit), true, node)) return false;
       }
     }
     return true;
@@ -143,61 +199,79 @@ class Hypothesis {
 
   /// The other of two candidates; or the naked single, the only one not yet false.
   bool lastcandidate(int cell, int digit, int node) {
-    if (bivalue(cell)) return make(cell, otherof(cell, digit), true, node);
-    int open = 0, last = 0;
-    Alone alone;
-    for (int k = 0; k < candidatecount(cell) && open < 2; ++k) {
-      const int y = candidateat(cell, k);
-      if (isfalse(cell, y))
-        addfalse(alone, cell, y);
-      else
-        ++open, last = y;
-    }
-    return open != 1 || make(cell, last, true, node, alone);
+    const Marks& marks = board_.marks[at(cell)];
+    if (marks.two) return make(cell, otherof(cell, digit), true, node);
+    const unsigned open = marks.set & ~false_[at(cell)];
+    if (!issingle(open)) return true;
+    const int last = std::countr_zero(open);
+    if (!marks.plain && timesin(cell, last) > 1) return true;
+    return make(cell, last, true, node, By::cell);
+  }
+
+  static int timesin(int cell, int digit) {
+    int times = 0;
+    for (int k = 0; k < candidatecount(cell); ++k) times += candidateat(cell, k) == digit ? 1 : 0;
+    return times;
   }
 
   /// The hidden single: the only place of a house not yet false.
   bool lastplaces(int cell, int digit, int node) {
     for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block}) {
       const int house = houseof(kind, cell);
-      int open = 0, last = 0;
-      Alone alone;
-      for (int p : housepos(kind, digit, house)) {
-        const int q = housecell(kind, house, p);
-        if (isfalse(q, digit))
-          addfalse(alone, q, digit);
-        else if (++open < 2)
-          last = q;
-        else
-          break;
-      }
-      if (open == 1 && !make(last, digit, true, node, alone)) return false;
+      const auto k = static_cast<std::size_t>(kind);
+      const unsigned open = housepos(kind, digit, house).bits & ~closed_[at(digit)][k][at(house)];
+      if (!issingle(open)) continue;
+      const By by = kind == HouseKind::row ? By::row : kind == HouseKind::column ? By::column : By::block;
+      if (!make(housecell(kind, house, std::countr_zero(open)), digit, true, node, by)) return false;
     }
     return true;
   }
 
   /// A statement that follows from a node. False: the search is over, by a contradiction or a full queue.
-  bool make(int cell, int digit, bool flag, int node, const Alone& alone = {}) {
-    Reached& first = reached(cell, digit);
-    const int path = chainpath(node) + tokenlength(nodecount());
-    if (first.run == run && first.flag != flag) {
-      if (nodecount() <= decltype(chaincell)::high) contradiction(cell, digit, flag, node, first);
+  /// What has been said before is not said again: breadth first, no later way to it is shorter.
+  bool make(int cell, int digit, bool flag, int node, By by = By::other) {
+    const unsigned bit = 1u << digit;
+    if ((flag ? false_ : true_)[at(cell)] & bit) {
+      if (nodecount() <= decltype(chaincell)::high) contradiction(cell, digit, flag, node);
       return false;
     }
-    if (first.run != run) first = {run, flag, nodecount(), alone};
-    return addnode(cell, digit, flag, node, path) != Added::full;
+    if ((flag ? true_ : false_)[at(cell)] & bit) return true;
+    if (nodecount() > decltype(chaincell)::high) return false;
+    says(cell, digit, flag, by);
+    depth_[at(nodecount())] = static_cast<std::int16_t>(depth_[at(node)] + 1);
+    addfirst(cell, digit, flag, node, chainpath(node) + tokenlength(nodecount()));
+    return true;
+  }
+
+  /// The nodes that left a single alone: all else of its cell or house was false by then.
+  std::vector<int> alone(int cell, int digit) const {
+    std::vector<int> nodes;
+    const auto add = [&](int c, int d) {
+      if ((c != cell || d != digit) && nodes.size() < mostalone) nodes.push_back(node_[at(c)][at(d)]);
+    };
+    const By by = by_[at(cell)][at(digit)];
+    if (by == By::cell)
+      for (int k = 0; k < candidatecount(cell); ++k) add(cell, candidateat(cell, k));
+    if (by == By::other || by == By::cell) return nodes;
+    const HouseKind kind = by == By::row      ? HouseKind::row
+                           : by == By::column ? HouseKind::column
+                                              : HouseKind::block;
+    const int house = houseof(kind, cell);
+    for (int p : housepos(kind, digit, house)) add(housecell(kind, house, p), digit);
+    return nodes;
   }
 
   /// The steps to the contradicting node, then those to the same candidate when it was first reached.
-  void contradiction(int cell, int digit, bool flag, int parent, const Reached& first) {
+  void contradiction(int cell, int digit, bool flag, int parent) {
     std::vector<int> steps = pathto(parent);
     const std::size_t contradicting = steps.size();
-    for (int k = 0; k < first.alone.count; ++k)
-      steps = joined(steps, pathto(first.alone.nodes[static_cast<std::size_t>(k)]));
-    if (first.alone.count == 0)
-      steps = joined(steps, pathto(first.node));
+    const int first = node_[at(cell)][at(digit)];
+    const std::vector<int> others = alone(cell, digit);
+    for (int node : others) steps = joined(steps, pathto(node));
+    if (others.empty())
+      steps = joined(steps, pathto(first));
     else
-      steps.push_back(first.node);
+      steps.push_back(first);
     if (steps.size() + 1 > tablesize) return;
 
     linkcell.clear();
@@ -230,10 +304,17 @@ class Hypothesis {
     path.insert(path.end(), more.begin(), more.end());
     return path;
   }
+
+  const Reading& board_;
+  std::array<std::uint16_t, cells> true_{}, false_{};     ///< by cell, a bit a digit
+  std::array<ByHouse<std::uint16_t>, 10> closed_{};       ///< by digit: the places where it is false
+  std::array<std::array<std::int16_t, 10>, cells> node_;  ///< that said it first
+  std::array<std::array<By, 10>, cells> by_;
+  std::array<std::int16_t, 261> depth_{};  ///< of each node: its ancestors
 };
 
-void scanforcing(int digit, int cell) {
-  const Hypothesis searched(digit, cell);
+void scanforcing(const Reading& board, int digit, int cell, int enough) {
+  const Hypothesis searched(board, digit, cell, enough);
 }
 
 /// Tries the wrong candidates of the cells with two candidates, then of those with three, and so on. Leaves
@@ -243,13 +324,14 @@ void scanforcingall() {
   chainsteps = nochain;
   int best = nochain, bestdigit = 0, bestcell = 0, longest = 0;
   for (int most = 2;; ++most) {
+    const Reading board;  // of each band afresh: a command that came in between may have changed it
     for (int cell = 0; cell < cells; ++cell) {
       longest = std::max(longest, candidatecount(cell));
       if (candidatecount(cell) != most) continue;
       for (int k = 0; k < candidatecount(cell); ++k) {
         const int digit = candidateat(cell, k);
         if (digit == 0 || !maybewrong(cell, digit)) continue;
-        scanforcing(digit, cell);
+        scanforcing(board, digit, cell, std::min(best, showable));
         if (chainsteps < takenatonce) return;
         if (chainsteps < best) best = chainsteps, bestdigit = digit, bestcell = cell;
       }
@@ -257,7 +339,7 @@ void scanforcingall() {
     letevents();
     if (most + 1 > longest + 1) break;
   }
-  if (best < showable) scanforcing(bestdigit, bestcell);
+  if (best < showable) scanforcing(Reading(), bestdigit, bestcell, nochain);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <string>
 #include <vector>
 
@@ -93,21 +94,32 @@ Trial best;
 
 /// The first digit of a kind of houses that is neither placed nor has a place left.
 bool lostdigit(int slots, const char* name) {
-  for (int house = 0; house < 9; ++house)
-    for (int digit = 1; digit <= 9; ++digit) {
-      if ((usedmask(slots + house) | candmask(slots + house)) & bitvalue(digit)) continue;
-      impossible = {true, true, name, house, digit, impossible.cell};
-      return true;
-    }
+  for (int house = 0; house < 9; ++house) {
+    const int lost = fullmask & ~(usedmask(slots + house) | candmask(slots + house));
+    if (lost == 0) continue;
+    impossible = {true, true, name, house, std::countr_zero(static_cast<unsigned>(lost)), impossible.cell};
+    return true;
+  }
   return false;
 }
 
 /// The union of candidates of each house goes into the work space of candmask, at the slot that usedmask has
 /// for the house.
-void unitecandidates(HouseKind kind, int slots) {
+void unitecandidates() {
+  std::array<std::int32_t, 9> columns{}, blocks{};
+  for (int row = 0; row < 9; ++row) {
+    std::int32_t inrow = 0;
+    for (int col = 0; col < 9; ++col) {
+      const std::int32_t mask = candmask(row * 9 + col);
+      inrow |= mask;
+      columns[static_cast<std::size_t>(col)] |= mask;
+      blocks[static_cast<std::size_t>(row / 3 * 3 + col / 3)] |= mask;
+    }
+    candmask(rowslot + row) = inrow;
+  }
   for (int house = 0; house < 9; ++house) {
-    candmask(slots + house) = 0;
-    for (int cell : housecells(kind, house)) candmask(slots + house) |= candmask(cell);
+    candmask(columnslot + house) = columns[static_cast<std::size_t>(house)];
+    candmask(blockslot + house) = blocks[static_cast<std::size_t>(house)];
   }
 }
 
@@ -117,9 +129,7 @@ void nishiocheck() {
   for (int cell = 0; cell < cells; ++cell)
     if (candmask(cell) == 0 && cellvalue(cell) == 0)
       impossible = {true, false, "cell", cell, impossible.digit, cell};
-  unitecandidates(HouseKind::row, rowslot);
-  unitecandidates(HouseKind::column, columnslot);
-  unitecandidates(HouseKind::block, blockslot);
+  unitecandidates();
   if (lostdigit(rowslot, "row")) return;
   if (lostdigit(columnslot, "column")) return;
   lostdigit(blockslot, "block");
@@ -131,11 +141,7 @@ bool placenext() {
     const std::string result = singlerungs[rung].find();
     if (result.empty()) continue;
     const Single single = singlerungs[rung].read(result);
-    cellvalue(single.cell) = single.digit;
-    candmask(single.cell) = 0;
-    rebuildusedmask();
-    rebuildcandstr();
-    rebuildpositions();
+    placeuncounted(single.cell, single.digit);
     chaincell(nishiocount) = single.cell;
     chaindigit(nishiocount) = single.digit;
     nishiocount += 1;
@@ -144,12 +150,14 @@ bool placenext() {
   return false;
 }
 
+/// A trial that has grown as long as the best is of no use any more, and is left as if nothing had come of
+/// it.
 void nishiopropagate() {
   nishiocount = 0;
   impossible.flag = false;
   const bool before = suppresschange;
   suppresschange = true;
-  while (!impossible.flag && placenext()) nishiocheck();
+  while (!impossible.flag && nishiocount < chainsteps && placenext()) nishiocheck();
   suppresschange = before;
 }
 

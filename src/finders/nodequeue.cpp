@@ -76,6 +76,10 @@ Added addnode(int cell, int digit, bool flag, int parent, int path) {
   return Added::yes;
 }
 
+void addfirst(int cell, int digit, bool flag, int parent, int path) {
+  append(cell, digit, flag, parent, path);
+}
+
 void addhypothesis(int cell, int digit, int path) {
   append(cell, digit, true, 0, path);
 }

@@ -39,6 +39,9 @@ int tokenlength(int node);
 enum class Added { yes, refused, full };
 Added addnode(int cell, int digit, bool flag, int parent, int path);
 
+/// The same for a statement that no node has made yet, where there is place for it.
+void addfirst(int cell, int digit, bool flag, int parent, int path);
+
 /// The hypothesis, node 0, which is its own parent.
 void addhypothesis(int cell, int digit, int path);
 
