@@ -22,7 +22,7 @@ SECONDS = 180  # for the whole lesson; it takes less than ten
 SCREEN = "1280x800x24"
 TITLE, EDGE = 22, 2  # what the window manager puts around a window
 
-# What things on the screen are called, for who cannot see them; cells are called r1c1 to r9c9.
+# What things on the screen are called, for who cannot see them; the names of cells begin with "cell r1c1,".
 OPEN, HINT = "open", "hint"
 GREEN, WHY = "go", "explain"
 SENTENCE, FILE, FILLED, GRADE = "step", "file", "filled", ("level", "score", "steps")
@@ -76,12 +76,13 @@ def start(*command, **how):
     return subprocess.Popen(command, stdin=subprocess.DEVNULL, **how)
 
 
-def lay_desk(folder):
-    """A screen, a session bus, a window manager and the accessibility bus."""
+def lay_desk(folder, reader=True):
+    """A screen, a session bus, a window manager and the accessibility bus, on which a reader listens or not yet."""
     for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "AT_SPI_BUS_ADDRESS"):
         os.environ.pop(name, None)
     os.environ["XDG_RUNTIME_DIR"] = folder
-    os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+    if reader:
+        os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
     read, write = os.pipe()
     start("Xvfb", "-displayfd", str(write), "-screen", "0", SCREEN, "-nolisten", "tcp", pass_fds=(write,))
     os.close(write)
@@ -164,8 +165,12 @@ class Eyes:
 
     def learn(self):
         """Keeps what stands on the main window: it is always the same, only shown or hidden."""
-        self.things = {(thing.get_role(), thing.get_name()): thing for thing in self.below(self.main)}
+        self.things = {(thing.get_role(), self.name(thing)): thing for thing in self.below(self.main)}
         return (self.text_role, SENTENCE) in self.things and (self.key_role, HINT) in self.things
+
+    def name(self, thing):
+        """Without what it says of the state of a cell, which changes."""
+        return re.sub(r"^cell (r\dc\d), .*", r"\1", thing.get_name())
 
     def field(self, name):
         return self.things[self.text_role, name]

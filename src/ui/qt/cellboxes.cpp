@@ -11,6 +11,7 @@
 #include "grid.h"
 #include "look.h"
 #include "menu.h"
+#include "screenreader.h"
 #include "tables.h"
 
 namespace gradino {
@@ -30,11 +31,6 @@ QPoint markplace(int index) {
   if (index == 0) return templateplace;
   const int k = index % 10 - 1;
   return cellplace(index / 10) + QPoint(k % 3, k / 3) * markpitch + QPoint(markinset, markinset);
-}
-
-/// "r1c1": in both languages.
-QString cellname(int cell) {
-  return QString("r%1c%2").arg(cell / 9 + 1).arg(cell % 9 + 1);
 }
 
 /// Windows key codes, as far as they are told apart.
@@ -60,10 +56,9 @@ bool clickends(const QWidget& widget, const QMouseEvent& event) {
 
 void drawborder(QWidget& widget, bool focus) {
   QPainter painter(&widget);
-  painter.setPen(focus ? QPen(QColor(36, 89, 166), 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin)
-                       : QPen(bordergrey, 1));
-  const int inset = focus ? 1 : 0;
-  painter.drawRect(widget.rect().adjusted(inset, inset, -1, -1));
+  if (focus) return drawfocus(painter, widget.rect());
+  painter.setPen(bordergrey);
+  painter.drawRect(widget.rect().adjusted(0, 0, -1, -1));
 }
 
 /// The text's colour on its ground: a red digit in a red cell would not be seen.
@@ -80,7 +75,7 @@ QPoint cellplace(int cell) {
 
 DigitBox::DigitBox(QWidget* parent, int cell) : QLineEdit(parent), cell_(cell) {
   setObjectName(QString("Text1_%1").arg(cell));
-  setAccessibleName(cellname(cell));
+  nameby(*this, [cell] { return spokencell(cell); });
   setGeometry(QRect(cellplace(cell), QSize(cellsize, cellsize)));
   setFrame(false);
   setAlignment(Qt::AlignCenter);
@@ -144,7 +139,7 @@ void DigitBox::paintEvent(QPaintEvent* event) {
 
 MarksBox::MarksBox(QWidget* parent, int cell) : QPlainTextEdit(parent), cell_(cell) {
   setObjectName(QString("Text2_%1").arg(cell));
-  setAccessibleName(cellname(cell) + " 123456789");
+  nameby(*this, [cell] { return spokenground(cell); });
   setGeometry(QRect(cellplace(cell), QSize(cellsize, cellsize)));
   setFrameShape(QFrame::NoFrame);
   setFont(pixelfont(mssansserif, 11));
@@ -195,7 +190,6 @@ void MarksBox::paintEvent(QPaintEvent* event) {
 
 CandidateBox::CandidateBox(QWidget* parent, int index) : QLabel(parent), index_(index) {
   setObjectName(QString("candidate_%1").arg(index));
-  setAccessibleName(cellname(index / 10) + QString(" %1").arg(index % 10));
   setGeometry(QRect(markplace(index), QSize(markwidth, markheight)));
   setAlignment(Qt::AlignCenter);
   setTextFormat(Qt::PlainText);
@@ -211,7 +205,11 @@ void CandidateBox::mirror(const gradino::Box& box) {
 }
 
 void CandidateBox::mouseReleaseEvent(QMouseEvent* event) {
-  if (clickends(*this, *event)) onevent([this] { candidate_Click(index_); });
+  if (clickends(*this, *event)) click();
+}
+
+void CandidateBox::click() {
+  onevent([this] { candidate_Click(index_); });
 }
 
 CellBoxes::CellBoxes(QWidget* client) {

@@ -61,6 +61,8 @@ class CandidateBox : public QLabel {
  public:
   CandidateBox(QWidget* parent, int index);
   void mirror(const gradino::Box& box);
+  int index() const { return index_; }
+  void click();
 
  protected:
   void mouseReleaseEvent(QMouseEvent* event) override;

@@ -63,6 +63,9 @@ void ask(QFileDialog& dialog, CommonDialog& asked, const Control& command) {
   speak(dialog, command);
   setfilter(dialog, asked.filter);
   presetname(dialog, asked.filename);
+  // A list of proposals that is still open when the Return key ends the dialog keeps the focus from coming
+  // back to the board: whoever works by keyboard would be stuck.
+  dialog.findChild<QLineEdit*>("fileNameEdit")->setCompleter(nullptr);
   const bool chosen = dialog.exec() == QDialog::Accepted;
   leaveifended();
   if (chosen) asked.filename = dialog.selectedFiles().value(0).toStdString();

@@ -9,6 +9,7 @@
 #include "browser.h"
 #include "events.h"
 #include "look.h"
+#include "screenreader.h"
 #include "smallwindows.h"
 
 namespace gradino {
@@ -79,6 +80,7 @@ int inpixels(int units) {
 
 LibraryWindow::LibraryWindow(const QWidget& mainwindow) : mainwindow_(mainwindow) {
   setObjectName("frmlivello");
+  nameby(*this, [] { return spokenwindow(caption); });
   setFixedSize(windowsize);
   addlevels();
   addpreview();
@@ -93,6 +95,7 @@ void LibraryWindow::addlevels() {
     // The last one lies on top of the loops' level, and asks for a level that there is not.
     option->setGeometry(levelsx, levelsy + (n == 22 ? 20 : n) * levelheight, radiosize, radiosize);
     connect(option, &QRadioButton::clicked, this, [n] { onevent([n] { Option1_Click(n); }); });
+    nameby(*option, [n] { return spokenlevel(n); });
     options_[static_cast<std::size_t>(n)] = option;
     if (n == 22) continue;
     auto* name = new LevelName(this, n);
@@ -117,6 +120,7 @@ void LibraryWindow::addpreview() {
         QRect(previeworigin + QPoint(inpixels(previewplace(cell % 9)), inpixels(previewplace(cell / 9))),
               QSize(size, size)));
     box->hide();
+    nameby(*box, [cell] { return spokenpreview(cell); });
     preview_[static_cast<std::size_t>(cell)] = box;
   }
 }
@@ -136,6 +140,7 @@ void LibraryWindow::addtexts() {
     edit->setGeometry(row.place);
     edit->setReadOnly(!row.editable);
     edit->setFont(smallfont());
+    nameby(*edit, [&row] { return spoken(*row.box); });
     texts_.push_back({row.box, edit});
     if (row.editable)
       connect(edit, &QLineEdit::textEdited, this, [](const QString& text) {
@@ -152,6 +157,7 @@ void LibraryWindow::addbuttons() {
     button->setFont(smallfont());
     button->setGeometry(row.place);
     connect(button, &QPushButton::clicked, this, [&row] { onevent(row.click); });
+    nameby(*button, [&row] { return spoken(*row.control); });
     buttons_.push_back({row.control, button});
   }
 }
@@ -177,7 +183,6 @@ void LibraryWindow::mirror() {
     option->setAutoExclusive(false);
     option->setChecked(Option1(n).ticked);
     option->setAutoExclusive(true);
-    if (n < 22) option->setAccessibleName(QString::fromStdString(LabelL(n).text));
   }
   for (const Label& row : labels_) {
     row.label->setText(QString::fromStdString(row.box->text));

@@ -3,12 +3,15 @@
 #include <QApplication>
 #include <QGuiApplication>
 #include <QHash>
+#include <QIconEngine>
+#include <QList>
 #include <QPalette>
 #include <QPixmap>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QSvgRenderer>
 #include <QWidget>
+#include <utility>
 
 // The artwork is linked in from a library, which has to be asked for outside of any namespace.
 static void loadart() {
@@ -48,6 +51,18 @@ void setcolours(QWidget& widget, const QColor& ground, const QColor& text) {
   widget.setPalette(palette);
 }
 
+void drawfocus(QPainter& painter, const QRect& place) {
+  const auto frame = [&](int inset, int width, const QColor& colour) {
+    QPen pen(colour, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    const qreal middle = inset + width / 2.0;
+    painter.drawRect(QRectF(place).adjusted(middle, middle, -middle, -middle));
+  };
+  frame(0, 2, darkblue);
+  frame(2, 1, Qt::white);
+}
+
 void drawart(QPainter& painter, const QRectF& place, const QString& name) {
   static QHash<QString, QSvgRenderer*> pictures;
   QSvgRenderer*& picture = pictures[name];
@@ -55,17 +70,36 @@ void drawart(QPainter& painter, const QRectF& place, const QString& name) {
   picture->render(&painter, place);
 }
 
-QIcon articon(const QString& name) {
-  QIcon icon;
-  for (const int size : {16, 32, 48, 64, 128}) {
-    QPixmap pixmap(size, size);
+namespace {
+
+/// Draws at the very size that is asked for, so that no scale of the screen blurs it.
+class ArtEngine : public QIconEngine {
+ public:
+  explicit ArtEngine(QString name) : name_(std::move(name)) {}
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
+    drawart(*painter, rect, name_);
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    drawart(painter, pixmap.rect(), name);
-    painter.end();
-    icon.addPixmap(pixmap);
+    paint(&painter, pixmap.rect(), mode, state);
+    return pixmap;
   }
-  return icon;
+  // A window's icon goes to the desktop in all of them.
+  QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
+    return {{16, 16}, {32, 32}, {48, 48}, {64, 64}, {128, 128}};
+  }
+  QIconEngine* clone() const override { return new ArtEngine(name_); }
+
+ private:
+  QString name_;
+};
+
+}  // namespace
+
+QIcon articon(const QString& name) {
+  return QIcon(new ArtEngine(name));
 }
 
 QIcon programicon() {

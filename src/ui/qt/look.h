@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QIcon>
 #include <QPainter>
+#include <QRect>
 #include <QRectF>
 #include <QString>
 
@@ -31,10 +32,13 @@ inline constexpr const char *arial = "Arial", *comicsans = "Comic Sans MS", *mss
 /// Gives a widget that fills its own ground these colours.
 void setcolours(QWidget& widget, const QColor& ground, const QColor& text);
 
+/// Draws the frame of what has the focus: dark and light, to be seen on every ground.
+void drawfocus(QPainter& painter, const QRect& place);
+
 /// Draws a picture of the artwork by its name, as "light/go"; sharp at every scale of the screen.
 void drawart(QPainter& painter, const QRectF& place, const QString& name);
 
-/// The same as an icon, in the sizes that screens ask for.
+/// The same as an icon.
 QIcon articon(const QString& name);
 
 /// The program's own icon.

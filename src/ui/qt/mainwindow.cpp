@@ -29,6 +29,33 @@ QWidget* newclient(QMainWindow& window) {
   return client;
 }
 
+// Where the Tab key goes behind the board, which is one stop: the arrow keys go from cell to cell. The lights
+// stand behind the keys that bring them up, the colours and texts as they stand on the screen. Of a bar its
+// keys.
+constexpr const char* taborder[] = {
+    "Toolbar2",    "cmdnice",    "Cmdtest",  "cmdlan",   "Toolbar1",   "cmdimpossibili",
+    "Pictgo",      "Pictalt",    "Picthelp", "colore_3", "colore_2",   "colore_0",
+    "colore_1",    "colore_5",   "colore_6", "colore_7", "colore_4",   "colore_8",
+    "picstart",    "Picture2",   "txthint",  "filetxt",  "txtlivello", "testototale",
+    "txtlivello1", "txtesposti", "txtvuoti", "Text5",    "tempotot",   "txtprogressivo",
+};
+
+void settaborder(const QWidget& client) {
+  QWidget* last = client.findChild<QWidget*>("Text1_80");
+  const auto follow = [&last](QWidget* next) {
+    QWidget::setTabOrder(last, next);
+    last = next;
+  };
+  for (const char* name : taborder) {
+    auto* widget = client.findChild<QWidget*>(name);
+    if (auto* bar = dynamic_cast<Toolbar*>(widget)) {
+      for (auto* key : bar->findChildren<QAbstractButton*>()) follow(key);
+    } else {
+      follow(widget);
+    }
+  }
+}
+
 /// Beside the window there should be room for the explanations.
 QPoint startplace(const QScreen& screen, const QSize& window) {
   const QRect room = screen.availableGeometry();
@@ -41,6 +68,7 @@ QPoint startplace(const QScreen& screen, const QSize& window) {
 
 MainWindow::MainWindow() {
   beginprogram();
+  meetscreenreaders();
   setWindowTitle("Gradino");
   QWidget* client = newclient(*this);
   cells_ = std::make_unique<CellBoxes>(client);
@@ -48,7 +76,10 @@ MainWindow::MainWindow() {
   toolbar2_ = new Toolbar(client, "Toolbar2", toolbar2y, toolbar2rows(), Toolbar2_ButtonClick);
   toolbar1_ = new Toolbar(client, "Toolbar1", toolbar1y, toolbar1rows(), Toolbar1_ButtonClick);
   panel_->raisepictures();
+  settaborder(*client);
   menus_ = std::make_unique<Menus>(menuBar());
+  nameby(*this, [this] { return spokenmainwindow(windowTitle().toStdString()); });
+  announcer_ = new Announcer(this);
   timer2_.setTimerType(Qt::PreciseTimer);
   timer2_.setInterval(1000);
   timer2_.callOnTimeout(this, [] { onevent(Timer2_Timer); });
@@ -76,6 +107,8 @@ void MainWindow::mirror() {
   activity_.mirror();
   generator_.mirror();
   library_.mirror();
+  mirrornames();
+  announcer_->mirror();
   if (timer2on == timer2_.isActive()) return;
   if (timer2on) {
     timer2_.start();

@@ -8,6 +8,7 @@
 #include "cellboxes.h"
 #include "librarywindow.h"
 #include "panel.h"
+#include "screenreader.h"
 #include "smallwindows.h"
 #include "toolbars.h"
 
@@ -31,6 +32,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<Panel> panel_;
   Toolbar *toolbar1_ = nullptr, *toolbar2_ = nullptr;
   std::unique_ptr<Menus> menus_;
+  Announcer* announcer_ = nullptr;
   LogWindow log_;
   ActivityWindow activity_;
   GeneratorWindow generator_;

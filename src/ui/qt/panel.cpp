@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QFrame>
 #include <QMouseEvent>
+#include <QPainter>
 
 #include "captions.h"
 #include "cellboxes.h"
@@ -13,6 +14,7 @@
 #include "explain.h"
 #include "light.h"
 #include "look.h"
+#include "screenreader.h"
 
 namespace gradino {
 
@@ -34,7 +36,6 @@ struct TextRow {
   QRect place;
   int height;  ///< of the font
   Ground ground;
-  Words accessible;
 };
 
 struct PictureRow {
@@ -44,11 +45,6 @@ struct PictureRow {
   PictureButton::Look look;
   const char* art;
   void (*click)();  ///< none: this build doesn't have the command yet, and the button is not shown
-};
-
-struct ColourRow {
-  int x, y;
-  Words name;
 };
 
 // clang-format off
@@ -62,16 +58,16 @@ const LabelRow labelrows[] = {
 const QRect bkgplace{434, 444, 41, 19};
 
 const TextRow textrows[] = {
-    {"txtesposti",     &txtesposti,     {406,  84,  41, 31}, 20, Ground::teal, {"esposti", "filled"}},
-    {"txtvuoti",       &txtvuoti,       {406, 136,  41, 31}, 20, Ground::teal, {"vuoti", "empty"}},
-    {"Text5",          &Text5,          {406, 194,  41, 31}, 20, Ground::teal, {"numero", "number"}},
-    {"tempotot",       &tempotot,       {406, 280,  79, 19}, 14, Ground::teal, {"tempo", "time"}},
-    {"txtprogressivo", &txtprogressivo, {406, 352,  79, 19}, 14, Ground::teal, {"schema", "grid id"}},
-    {"txthint",        &txthint,        {  4, 468, 485, 16}, 12, Ground::cyan, {"passo", "step"}},
-    {"filetxt",        &filetxt,        {  4, 482, 485, 16}, 12, Ground::teal, {"file", "file"}},
-    {"txtlivello",     &txtlivello,     {  4, 498, 426, 16}, 12, Ground::teal, {"livello", "level"}},
-    {"testototale",    &testototale,    {430, 498,  60, 16}, 12, Ground::teal, {"punteggio", "score"}},
-    {"txtlivello1",    &txtlivello1,    {  4, 514, 485, 16}, 12, Ground::teal, {"passi", "steps"}},
+    {"txtesposti",     &txtesposti,     {406,  84,  41, 31}, 20, Ground::teal},
+    {"txtvuoti",       &txtvuoti,       {406, 136,  41, 31}, 20, Ground::teal},
+    {"Text5",          &Text5,          {406, 194,  41, 31}, 20, Ground::teal},
+    {"tempotot",       &tempotot,       {406, 280,  79, 19}, 14, Ground::teal},
+    {"txtprogressivo", &txtprogressivo, {406, 352,  79, 19}, 14, Ground::teal},
+    {"txthint",        &txthint,        {  4, 468, 485, 16}, 12, Ground::cyan},
+    {"filetxt",        &filetxt,        {  4, 482, 485, 16}, 12, Ground::teal},
+    {"txtlivello",     &txtlivello,     {  4, 498, 426, 16}, 12, Ground::teal},
+    {"testototale",    &testototale,    {430, 498,  60, 16}, 12, Ground::teal},
+    {"txtlivello1",    &txtlivello1,    {  4, 514, 485, 16}, 12, Ground::teal},
 };
 
 constexpr auto flat = PictureButton::Look::picture, key = PictureButton::Look::key;
@@ -87,16 +83,8 @@ const PictureRow picturerows[] = {
     {"Cmdtest",        &Cmdtest,        {329,   4, 22, 22}, key,  "toolbar/test",        Cmdtest_Click},
 };
 
-const ColourRow colourrows[] = {
-    {460, 114, {"giallo", "yellow"}},
-    {460, 138, {"arancione", "orange"}},
-    {460,  90, {"verde", "green"}},
-    {460,  66, {"ciano", "cyan"}},
-    {460, 234, {"bianco", "white"}},
-    {460, 162, {"azzurro", "light blue"}},
-    {460, 186, {"magenta", "magenta"}},
-    {460, 210, {"rosso", "red"}},
-    {432, 235, {"togli i colori", "clear colours"}},
+const QPoint colourplaces[] = {
+    {460, 114}, {460, 138}, {460,  90}, {460,  66}, {460, 234}, {460, 162}, {460, 186}, {460, 210}, {432, 235},
 };
 constexpr int coloursize = 20;
 
@@ -121,6 +109,20 @@ class HiddenFrame : public QFrame {
   }
 };
 
+/// A text to be read, not to be written; it shows that it has the focus.
+class TextLine : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QLineEdit::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    drawfocus(painter, rect());
+  }
+};
+
 QLabel* newlabel(QWidget* client, const QString& name, int height) {
   auto* label = new QLabel(client);
   label->setObjectName(name);
@@ -138,6 +140,7 @@ void addnumbers(QWidget* client) {
     label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     label->setGeometry(n < 9 ? QRect(QPoint(0, rownumbers[n]), rownumber)
                              : QRect(QPoint(columnnumbers[n - 9], columnnumbersy), columnnumber));
+    nameby(*label, [n] { return spokennumber(n); });
   }
 }
 
@@ -155,6 +158,7 @@ Panel::Panel(QWidget* client) {
   check_ = new QCheckBox(client);
   check_->setObjectName("Check1");
   check_->move(checkplace);
+  nameby(*check_, [] { return spoken(Check1); });
   addring(client);
 }
 
@@ -162,29 +166,31 @@ void Panel::addlabels(QWidget* client) {
   for (const LabelRow& row : labelrows) {
     QLabel* label = newlabel(client, row.name, 14);
     label->move(row.x, row.y);
+    nameby(*label, [&row] { return spoken(*row.box); });
     labels_.push_back({row.box, label, {}});
   }
   QLabel* label = newlabel(client, "bkglabel", 14);
   label->setGeometry(bkgplace);
+  nameby(*label, [] { return spoken(bkglabel); });
   labels_.push_back({&bkglabel, label, {}});
 }
 
 void Panel::addtextboxes(QWidget* client) {
   for (const TextRow& row : textrows) {
-    auto* edit = new QLineEdit(client);
+    auto* edit = new TextLine(client);
     const bool line = row.place.height() == 16;
     edit->setObjectName(row.name);
     edit->setGeometry(row.place);
     edit->setFrame(false);
     edit->setReadOnly(true);
-    edit->setFocusPolicy(Qt::ClickFocus);
     edit->setFont(pixelfont(line ? arial : comicsans, row.height));
     if (row.ground == Ground::cyan) {
       setcolours(*edit, screencolour(cyan), darkblue);
     } else {
       setcolours(*edit, teal, paleyellow);
     }
-    textboxes_.push_back({row.box, row.accessible, edit, {}});
+    nameby(*edit, [&row] { return spoken(*row.box); });
+    textboxes_.push_back({row.box, edit, {}});
   }
 }
 
@@ -193,6 +199,7 @@ void Panel::addpictures(QWidget* client) {
     auto* button = new PictureButton(client, row.name, row.look, row.click);
     button->setGeometry(row.place);
     button->setart(row.art);
+    nameby(*button, [&row] { return spoken(*row.control); });
     pictures_.push_back({row.control, button});
     if (row.control == &picstart) lamp_ = button;
     if (row.control == &cmdlan) flag_ = button;
@@ -205,7 +212,8 @@ void Panel::addpalette(QWidget* client) {
     const std::string name = "colore_" + std::to_string(n);
     palette_[n] = new PictureButton(client, name.c_str(), PictureButton::Look::paint,
                                     [number] { colore_Click(number); });
-    palette_[n]->setGeometry(colourrows[n].x, colourrows[n].y, coloursize, coloursize);
+    palette_[n]->setGeometry(QRect(colourplaces[n], QSize(coloursize, coloursize)));
+    nameby(*palette_[n], [number] { return spokencolour(number); });
   }
 }
 
@@ -216,7 +224,7 @@ void Panel::addring(QWidget* client) {
     ring_[digit] = new PictureButton(client, name.c_str(), PictureButton::Look::picture,
                                      [number] { Picture1_Click(number); });
     ring_[digit]->setart(QString("digits/%1").arg(number));
-    ring_[digit]->setAccessibleName(QString::number(number));
+    nameby(*ring_[digit], [number] { return spokenring(number); });
     ring_[digit]->setFocusPolicy(Qt::NoFocus);
     ring_[digit]->resize(ringsize, ringsize);
   }
@@ -251,14 +259,6 @@ void Panel::mirrortexts() {
     row.edit->setVisible(row.box->visible);
     row.shown = *row.box;
   }
-  if (namedin_ == lingua) return;
-  namedin_ = lingua;
-  const auto text = [](const Words& words) {
-    const std::string_view said = inlanguage(words);
-    return QString::fromUtf8(said.data(), static_cast<qsizetype>(said.size()));
-  };
-  for (const TextBox& row : textboxes_) row.edit->setAccessibleName(text(row.name));
-  for (std::size_t n = 0; n < palette_.size(); ++n) palette_[n]->setAccessibleName(text(colourrows[n].name));
 }
 
 void Panel::mirrorpictures() {

@@ -9,7 +9,6 @@
 
 #include "boxes.h"
 #include "picturebutton.h"
-#include "words.h"
 
 class QCheckBox;
 
@@ -31,7 +30,6 @@ class Panel {
   };
   struct TextBox {
     const Box* box;
-    Words name;
     QLineEdit* edit;
     std::optional<Box> shown;
   };
@@ -57,7 +55,6 @@ class Panel {
   std::array<PictureButton*, 10> ring_{};
   PictureButton *lamp_ = nullptr, *flag_ = nullptr;
   QCheckBox* check_ = nullptr;
-  int namedin_ = 0;  ///< the language of the boxes' accessible names
 };
 
 }  // namespace gradino

@@ -41,7 +41,6 @@ void PictureButton::mirror(const Control& control) {
   const QString caption = QString::fromStdString(control.caption), tip = QString::fromStdString(control.tip);
   setText(caption);
   setToolTip(tip);
-  if (!tip.isEmpty()) setAccessibleName(tip.trimmed());
   setVisible(control.visible);
   setCheckable(control.ticked);  // pressed in only by the program, never by the click itself
   setChecked(control.ticked);
@@ -58,9 +57,7 @@ void PictureButton::paintEvent(QPaintEvent*) {
   } else {
     drawart(painter, rect(), art_);
   }
-  if (!hasFocus()) return;
-  painter.setPen(QPen(darkblue, 1, Qt::DotLine));
-  painter.drawRect(rect().adjusted(1, 1, -2, -2));
+  if (hasFocus()) drawfocus(painter, rect());
 }
 
 void PictureButton::paintkey(QPainter& painter) {

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -12,6 +13,7 @@
 #include "look.h"
 #include "menu.h"
 #include "replay.h"
+#include "screenreader.h"
 
 namespace gradino {
 namespace {
@@ -22,7 +24,7 @@ constexpr int listedlines = 1000;  ///< of the generator's list: a run lasts for
 /// What the window manager will put around a window: not known before it was shown once.
 constexpr QSize unseenframe{12, 40};
 
-/// The text of the log, which tells where it was double-clicked.
+/// The text of the log, which tells where it was double-clicked. The Return key does the same at the caret.
 class LogText : public QPlainTextEdit {
  public:
   using QPlainTextEdit::QPlainTextEdit;
@@ -30,12 +32,20 @@ class LogText : public QPlainTextEdit {
  protected:
   void mouseDoubleClickEvent(QMouseEvent* event) override {
     QPlainTextEdit::mouseDoubleClickEvent(event);
-    if (event->button() != Qt::LeftButton) return;
+    if (event->button() == Qt::LeftButton) choose();
+  }
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+      return QPlainTextEdit::keyPressEvent(event);
+    choose();
+  }
+
+ private:
+  void choose() {
     const std::size_t caret = datacaret();
     onevent([caret] { Text3_DblClick(caret); });
   }
 
- private:
   /// The caret in bytes of the log's text, whose lines end in two characters and not in one.
   std::size_t datacaret() const {
     const QString before = toPlainText().left(textCursor().selectionStart());
@@ -47,17 +57,21 @@ class LogText : public QPlainTextEdit {
 void filltext(QWidget& window, QPlainTextEdit& text) {
   text.setObjectName("Text3");
   text.setReadOnly(true);
+  text.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   text.setFont(pixelfont(arial, 14));
   auto* layout = new QVBoxLayout(&window);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(&text);
 }
 
-void settitle(QWidget& window, QPlainTextEdit& text, const std::string& caption) {
+void settitle(QWidget& window, const std::string& caption) {
   const QString title = QString::fromStdString(caption);
-  if (window.windowTitle() == title) return;
-  window.setWindowTitle(title);
-  text.setAccessibleName(title);
+  if (window.windowTitle() != title) window.setWindowTitle(title);
+}
+
+void namewindow(QWidget& window, const std::string& caption, QPlainTextEdit& text, const Box& box) {
+  nameby(window, [&caption] { return spokenwindow(caption); });
+  nameby(text, [&box] { return spoken(box); });
 }
 
 }  // namespace
@@ -77,11 +91,12 @@ LogWindow::LogWindow() : text_(new LogText(this)) {
   setObjectName("Frmlog");
   filltext(*this, *text_);
   text_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  namewindow(*this, Frmlog::caption, *text_, Frmlog::Text3);
   resize(logsize);
 }
 
 void LogWindow::mirror() {
-  settitle(*this, *text_, Frmlog::caption);
+  settitle(*this, Frmlog::caption);
   if (shown_ != Frmlog::Text3.text) {
     text_->setPlainText(QString::fromStdString(Frmlog::Text3.text));
     shown_ = Frmlog::Text3.text;
@@ -100,11 +115,12 @@ ActivityWindow::ActivityWindow() : text_(new QPlainTextEdit(this)) {
   setObjectName("frmactivity");
   filltext(*this, *text_);
   setAttribute(Qt::WA_ShowWithoutActivating);
+  namewindow(*this, frmactivity::caption, *text_, frmactivity::Text3);
   resize(activitysize);
 }
 
 void ActivityWindow::mirror() {
-  settitle(*this, *text_, frmactivity::caption);
+  settitle(*this, frmactivity::caption);
   if (shown_ != frmactivity::Text3.text) {
     text_->setPlainText(QString::fromStdString(frmactivity::Text3.text));
     shown_ = frmactivity::Text3.text;
@@ -128,11 +144,12 @@ GeneratorWindow::GeneratorWindow() : text_(new QPlainTextEdit(this)) {
   setObjectName("frmgeneratore");
   filltext(*this, *text_);
   setAttribute(Qt::WA_ShowWithoutActivating);
+  namewindow(*this, frmgeneratore::caption, *text_, frmgeneratore::Text1);
   resize(generatorsize);
 }
 
 void GeneratorWindow::mirror() {
-  settitle(*this, *text_, frmgeneratore::caption);
+  settitle(*this, frmgeneratore::caption);
   if (shown_.size() != frmgeneratore::Text1.text.size()) showlist();
   if (frmgeneratore::visible == isVisible()) return;
   placebeside(*this, {frmmain::left + frmmain::width, frmmain::top}, generatorsize);

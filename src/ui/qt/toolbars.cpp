@@ -11,6 +11,7 @@
 #include "events.h"
 #include "look.h"
 #include "menu.h"
+#include "screenreader.h"
 
 namespace gradino {
 
@@ -70,6 +71,7 @@ void Toolbar::addkey(const KeyRow& row, Click click) {
   const std::string name = objectName().toStdString() + "_" + row.key;
   auto* key = new PictureButton(this, name.c_str(), PictureButton::Look::key, [click, &row] { click(row); });
   key->setart(QString("toolbar/") + row.key);
+  nameby(*key, [&row] { return spoken(*row.control); });
   keys_.push_back(key);
 }
 

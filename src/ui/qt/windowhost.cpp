@@ -10,15 +10,10 @@
 #include "filedialog.h"
 #include "host.h"
 #include "printing.h"
+#include "screenreader.h"
 
 namespace gradino {
 namespace {
-
-void letevents(QEventLoop::ProcessEventsFlags how) {
-  showchanges();
-  QCoreApplication::processEvents(how);
-  leaveifended();
-}
 
 /// A long job asks at every turn: most often nothing has come since, and a screen can't show more. What is
 /// shown may take a fifth of the job's time, so that it hardly slows it.
@@ -42,7 +37,14 @@ class Frames {
 Frames frames;
 
 void letwaitingrun() {
-  frames.show([] { letevents(QEventLoop::AllEvents); });
+  frames.show([] {
+    {
+      const Hush hush;
+      showchanges();
+    }
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+    leaveifended();
+  });
 }
 
 /// One box for all that is said while nobody may be there: the newest words stand in it.
@@ -78,9 +80,14 @@ double secondssincemidnight() {
 
 void usewindows(QWidget& mainwindow, QWidget& client) {
   host.runevents = letwaitingrun;
-  host.waitevents = [] { letevents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents); };
+  host.waitevents = [] {
+    showchanges();
+    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    leaveifended();
+  };
   host.repaint = [&mainwindow] {
     frames.show([&mainwindow] {
+      const Hush hush;
       showchanges();
       mainwindow.repaint();
     });
