@@ -8,7 +8,7 @@ how=(--dry-run -Werror)
 
 # Versions of clang-format differ in small things: the one of Debian 12 decides.
 if command -v clang-format-14 >/dev/null; then
-  find src tests bench \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format-14 "${how[@]}" || {
+  find src tests bench packaging \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format-14 "${how[@]}" || {
     echo "check-style: tools/check-style.sh --fix formats these files" >&2
     exit 1
   }
