@@ -34,7 +34,8 @@ def plain(page):
 
 
 text = plain(manual)
-synopsis, description = re.search(r"^SYNOPSIS\n(.*?)^DESCRIPTION\n.*?^   Commands for puzzles\n(.*)", text, re.M | re.S).groups()
+synopsis, description = re.search(r"^SYNOPSIS\n(.*?)^DESCRIPTION\n.*?^   Commands for puzzles\n(.*)", text,
+                                  re.M | re.S).groups()
 inmanual = {}
 for line in synopsis.splitlines():
     words = re.sub(r"\[--file library\]", "", line).split()
