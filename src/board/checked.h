@@ -126,6 +126,9 @@ class Grid {
   constexpr T& operator()(Spoken i, Spoken j) { return slots_[place(i, j)]; }
   constexpr const T& operator()(Spoken i, Spoken j) const { return slots_[place(i, j)]; }
 
+  /// The slots [i, 0 to HI2], for who goes through all of them.
+  constexpr T* row(Spoken i) { return &slots_[place(i, 0)]; }
+
   constexpr void clear() {
     for (T& slot : slots_) slot = T{};
   }

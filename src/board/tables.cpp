@@ -1,5 +1,6 @@
 #include "tables.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>
@@ -101,12 +102,11 @@ void rebuildpositions() {
         columns[digit][col].add(row);
         blocks[digit][row / 3 * 3 + col / 3].add(row % 3 * 3 + col % 3);
       }
-  for (int digit = 1; digit <= 9; ++digit)
-    for (int house = 0; house < 9; ++house) {
-      rowpos(digit, house) = rows[digit][house];
-      colpos(digit, house) = columns[digit][house];
-      blockpos(digit, house) = blocks[digit][house];
-    }
+  for (int digit = 1; digit <= 9; ++digit) {
+    std::copy_n(rows[digit], 9, rowpos.row(digit));
+    std::copy_n(columns[digit], 9, colpos.row(digit));
+    std::copy_n(blocks[digit], 9, blockpos.row(digit));
+  }
 }
 
 void placesilently(int cell, int digit) {
@@ -116,10 +116,6 @@ void placesilently(int cell, int digit) {
   rebuildusedmask();
   rebuildcandstr();
   rebuildpositions();
-}
-
-bool hascandidate(int cell, int digit) {
-  return (candmask(cell) & bitvalue(digit)) != 0;
 }
 
 namespace {

@@ -77,7 +77,9 @@ void placeuncounted(int cell, int digit);
 bool deletecandidate(int cell, int digit);
 
 /// True when the cell has the digit as a candidate.
-bool hascandidate(int cell, int digit);
+inline bool hascandidate(int cell, int digit) {
+  return (candmask(cell) & bitvalue(digit)) != 0;
+}
 
 /// The number at the front of a text: leading blanks skipped, digits taken, anything else gives 0.
 /// Fault: a number beyond 32 bits.

@@ -21,10 +21,20 @@ inline int housecell(HouseKind kind, int house, int position) {
                                      : blockcells(house, position);
 }
 
-inline House housecells(HouseKind kind, int house) {
-  House cells_{};
-  for (int p = 0; p < 9; ++p) cells_[static_cast<std::size_t>(p)] = housecell(kind, house, p);
-  return cells_;
+inline constexpr auto houses = [] {
+  std::array<std::array<House, 9>, 3> kinds{};
+  for (std::size_t house = 0; house < 9; ++house)
+    for (std::size_t p = 0; p < 9; ++p) {
+      kinds[0][house][p] = static_cast<int>(house * 9 + p);
+      kinds[1][house][p] = static_cast<int>(p * 9 + house);
+      kinds[2][house][p] = static_cast<int>(house / 3 * 27 + house % 3 * 3 + p / 3 * 9 + p % 3);
+    }
+  return kinds;
+}();
+
+/// The cells of a house, 0 to 8, of a kind.
+inline const House& housecells(HouseKind kind, int house) {
+  return houses[static_cast<std::size_t>(kind)].at(static_cast<std::size_t>(house));
 }
 
 /// The house of a kind (0 to 8) that a cell lies in.

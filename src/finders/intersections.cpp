@@ -12,6 +12,8 @@
 #include "intersections.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <vector>
 
 #include "gradestate.h"
@@ -145,25 +147,35 @@ void victims(const Intersection& find, Act act) {
 }
 
 bool hasvictims(const Intersection& find) {
-  bool any = false;
-  victims(find, [&](int) { any = true; });
-  return any;
+  const House& target = housecells(find.kind->target, find.target);
+  return std::any_of(target.begin(), target.end(), [&](int cell) {
+    return hascandidate(cell, find.digit) && houseof(find.kind->holder, cell) != find.holder;
+  });
 }
 
-constexpr bool lookedat(const Positions& places) {
-  return places.length() == 2 || places.length() == 3;
+/// Where two or three positions lie together, or -1: in a third of the house (0-2, 3-5, 6-8; in a block its
+/// rows), and, in a block, on one of its columns.
+struct Together {
+  std::int8_t third, column;
+};
+
+constexpr Together togetherat(unsigned bits) {
+  Together found{-1, -1};
+  if (bitcounts[bits] != 2 && bitcounts[bits] != 3) return found;
+  for (int n = 0; n < 3; ++n) {
+    if ((bits & ~(0b111u << 3 * n)) == 0) found.third = static_cast<std::int8_t>(n);
+    if ((bits & ~(0b001001001u << n)) == 0) found.column = static_cast<std::int8_t>(n);
+  }
+  return found;
 }
 
-/// The third of 0-2, 3-5, 6-8 that all positions lie in, or -1.
-constexpr int third(const Positions& places) {
-  return places.first() / 3 == places.last() / 3 ? places.first() / 3 : -1;
-}
-
-/// The column of the block, 0 to 2, that all positions in it lie on, or -1.
-constexpr int columnofall(const Positions& places) {
-  const int column = places.first() % 3;
-  return std::all_of(places.begin(), places.end(), [column](int p) { return p % 3 == column; }) ? column : -1;
-}
+/// By the positions' bits: most have no such place, and that is to be seen at one look.
+constexpr auto together = [] {
+  std::array<Together, 512> table{};
+  for (unsigned bits = 0; bits < table.size(); ++bits) table[bits] = togetherat(bits);
+  return table;
+}();
+static_assert(together[0b001100000].third == -1 && together[0b001001001].column == 0);
 
 /// Hands each intersection that would delete something to act, in the order that decides which one is shown:
 /// blocks against their lines, then rows, then columns against their blocks; in each the house first, then
@@ -174,26 +186,22 @@ void scan(Act act) {
   for (int block = 0; block < 9; ++block)
     for (int digit = 1; digit <= 9; ++digit) {
       const Positions places = blockpos(digit, block);
-      if (!lookedat(places)) continue;
-      if (const int row = third(places);
-          row >= 0 && over({&blockrow, digit, block, block / 3 * 3 + row, places}))
-        return;
-      if (const int col = columnofall(places);
-          col >= 0 && over({&blockcolumn, digit, block, block % 3 * 3 + col, places}))
-        return;
+      const auto [row, col] = together[places.bits];
+      if (row >= 0 && over({&blockrow, digit, block, block / 3 * 3 + row, places})) return;
+      if (col >= 0 && over({&blockcolumn, digit, block, block % 3 * 3 + col, places})) return;
     }
   for (int row = 0; row < 9; ++row)
     for (int digit = 1; digit <= 9; ++digit) {
       const Positions places = rowpos(digit, row);
-      if (lookedat(places) && third(places) >= 0 &&
-          over({&rowblock, digit, row, row / 3 * 3 + third(places), places}))
+      if (const int third = together[places.bits].third;
+          third >= 0 && over({&rowblock, digit, row, row / 3 * 3 + third, places}))
         return;
     }
   for (int col = 0; col < 9; ++col)
     for (int digit = 1; digit <= 9; ++digit) {
       const Positions places = colpos(digit, col);
-      if (lookedat(places) && third(places) >= 0 &&
-          over({&columnblock, digit, col, col / 3 + third(places) * 3, places}))
+      if (const int third = together[places.bits].third;
+          third >= 0 && over({&columnblock, digit, col, col / 3 + third * 3, places}))
         return;
     }
 }

@@ -165,12 +165,13 @@ Pair findnaked() {
   for (int cell = 0; cell < cells; ++cell) {
     const std::string& open = candstr(cell);
     if (candmask(cell) < 1 || open.length() != 2) continue;
-    // The text may have been typed: the digits keep its order, and a sign that is no digit stands for none.
-    const int one = leadingnumber(open.substr(0, 1)), other = leadingnumber(open.substr(1));
     for (HouseKind kind : housekinds) {
       const int house = houseof(kind, cell);
       for (int partner : housecells(kind, house)) {
         if (partner <= cell || candmask(partner) != candmask(cell)) continue;
+        // The text may have been typed: the digits keep its order, and a sign that is no digit stands for
+        // none.
+        const int one = leadingnumber(open.substr(0, 1)), other = leadingnumber(open.substr(1));
         Pair pair = {kind, house, cell, partner, one, other, open};
         if (hasvictims(pair)) return pair;
       }

@@ -55,8 +55,8 @@ void updatetext2() {
     unsigned open = 0;
     for (const char sign : candstr(cell))
       if (sign >= '1' && sign <= '9') open |= 1U << (sign - '0');
-    for (int digit = 1; digit <= 9; ++digit)
-      frmmain::candidate(cell * 10 + digit).visible = (open >> digit & 1U) != 0;
+    Box* const marks = &frmmain::candidate(cell * 10);
+    for (int digit = 1; digit <= 9; ++digit) marks[digit].visible = (open >> digit & 1U) != 0;
   }
 }
 

@@ -139,11 +139,6 @@ class Search {
     }
   }
 
- private:
-  // By measurement: of 1 to 64 both, on boards of two to more than 500 solutions.
-  static constexpr std::size_t few = 3;
-  static constexpr int patience = 16;
-
   /// Appends completions as they come. False: there are more than `most` in all.
   bool anyorder(Boards boards, Rules rules, std::size_t most) {
     for (;;) {
@@ -166,6 +161,11 @@ class Search {
       boards.of[guess.digit] &= ~onecell(guess.cell);
     }
   }
+
+ private:
+  // By measurement: of 1 to 64 both, on boards of two to more than 500 solutions.
+  static constexpr std::size_t few = 3;
+  static constexpr int patience = 16;
 
   const Digits& board_;
   std::size_t limit_;
@@ -201,14 +201,34 @@ Boards cleanboards(Boards givens) {
 
 }  // namespace
 
-void firstcompletions(const Digits& board, std::size_t limit, std::vector<Digits>& found) {
+namespace {
+
+/// Calls act(search, boards, rules) with what suits the board.
+template <class Act>
+void search(const Digits& board, std::size_t limit, std::vector<Digits>& found, Act act) {
   found.clear();
   if (const Boards given = givenboards(board); !clash(given)) {
-    Search<CleanRules>(board, limit, found).inorder(cleanboards(given), {}, nullptr);
+    act(Search<CleanRules>(board, limit, found), cleanboards(given), CleanRules{});
   } else {
     const ClashRules rules(board);
-    Search<ClashRules>(board, limit, found).inorder(rules.start(), rules, nullptr);
+    act(Search<ClashRules>(board, limit, found), rules.start(), rules);
   }
+}
+
+}  // namespace
+
+void firstcompletions(const Digits& board, std::size_t limit, std::vector<Digits>& found) {
+  search(board, limit, found, [](auto&& search, const Boards& boards, const auto& rules) {
+    search.inorder(boards, rules, nullptr);
+  });
+}
+
+std::size_t countcompletions(const Digits& board, std::size_t limit) {
+  static std::vector<Digits> found;
+  search(board, limit, found, [limit](auto&& search, const Boards& boards, const auto& rules) {
+    search.anyorder(boards, rules, limit - 1);
+  });
+  return found.size();
 }
 
 }  // namespace gradino

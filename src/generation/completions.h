@@ -19,4 +19,7 @@ using Digits = std::array<std::uint8_t, 81>;
 /// clash.
 void firstcompletions(const Digits& board, std::size_t limit, std::vector<Digits>& found);
 
+/// How many there are, as far as `limit`: sooner told than which, where there are more than one.
+std::size_t countcompletions(const Digits& board, std::size_t limit);
+
 }  // namespace gradino

@@ -60,7 +60,6 @@ bool place(int cell) {
   writetext1(cell, std::string(1, digit));
   Text1(cell).locked = true;
   placequickly(cell, digit - '0');
-  updatetext2();
   return true;
 }
 
@@ -119,6 +118,7 @@ void risolvirapido() {
   cleargrade();
   boardfinished = false;
   rebuildpositions();
+  updatetext2();  // what was placed last: nobody could look before, and what follows is not shown
   suppresschange = true;
   for (;;) {
     if (!windowsturn()) return;

@@ -1,5 +1,7 @@
 #include "reduction.h"
 
+#include <array>
+#include <optional>
 #include <string>
 
 #include <fmt/format.h>
@@ -39,23 +41,49 @@ void tell(const std::string& line) {
   frmactivity::Text3.text.insert(0, line + std::string(newline));
 }
 
-/// Empties the boxes of the group and makes what is left the puzzle.
-void takegroup(int cell) {
-  const auto [point, a, b] = mirrors(cell);
-  if (frmmain::Check1.ticked) {
-    writetext1(a, "");
-    writetext1(b, "");
-  }
-  writetext1(cell, "");
-  writetext1(point, "");
-  for (int c = 0; c < cells; ++c) givens(c) = Text1(c).text;
+void togivens(const Puzzle& puzzle) {
+  for (int cell = 0; cell < cells; ++cell) givens(cell) = puzzle[static_cast<std::size_t>(cell)];
 }
+
+/// A group of mirrored cells, taken out of the boxes and of the puzzle.
+class Group {
+ public:
+  explicit Group(int cell) {
+    const auto [point, a, b] = mirrors(cell);
+    if (frmmain::Check1.ticked) {
+      take(a);
+      take(b);
+    }
+    take(cell);
+    take(point);
+  }
+
+  void putback() const {
+    for (std::size_t n = 0; n < count_; ++n) {
+      writetext1(cells_[n], texts_[n]);
+      givens(cells_[n]) = texts_[n];
+    }
+  }
+
+ private:
+  void take(int cell) {
+    if (givens(cell).empty()) return;  // the centre, or a cell on an axis, has been taken as its own mirror
+    cells_[count_] = cell;
+    texts_[count_++] = givens(cell);
+    writetext1(cell, "");
+    givens(cell).clear();
+  }
+
+  std::array<int, 4> cells_{};
+  std::array<std::string, 4> texts_;
+  std::size_t count_ = 0;
+};
 
 /// The reduced puzzle on the board, as the grader wants it.
 void putup(const Puzzle& puzzle) {
   filledcount = 0;
   for (int cell = 0; cell < cells; ++cell) {
-    givens(cell) = puzzle[static_cast<std::size_t>(cell)];
+    givens(cell) = puzzle[static_cast<std::size_t>(cell)];  // events may have run since
     cellvalue(cell) = leadingnumber(givens(cell));
     if (givens(cell).empty())
       writetext1(cell, "");
@@ -70,9 +98,12 @@ void putup(const Puzzle& puzzle) {
 
 }  // namespace
 
-// One pass from the top left, each group tried once: this order decides which groups fall.
+// One pass from the top left, each group tried once: this order decides which groups fall. Each is asked no
+// more than whether one solution is left; what whole counts would have left behind, which is what the last of
+// each outcome left, is made at the end.
 void riduzione() {
-  Puzzle backup = puzzleingivens();
+  std::optional<Puzzle> rejected;
+  bool lastfell = true;
   int groups = 0, reductions = 0;
   const std::string beginning;  // nobody ever fills it in
   std::string end;              // the board's filled cells, not the puzzle's: the counter leaves them alone
@@ -81,23 +112,30 @@ void riduzione() {
     if (Text1(cell).text.empty()) continue;
     groups += 1;
     tell(fmt::format(analysed, groups));
-    takegroup(cell);
-    conta();
-    if (numerosoluzioni == 1) {
-      backup = puzzleingivens();
+    const Group group(cell);
+    lastfell = onesolution();
+    if (lastfell) {
       tell(reduced);
       host.repaint();
       reductions += 1;
       end = std::to_string(filledcount);
     } else {
-      for (int c = 0; c < cells; ++c) writetext1(c, backup[static_cast<std::size_t>(c)]);
+      rejected = puzzleingivens();
+      group.putback();
     }
   }
+  const Puzzle puzzle = puzzleingivens();
+  if (rejected) {
+    togivens(*rejected);
+    conta();
+    togivens(puzzle);
+  }
+  if (lastfell) conta();
   tell(fmt::format(done, reductions));
   tell(fmt::format(fromto, beginning, end));
   // Whoever types meanwhile changes nothing before the grade stands.
   letevents();
-  putup(backup);
+  putup(puzzle);
   clearlog();
   SolveSudoku();
   suppresschange = false;
