@@ -17,7 +17,7 @@ declare -A groups=(
           poppler-utils desktop-file-utils appstream mandoc librsvg2-bin python3"
   [screen]="xvfb openbox xdotool imagemagick dbus-daemon at-spi2-core gir1.2-atspi-2.0
             python3-gi"
-  [package]="dpkg-dev librsvg2-bin lintian"
+  [package]="dpkg-dev librsvg2-bin lintian mmdebstrap"
   [wayland]="qt6-wayland"
   [print]="cups-daemon cups-client poppler-utils"
   [coverage]="gcovr"
