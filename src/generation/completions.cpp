@@ -201,34 +201,22 @@ Boards cleanboards(Boards givens) {
 
 }  // namespace
 
-namespace {
-
-/// Calls act(search, boards, rules) with what suits the board.
-template <class Act>
-void search(const Digits& board, std::size_t limit, std::vector<Digits>& found, Act act) {
+void firstcompletions(const Digits& board, std::size_t limit, std::vector<Digits>& found) {
   found.clear();
   if (const Boards given = givenboards(board); !clash(given)) {
-    act(Search<CleanRules>(board, limit, found), cleanboards(given), CleanRules{});
+    Search<CleanRules>(board, limit, found).inorder(cleanboards(given), {}, nullptr);
   } else {
     const ClashRules rules(board);
-    act(Search<ClashRules>(board, limit, found), rules.start(), rules);
+    Search<ClashRules>(board, limit, found).inorder(rules.start(), rules, nullptr);
   }
 }
 
-}  // namespace
-
-void firstcompletions(const Digits& board, std::size_t limit, std::vector<Digits>& found) {
-  search(board, limit, found, [](auto&& search, const Boards& boards, const auto& rules) {
-    search.inorder(boards, rules, nullptr);
-  });
-}
-
-std::size_t countcompletions(const Digits& board, std::size_t limit) {
+bool completesotherwise(const Digits& board, int cell, int digit) {
   static std::vector<Digits> found;
-  search(board, limit, found, [limit](auto&& search, const Boards& boards, const auto& rules) {
-    search.anyorder(boards, rules, limit - 1);
-  });
-  return found.size();
+  found.clear();
+  Boards boards = cleanboards(givenboards(board));
+  boards.of[static_cast<std::size_t>(digit - 1)] &= ~onecell(cell);
+  return !Search<CleanRules>(board, 1, found).anyorder(boards, {}, 0);
 }
 
 }  // namespace gradino

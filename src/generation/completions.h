@@ -19,7 +19,8 @@ using Digits = std::array<std::uint8_t, 81>;
 /// clash.
 void firstcompletions(const Digits& board, std::size_t limit, std::vector<Digits>& found);
 
-/// How many there are, as far as `limit`: sooner told than which, where there are more than one.
-std::size_t countcompletions(const Digits& board, std::size_t limit);
+/// Whether a board whose digits don't clash has a completion in which that empty cell takes another digit
+/// than this one: sooner told than how many completions there are.
+bool completesotherwise(const Digits& board, int cell, int digit);
 
 }  // namespace gradino

@@ -144,16 +144,6 @@ void conta() {
   if (comandocorrente == countcommand) host.message(std::to_string(numerosoluzioni) + counted);
 }
 
-bool onesolution() {
-  Digits digits{};
-  for (int cell = 0; cell < cells; ++cell) {
-    const int value = givens(cell).empty() ? 0 : leadingnumber(givens(cell));
-    static_cast<void>(bitvalue(value));  // the fault of a number that is no digit
-    digits[static_cast<std::size_t>(cell)] = static_cast<std::uint8_t>(value);
-  }
-  return countcompletions(digits, 2) == 1;
-}
-
 void freshcounter() {
   stringhesoluzione.clear();
   soluzioni.clear();

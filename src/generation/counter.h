@@ -32,10 +32,6 @@ inline constexpr const char* countcommand = "conta";
 /// caller loads the board again.
 void conta();
 
-/// Whether the puzzle in givens has just one solution, without touching a table or a box. Sooner told than
-/// by a count where it has more. Fault: a number above 9.
-bool onesolution();
-
 /// The counter's results as in a program just started.
 void freshcounter();
 

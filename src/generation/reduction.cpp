@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "boxes.h"
+#include "completions.h"
 #include "counter.h"
 #include "grader.h"
 #include "gradestate.h"
@@ -45,6 +46,13 @@ void togivens(const Puzzle& puzzle) {
   for (int cell = 0; cell < cells; ++cell) givens(cell) = puzzle[static_cast<std::size_t>(cell)];
 }
 
+Digits digitsingivens() {
+  Digits digits{};
+  for (int cell = 0; cell < cells; ++cell)
+    digits[static_cast<std::size_t>(cell)] = static_cast<std::uint8_t>(leadingnumber(givens(cell)));
+  return digits;
+}
+
 /// A group of mirrored cells, taken out of the boxes and of the puzzle.
 class Group {
  public:
@@ -56,6 +64,18 @@ class Group {
     }
     take(cell);
     take(point);
+  }
+
+  /// Whether the puzzle, which had one solution with the group, has still no other. One that differs anywhere
+  /// differs in the group: in its first cell, or else in its second, and so on.
+  bool isspare() const {
+    Digits digits = digitsingivens();
+    for (std::size_t n = 0; n < count_; ++n) {
+      const int digit = leadingnumber(texts_[n]);
+      if (completesotherwise(digits, cells_[n], digit)) return false;
+      digits[static_cast<std::size_t>(cells_[n])] = static_cast<std::uint8_t>(digit);
+    }
+    return true;
   }
 
   void putback() const {
@@ -99,11 +119,13 @@ void putup(const Puzzle& puzzle) {
 }  // namespace
 
 // One pass from the top left, each group tried once: this order decides which groups fall. Each is asked no
-// more than whether one solution is left; what whole counts would have left behind, which is what the last of
-// each outcome left, is made at the end.
+// more than whether another solution comes up; what whole counts would have left behind, which is what the
+// last of each outcome left, is made at the end.
 void riduzione() {
   std::optional<Puzzle> rejected;
-  bool lastfell = true;
+  conta();
+  const bool one = numerosoluzioni == 1;
+  bool lastfell = false;
   int groups = 0, reductions = 0;
   const std::string beginning;  // nobody ever fills it in
   std::string end;              // the board's filled cells, not the puzzle's: the counter leaves them alone
@@ -113,7 +135,7 @@ void riduzione() {
     groups += 1;
     tell(fmt::format(analysed, groups));
     const Group group(cell);
-    lastfell = onesolution();
+    lastfell = one && group.isspare();
     if (lastfell) {
       tell(reduced);
       host.repaint();
