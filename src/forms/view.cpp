@@ -20,6 +20,14 @@ void mnupencil_Click() {
     for (Box& box : Text1) box.visible = true;
   }
   mnupencil.ticked = !mnupencil.ticked;
+  pencilclicks += 1;
+}
+
+void showpencilmarks() {
+  if (pencilmarks())
+    pencilclicks += 1;
+  else
+    mnupencil_Click();
 }
 
 }  // namespace gradino

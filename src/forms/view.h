@@ -9,4 +9,11 @@ bool pencilmarks();
 /// Toggles the pencil marks. On: empty digit boxes are hidden, which uncovers them. Off: all are shown.
 void mnupencil_Click();
 
+/// Turns the pencil marks on, unless they are.
+void showpencilmarks();
+
+/// How often the display was set: whoever toggles it for a while finds out whether it was meanwhile set
+/// by somebody else.
+inline constinit int pencilclicks = 0;
+
 }  // namespace gradino

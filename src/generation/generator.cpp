@@ -217,6 +217,7 @@ void riempischema() {
 
 void frmgenerazione::genera() {
   mnupencil_Click();
+  const int clicks = pencilclicks;
   loseboard();
   try {
     do {
@@ -227,8 +228,12 @@ void frmgenerazione::genera() {
   } catch (const Fault&) {
     mnupencil_Click();
     throw;
+  } catch (const BoardLost&) {  // to a command that may have set the display as it wants it
+    if (clicks == pencilclicks) mnupencil_Click();
+    throw;
   }
   mnupencil_Click();
+  pencilclicks = clicks - 1;  // flipped and back is as good as never touched
   frmprogress::visible = false;
 }
 

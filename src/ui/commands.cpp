@@ -178,7 +178,7 @@ void Toolbar2_ButtonClick(const KeyRow& row) {
   if (refusedbylight()) return;
   const bool needspuzzle = row.control == &Toolbar2::conta || row.control == &Toolbar2::risolvi;
   if (needspuzzle && !checkloaded()) return;
-  if (row.action() && !pencilmarks()) mnupencil_Click();
+  if (row.action()) showpencilmarks();
 }
 
 void mnurefresh_Click() {

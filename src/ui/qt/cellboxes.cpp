@@ -57,8 +57,7 @@ bool clickends(const QWidget& widget, const QMouseEvent& event) {
 void drawborder(QWidget& widget, bool focus) {
   QPainter painter(&widget);
   if (focus) return drawfocus(painter, widget.rect());
-  painter.setPen(bordergrey);
-  painter.drawRect(widget.rect().adjusted(0, 0, -1, -1));
+  drawframe(painter, widget.rect(), 1, bordergrey);
 }
 
 /// The text's colour on its ground: a red digit in a red cell would not be seen.
@@ -158,10 +157,11 @@ MarksBox::MarksBox(QWidget* parent, int cell) : QPlainTextEdit(parent), cell_(ce
           [this] { onevent([this, typed = toPlainText().toStdString()] { Text2_Typed(cell_, typed); }); });
 }
 
-void MarksBox::mirror(const gradino::Box& box, bool editable) {
+void MarksBox::mirror(const gradino::Box& box, bool editable, bool reachable) {
+  const auto policy = !editable ? Qt::NoFocus : reachable ? Qt::StrongFocus : Qt::ClickFocus;
+  if (policy != focusPolicy()) setFocusPolicy(policy);
   if (editable == isReadOnly()) {
     setReadOnly(!editable);
-    setFocusPolicy(editable ? Qt::ClickFocus : Qt::NoFocus);
     viewport()->setCursor(editable ? Qt::IBeamCursor : Qt::ArrowCursor);
   }
   if (shown_ == box) return;
@@ -171,6 +171,13 @@ void MarksBox::mirror(const gradino::Box& box, bool editable) {
   }
   setcolours(*this, screencolour(box.back), readable(box));
   shown_ = box;
+}
+
+// The Tab key gets to the marks as a click on one of them does, which puts them up for editing.
+void MarksBox::focusInEvent(QFocusEvent* event) {
+  QPlainTextEdit::focusInEvent(event);
+  if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+    onevent([this] { candidate_Click(cell_ * 10 + 1); });
 }
 
 void MarksBox::mouseReleaseEvent(QMouseEvent* event) {
@@ -231,7 +238,10 @@ void CellBoxes::mirror() {
   const bool editable = modificacandidati || frmmain::Toolbar1::modifica.ticked;
   for (std::size_t cell = 0; cell < 81; ++cell) {
     const int number = static_cast<int>(cell);
-    marks_[cell]->mirror(frmmain::Text2(number), editable);
+    const bool reachable = number == navcell && !frmmain::Text1(number).visible;
+    marks_[cell]->mirror(frmmain::Text2(number), editable, reachable);
+    // The toolkit puts in order only what the Tab key can reach.
+    if (editable && reachable) QWidget::setTabOrder(digits_[cell], marks_[cell]);
     digits_[cell]->mirror(frmmain::Text1(number), number == navcell);
   }
   for (std::size_t index = 0; index < candidates_.size(); ++index)

@@ -44,9 +44,10 @@ class DigitBox : public QLineEdit {
 class MarksBox : public QPlainTextEdit {
  public:
   MarksBox(QWidget* parent, int cell);
-  void mirror(const gradino::Box& box, bool editable);
+  void mirror(const gradino::Box& box, bool editable, bool reachable);
 
  protected:
+  void focusInEvent(QFocusEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QWindow>
 #include <functional>
 #include <utility>
@@ -53,6 +54,20 @@ const ButtonRow buttonrows[] = {
 };
 // clang-format on
 
+/// A level without its name, which stands beside it: the toolkit would frame the name.
+class LevelOption : public QRadioButton {
+ public:
+  using QRadioButton::QRadioButton;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QRadioButton::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    drawframe(painter, rect(), 2, darkblue);
+  }
+};
+
 /// A level's name: a click on it chooses the level too.
 class LevelName : public QLabel {
  public:
@@ -90,7 +105,7 @@ LibraryWindow::LibraryWindow(const QWidget& mainwindow) : mainwindow_(mainwindow
 
 void LibraryWindow::addlevels() {
   for (int n = 0; n <= 22; ++n) {
-    auto* option = new QRadioButton(this);
+    auto* option = new LevelOption(this);
     option->setObjectName(QString("Option1_%1").arg(n));
     // The last one lies on top of the loops' level, and asks for a level that there is not.
     option->setGeometry(levelsx, levelsy + (n == 22 ? 20 : n) * levelheight, radiosize, radiosize);

@@ -51,16 +51,18 @@ void setcolours(QWidget& widget, const QColor& ground, const QColor& text) {
   widget.setPalette(palette);
 }
 
+// Filled, not drawn with a pen: half of a pen's line would fall outside where a pixel of the layout is more
+// than one of the screen.
+void drawframe(QPainter& painter, const QRect& place, int width, const QColor& colour) {
+  painter.fillRect(place.x(), place.y(), place.width(), width, colour);
+  painter.fillRect(place.x(), place.bottom() + 1 - width, place.width(), width, colour);
+  painter.fillRect(place.x(), place.y(), width, place.height(), colour);
+  painter.fillRect(place.right() + 1 - width, place.y(), width, place.height(), colour);
+}
+
 void drawfocus(QPainter& painter, const QRect& place) {
-  const auto frame = [&](int inset, int width, const QColor& colour) {
-    QPen pen(colour, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
-    painter.setPen(pen);
-    painter.setBrush(Qt::NoBrush);
-    const qreal middle = inset + width / 2.0;
-    painter.drawRect(QRectF(place).adjusted(middle, middle, -middle, -middle));
-  };
-  frame(0, 2, darkblue);
-  frame(2, 1, Qt::white);
+  drawframe(painter, place, 2, darkblue);
+  drawframe(painter, place.adjusted(2, 2, -2, -2), 1, Qt::white);
 }
 
 void drawart(QPainter& painter, const QRectF& place, const QString& name) {

@@ -32,6 +32,9 @@ inline constexpr const char *arial = "Arial", *comicsans = "Comic Sans MS", *mss
 /// Gives a widget that fills its own ground these colours.
 void setcolours(QWidget& widget, const QColor& ground, const QColor& text);
 
+/// Draws a frame inside a place.
+void drawframe(QPainter& painter, const QRect& place, int width, const QColor& colour);
+
 /// Draws the frame of what has the focus: dark and light, to be seen on every ground.
 void drawfocus(QPainter& painter, const QRect& place);
 

@@ -57,14 +57,15 @@ const LabelRow labelrows[] = {
 };
 const QRect bkgplace{434, 444, 41, 19};
 
+// Lines overlap: the sentence of the step stands over the file's name.
 const TextRow textrows[] = {
     {"txtesposti",     &txtesposti,     {406,  84,  41, 31}, 20, Ground::teal},
     {"txtvuoti",       &txtvuoti,       {406, 136,  41, 31}, 20, Ground::teal},
     {"Text5",          &Text5,          {406, 194,  41, 31}, 20, Ground::teal},
     {"tempotot",       &tempotot,       {406, 280,  79, 19}, 14, Ground::teal},
     {"txtprogressivo", &txtprogressivo, {406, 352,  79, 19}, 14, Ground::teal},
-    {"txthint",        &txthint,        {  4, 468, 485, 16}, 12, Ground::cyan},
     {"filetxt",        &filetxt,        {  4, 482, 485, 16}, 12, Ground::teal},
+    {"txthint",        &txthint,        {  4, 468, 485, 16}, 12, Ground::cyan},
     {"txtlivello",     &txtlivello,     {  4, 498, 426, 16}, 12, Ground::teal},
     {"testototale",    &testototale,    {430, 498,  60, 16}, 12, Ground::teal},
     {"txtlivello1",    &txtlivello1,    {  4, 514, 485, 16}, 12, Ground::teal},

@@ -57,7 +57,11 @@ void PictureButton::paintEvent(QPaintEvent*) {
   } else {
     drawart(painter, rect(), art_);
   }
-  if (hasFocus()) drawfocus(painter, rect());
+  if (hasFocus() && !captioned()) drawfocus(painter, rect());
+}
+
+bool PictureButton::captioned() const {
+  return look_ == Look::key && !text().isEmpty();
 }
 
 void PictureButton::paintkey(QPainter& painter) {
@@ -67,12 +71,13 @@ void PictureButton::paintkey(QPainter& painter) {
   if (isChecked()) option.state |= QStyle::State_On;
   if (isDown() || isChecked() || underMouse())
     style()->drawPrimitive(QStyle::PE_PanelButtonTool, &option, &painter, this);
-  if (text().isEmpty()) {
+  if (!captioned()) {
     QRect place(0, 0, qMin(width(), artheight), artheight);
     place.moveCenter(rect().center());
     drawart(painter, place, art_);
     return;
   }
+  if (hasFocus()) drawfocus(painter, rect());  // under the caption, which reaches into the frame
   drawart(painter, QRect((width() - smallart) / 2, 0, smallart, smallart), art_);
   painter.setFont(pixelfont(mssansserif, captionheight));
   painter.drawText(QRect(0, smallart - 1, width(), height() - smallart + 1), Qt::AlignCenter, text());
@@ -80,8 +85,7 @@ void PictureButton::paintkey(QPainter& painter) {
 
 void PictureButton::paintcolour(QPainter& painter) {
   painter.fillRect(rect(), paint_);
-  painter.setPen(isDown() ? QColor(Qt::black) : bordergrey);
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  drawframe(painter, rect(), 1, isDown() ? QColor(Qt::black) : bordergrey);
   painter.setPen(Qt::black);
   painter.setFont(pixelfont(mssansserif, 13, true));
   painter.drawText(rect(), Qt::AlignCenter, text());

@@ -30,6 +30,7 @@ class PictureButton : public QAbstractButton {
   void nextCheckState() override {}  // pressed in only by the program, never by the click itself
 
  private:
+  bool captioned() const;
   void paintkey(QPainter& painter);
   void paintcolour(QPainter& painter);
 

@@ -1,6 +1,5 @@
 #include "screenreader.h"
 
-#include <QAccessible>
 #include <QAccessibleWidget>
 #include <QPointer>
 #include <utility>
@@ -24,7 +23,7 @@ std::vector<Named> named;
 int hushes = 0;
 
 bool listening() {
-  return QAccessible::isActive() && hushes == 0;
+  return readerlistens() && hushes == 0;
 }
 
 void mirrorname(Named& row) {

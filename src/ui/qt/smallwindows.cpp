@@ -131,8 +131,11 @@ void ActivityWindow::mirror() {
   setVisible(frmactivity::visible);
 }
 
+// The continuous generator shows the window although no explanation has placed it yet.
 void ActivityWindow::place() {
-  placebeside(*this, {frmactivity::left, frmactivity::top}, activitysize);
+  const bool everplaced = frmactivity::left != 0 || frmactivity::top != 0;
+  const QPoint beside(frmmain::left + frmmain::width, frmmain::top);
+  placebeside(*this, everplaced ? QPoint(frmactivity::left, frmactivity::top) : beside, activitysize);
 }
 
 void ActivityWindow::closeEvent(QCloseEvent* event) {
@@ -152,7 +155,8 @@ void GeneratorWindow::mirror() {
   settitle(*this, frmgeneratore::caption);
   if (shown_.size() != frmgeneratore::Text1.text.size()) showlist();
   if (frmgeneratore::visible == isVisible()) return;
-  placebeside(*this, {frmmain::left + frmmain::width, frmmain::top}, generatorsize);
+  const int besideboth = frmactivity::visible ? activitysize.width() + unseenframe.width() : 0;
+  placebeside(*this, {frmmain::left + frmmain::width + besideboth, frmmain::top}, generatorsize);
   setVisible(frmgeneratore::visible);
 }
 

@@ -122,11 +122,27 @@ Menus::Menus(QMenuBar* bar) {
   }
 }
 
-// A title's first letter opens it together with Alt. Only the program sets a check mark: the click on an
+namespace {
+
+/// A title with the letter marked that opens it together with Alt: the first one that no title before it has.
+QString withletter(const QString& title, QString& taken) {
+  for (qsizetype n = 0; n < title.size(); ++n) {
+    if (!title[n].isLetter() || taken.contains(title[n], Qt::CaseInsensitive)) continue;
+    taken += title[n];
+    return QString(title).insert(n, '&');
+  }
+  return title;
+}
+
+}  // namespace
+
+// Only the program sets a check mark: the click on an
 // entry that can be ticked would change it too.
 void Menus::mirror() {
+  QString taken;
   for (const auto& [control, action] : entries_) {
-    action->setText((action->menu() != nullptr ? "&" : "") + QString::fromStdString(control->caption));
+    const QString caption = QString::fromStdString(control->caption);
+    action->setText(action->menu() != nullptr ? withletter(caption, taken) : caption);
     action->setVisible(control->visible);
     action->setCheckable(control->ticked);
     action->setChecked(control->ticked);
