@@ -142,7 +142,7 @@ class Eyes:
         desktop.set_cache_mask(self.atspi.Cache.NONE)
         for i in range(desktop.get_child_count()):
             app = desktop.get_child_at_index(i)
-            if app.get_process_id() == self.pid:
+            if app and app.get_process_id() == self.pid:
                 app.set_cache_mask(self.atspi.Cache.NONE)
                 return app
         return None
