@@ -1,14 +1,16 @@
 #include "convert.h"
 
 #include <filesystem>
-#include <fstream>
 #include <memory>
+#include <set>
+#include <stdexcept>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "boxes.h"
 #include "exchange.h"
+#include "output.h"
 #include "progress.h"
 #include "puzzlefile.h"
 #include "tables.h"
@@ -58,35 +60,50 @@ fs::path nameof(const std::string& file, const ConvertOptions& options, std::siz
   return fs::path(options.folder) / (name + "." + options.form);
 }
 
-bool writefile(const fs::path& name, const std::string& text, bool force) {
-  if (!force && fs::exists(name)) {
-    fmt::print(stderr, "{}: is there already; --force writes over it\n", name.string());
-    return false;
+/// The files of one run. A name that two of its puzzles come to isn't written over even by force.
+class Output {
+ public:
+  explicit Output(bool force) : force_(force) {}
+
+  bool write(const fs::path& name, const std::string& text) {
+    try {
+      place(name, text);
+    } catch (const std::runtime_error& error) {
+      fmt::print(stderr, "{}\n", error.what());
+      return false;
+    }
+    fmt::print("{}\n", name.string());
+    return true;
   }
-  std::ofstream out(name, std::ios::binary);
-  out << text;
-  out.close();
-  if (!out) {
-    fmt::print(stderr, "{}: can't be written\n", name.string());
-    return false;
+
+ private:
+  void place(const fs::path& name, const std::string& text) {
+    if (!force_ && fs::exists(fs::symlink_status(name)))
+      throw std::runtime_error(fmt::format("{}: is there already; --force writes over it", name.string()));
+    if (!names_.insert(name).second)
+      throw std::runtime_error(
+          fmt::format("{}: is another puzzle's name already; -o names another folder", name.string()));
+    replacefile(name.string(), text);
   }
-  fmt::print("{}\n", name.string());
-  return true;
-}
+
+  bool force_;
+  std::set<fs::path> names_;
+};
 
 bool convert(const ConvertOptions& options) {
+  Output output(options.force);
   bool good = true;
-  const bool read = eachpuzzlefile(options.files, [&](const std::string& file,
-                                                      const std::vector<formats::Puzzle>& puzzles) {
-    if (options.form == "sdm")
-      good = writefile(nameof(file, options, 1, 1), written(puzzles, options.form), options.force) && good;
-    Progress progress("written", puzzles.size(), rowsarehidden());
-    for (std::size_t i = 0; i < puzzles.size() && options.form != "sdm"; ++i) {
-      const fs::path name = nameof(file, options, i + 1, puzzles.size());
-      good = writefile(name, written({puzzles[i]}, options.form), options.force) && good;
-      progress.step();
-    }
-  });
+  const bool read = eachpuzzlefile(
+      options.files, [&](const std::string& file, const std::vector<formats::Puzzle>& puzzles) {
+        if (options.form == "sdm")
+          good = output.write(nameof(file, options, 1, 1), written(puzzles, options.form)) && good;
+        Progress progress("written", puzzles.size(), rowsarehidden());
+        for (std::size_t i = 0; i < puzzles.size() && options.form != "sdm"; ++i) {
+          const fs::path name = nameof(file, options, i + 1, puzzles.size());
+          good = output.write(name, written({puzzles[i]}, options.form)) && good;
+          progress.step();
+        }
+      });
   return read && good;
 }
 

@@ -1,23 +1,38 @@
 #include "exchange.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iostream>
-#include <iterator>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
 #include <optional>
 
 #include <fmt/format.h>
 
+#include "progress.h"
+
 namespace gradino::cli {
 namespace {
 
+constexpr std::size_t largest = 256 << 20;  ///< bytes: three million puzzles of one line each
+
+/// All of it; none: it can't be read, and errno is why.
 std::optional<std::string> bytesof(const std::string& name) {
-  if (name == "-") return std::string(std::istreambuf_iterator<char>(std::cin), {});
-  std::error_code error;
-  if (std::filesystem::is_directory(name, error)) return std::nullopt;
-  std::ifstream in(name, std::ios::binary);
-  if (!in) return std::nullopt;
-  return std::string(std::istreambuf_iterator<char>(in), {});
+  using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+  constexpr auto leave = [](std::FILE*) { return 0; };
+  const File file = name == "-" ? File(stdin, leave) : File(std::fopen(name.c_str(), "rb"), std::fclose);
+  if (!file) return std::nullopt;
+  std::string bytes;
+  std::array<char, 1 << 16> buffer;
+  while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
+    bytes.append(buffer.data(), count);
+    if (bytes.size() > largest) {
+      errno = EFBIG;
+      return std::nullopt;
+    }
+  }
+  if (std::ferror(file.get()) != 0) return std::nullopt;
+  return bytes;
 }
 
 }  // namespace
@@ -30,13 +45,14 @@ bool eachpuzzlefile(
     const std::string name = file == "-" ? "standard input" : file;
     const std::optional<std::string> bytes = bytesof(file);
     if (!bytes) {
-      fmt::print(stderr, "{}: can't be read\n", name);
+      fmt::print(stderr, "{}: can't be read: {}\n", name, std::strerror(errno));
       good = false;
       return;
     }
     std::vector<formats::Puzzle> puzzles;
     try {
-      puzzles = formats::readpuzzles(*bytes);
+      Progress progress("lines read");
+      puzzles = formats::readpuzzles(*bytes, [&] { progress.step(); });
     } catch (const formats::Unreadable& error) {
       fmt::print(stderr, "{}:{}: {}\n", name, error.line, error.what());
       good = false;

@@ -218,6 +218,7 @@ bool check(const LibraryOptions& options) {
     progress.step();
     if (found.empty()) return;
     wrong += 1;
+    progress.end();
     fmt::print("row {} (id {}): {}\n", record.key, record.row[field::progressivo], fmt::join(found, "; "));
     if (now != record.row) corrected.push_back({record.key, now});
   });

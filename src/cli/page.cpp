@@ -8,6 +8,7 @@
 #include <cairo.h>
 
 #include "levelnames.h"
+#include "output.h"
 #include "words.h"
 
 namespace gradino::cli {
@@ -32,9 +33,9 @@ struct Rectangle {
 
 class Pages {
  public:
-  Pages(const std::string& file, const PageOptions& options)
+  explicit Pages(const PageOptions& options)
       : options_(options),
-        surface_(cairo_pdf_surface_create(file.c_str(), options.width, options.height),
+        surface_(cairo_pdf_surface_create_for_stream(append, &pdf_, options.width, options.height),
                  cairo_surface_destroy),
         cairo_(cairo_create(surface_.get()), cairo_destroy) {
     cairo_pdf_surface_set_metadata(surface_.get(), CAIRO_PDF_METADATA_TITLE, "Sudoku");
@@ -47,11 +48,13 @@ class Pages {
     cairo_show_page(cairo_.get());
   }
 
-  void finish() {
+  /// The bytes of the PDF.
+  const std::string& finish() {
     cairo_.reset();
     cairo_surface_finish(surface_.get());
     if (const cairo_status_t status = cairo_surface_status(surface_.get()); status != CAIRO_STATUS_SUCCESS)
       throw std::runtime_error(cairo_status_to_string(status));
+    return pdf_;
   }
 
   /// align: the part of the text's width that lies left of x.
@@ -88,12 +91,17 @@ class Pages {
   }
 
  private:
+  static cairo_status_t append(void* pdf, const unsigned char* bytes, unsigned int count) {
+    static_cast<std::string*>(pdf)->append(reinterpret_cast<const char*>(bytes), count);
+    return CAIRO_STATUS_SUCCESS;
+  }
   void line(double x1, double y1, double x2, double y2) {
     cairo_move_to(cairo_.get(), x1, y1);
     cairo_line_to(cairo_.get(), x2, y2);
   }
 
   const PageOptions& options_;
+  std::string pdf_;
   std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface_;
   std::unique_ptr<cairo_t, decltype(&cairo_destroy)> cairo_;
   int page_ = 0;
@@ -154,10 +162,10 @@ void drawsolutions(Pages& pages, const std::vector<Printed>& puzzles, const Page
 }  // namespace
 
 void drawpages(const std::string& file, const std::vector<Printed>& puzzles, const PageOptions& options) {
-  Pages pages(file, options);
+  Pages pages(options);
   drawpuzzles(pages, puzzles, options);
   if (options.solutions) drawsolutions(pages, puzzles, options);
-  pages.finish();
+  replacefile(file, pages.finish());
 }
 
 }  // namespace gradino::cli

@@ -18,7 +18,8 @@ struct PageOptions {
   bool solutions = false;                   ///< on pages of their own at the end
 };
 
-/// Throws std::runtime_error when the file can't be written. The words are in the language in force.
+/// Throws std::runtime_error when the file can't be written; it is as it was then. The words are in the
+/// language in force.
 void drawpages(const std::string& file, const std::vector<Printed>& puzzles, const PageOptions& options);
 
 }  // namespace gradino::cli

@@ -29,40 +29,22 @@ struct Tally {
 
 // What one puzzle gives, as a worker sends it: [[walk or grade, technique, steps, placed, deleted, wrong],
 // ...] and the contradictions as text.
+Json result(bool checked) {
+  return {{"checked", checked}, {"tallies", Json::array()}, {"wrong", ""}};
+}
+
 std::string checkpuzzle(const std::string& puzzle) {
-  Json out = {{"checked", solutionsof(puzzle) == 1}, {"tallies", Json::array()}, {"wrong", ""}};
-  if (!out["checked"]) return out.dump();
-  std::map<std::pair<std::string, std::string>, Tally> tallies;
-  std::string wrong;
-  const auto use = [&](const char* who) {
-    return [&, who](const CheckedStep& step) {
-      Tally& tally = tallies[{who, step.technique}];
-      tally.steps += 1;
-      tally.placed += step.placed;
-      tally.deleted += step.deleted;
-      tally.wrong += static_cast<long>(step.wrong.size());
-      for (const std::string& contradiction : step.wrong)
-        wrong +=
-            fmt::format("{}\n  {}, {}: {}\n  {}\n", puzzle, who, step.technique, contradiction, step.words);
-    };
-  };
-  checkgrade(puzzle, use("grade"));
-  checkwalk(puzzle, false, use("walk"));
-  for (const auto& [name, tally] : tallies)
-    out["tallies"].push_back(
-        {name.first, name.second, tally.steps, tally.placed, tally.deleted, tally.wrong});
-  out["wrong"] = wrong;
-  return out.dump();
+  return solutionsof(puzzle) == 1 ? checksteps(puzzle) : result(false).dump();
 }
 
 struct Summary {
   std::map<std::pair<std::string, std::string>, Tally> tallies;
   long puzzles = 0, unchecked = 0, wrong = 0;
 
-  void add(const Json& result) {
+  void add(const Json& found) {
     puzzles += 1;
-    unchecked += !result["checked"].get<bool>();
-    for (const Json& entry : result["tallies"]) {
+    unchecked += !found["checked"].get<bool>();
+    for (const Json& entry : found["tallies"]) {
       Tally& tally = tallies[{entry[0], entry[1]}];
       tally.steps += entry[2].get<long>();
       tally.placed += entry[3].get<long>();
@@ -88,20 +70,53 @@ bool selftest(const SelftestOptions& options) {
       eachpuzzlefile(options.files, [&](const std::string&, const std::vector<formats::Puzzle>& some) {
         for (const formats::Puzzle& puzzle : some) puzzles.push_back(puzzle.cells);
       });
+  return report(puzzles, options.jobs, checkpuzzle) && read;
+}
+
+}  // namespace
+
+std::string checksteps(const std::string& puzzle) {
+  Json out = result(true);
+  std::map<std::pair<std::string, std::string>, Tally> tallies;
+  std::string wrong;
+  const auto use = [&](const char* who) {
+    return [&, who](const CheckedStep& step) {
+      Tally& tally = tallies[{who, step.technique}];
+      tally.steps += 1;
+      tally.placed += step.placed;
+      tally.deleted += step.deleted;
+      tally.wrong += static_cast<long>(step.wrong.size());
+      for (const std::string& contradiction : step.wrong)
+        wrong +=
+            fmt::format("{}\n  {}, {}: {}\n  {}\n", puzzle, who, step.technique, contradiction, step.words);
+    };
+  };
+  checkgrade(puzzle, use("grade"));
+  checkwalk(puzzle, false, use("walk"));
+  for (const auto& [name, tally] : tallies)
+    out["tallies"].push_back(
+        {name.first, name.second, tally.steps, tally.placed, tally.deleted, tally.wrong});
+  out["wrong"] = wrong;
+  return out.dump();
+}
+
+bool report(const std::vector<std::string>& puzzles, int jobs,
+            const std::function<std::string(const std::string&)>& check) {
   Summary summary;
   Progress progress("checked", puzzles.size());
-  const bool done = eachinorder(puzzles, options.jobs, checkpuzzle, [&](const std::string& text) {
-    const Json result = Json::parse(text);
-    summary.add(result);
-    fmt::print("{}", result["wrong"].get<std::string>());
+  const bool done = eachinorder(puzzles, jobs, check, [&](const std::string& text) {
+    const Json found = Json::parse(text);
+    summary.add(found);
+    if (const auto wrong = found["wrong"].get<std::string>(); !wrong.empty()) {
+      progress.end();
+      fmt::print("{}", wrong);
+    }
     progress.step();
   });
   progress.end();
   summary.print();
-  return read && done && summary.wrong == 0;
+  return done && summary.wrong == 0;
 }
-
-}  // namespace
 
 std::function<bool()> addselftest(CLI::App& app) {
   auto options = std::make_shared<SelftestOptions>();

@@ -3,12 +3,22 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
 }
 
 namespace gradino::cli {
+
+/// Grades and walks a puzzle of one solution; returns what the steps of each technique did and what was wrong
+/// with them, as text for `report`.
+std::string checksteps(const std::string& puzzle);
+
+/// Prints what `check` found wrong with the puzzles, and the summary by technique. False: there was
+/// something.
+bool report(const std::vector<std::string>& puzzles, int jobs,
+            const std::function<std::string(const std::string& puzzle)>& check);
 
 /// Adds the sub-command `selftest`. It runs by the function; false: a step contradicted a solution, or a file
 /// wasn't read.

@@ -66,6 +66,7 @@ void fromlibrary(const SheetOptions& options, std::vector<Printed>& puzzles) {
   const std::filesystem::path file = librarystore(options.library);
   if (!std::filesystem::exists(file)) throw std::runtime_error(fmt::format("no library {}", file.string()));
   Store store(file);
+  Progress progress("fetched");
   for (const std::string& text : options.levels) {
     const auto [level, count] = levelandcount(text, options.page.perpage);
     const std::string query =
@@ -81,11 +82,16 @@ void fromlibrary(const SheetOptions& options, std::vector<Printed>& puzzles) {
       printed.level = level;
       printed.difficulty = static_cast<int>(leadingnumber(record->row[field::difficolta]));
       puzzles.push_back(printed);
+      progress.step();
     }
   }
 }
 
 bool sheet(SheetOptions options) {
+  std::error_code error;
+  for (const std::string& file : options.files)
+    if (std::filesystem::equivalent(file, options.output, error))
+      throw std::runtime_error(fmt::format("{}: is read, and can't be the sheet", options.output));
   std::vector<Printed> puzzles;
   fromlibrary(options, puzzles);
   bool good = true;
@@ -102,11 +108,7 @@ bool sheet(SheetOptions options) {
   }
   if (puzzles.empty()) throw std::runtime_error("no puzzle for the sheet");
   if (options.paper == "Letter") options.page.width = 612, options.page.height = 792;
-  try {
-    drawpages(options.output, puzzles, options.page);
-  } catch (const std::runtime_error& error) {
-    throw std::runtime_error(fmt::format("{}: {}", options.output, error.what()));
-  }
+  drawpages(options.output, puzzles, options.page);
   return good;
 }
 

@@ -117,17 +117,65 @@ TEST(Convert, WhatIsNoPuzzleIsRefusedWithItsLine) {
   starts(std::string(81, '.'), "1: the puzzle that begins here is empty");
   starts(eight, "1: 8 rows from here to line 8: expected nine");
   starts(wrong, "9: not a puzzle's line");
-  starts(eight + "\n" + eight, "10: a blank line above this row and 8 rows before it");
+  starts(eight + "\n" + eight, "10: a blank or drawn line above this row and 8 rows of its puzzle before it");
+  starts(puzzle + "\n.........", "2: a row of nine cells among puzzles of one line each");
   starts(puzzle + "\nGrid 2\n" + puzzle, "2: other words among puzzles of one line each");
   starts("[Game]\n" + puzzle, "1: no section [Puzzle]");
+  starts("\n[Puzzle]\n\n[State]\n" + puzzle, "3: no puzzle");
   starts("[Puzzle]\n" + puzzle + "\n" + puzzle, "1: a section [Puzzle] of 2 puzzles");
   starts("<opensudoku>\n<game data=\"12\"/></opensudoku>", "2: data of a game: expected 81");
   starts("<opensudoku version=\"9\"/>", "1: <opensudoku> of version 9");
   starts("<other/>", "1: an element <other>");
   starts("<opensudoku>\n\n<game", "3: no XML");
-  starts("{\n\"cells\": [5]}", "1: entry 1 of \"cells\"");
+  starts("<opensudoku/>\n\n<opensudoku/>", "3: more behind the end of the XML");
+  starts("{\n\"cells\": [5]}", "2: entry 1 of \"cells\"");
+  starts("{\"cells\": [],\n\"cells\": [\n5]}", "3: entry 1 of \"cells\"");
+  starts("{\n\"other\": [1e999]}", "2: a number out of range");
   starts("{\n\"cells\": [5\n}", "3: no JSON");
   starts(std::string("1\0", 2), "1: a control character");
+}
+
+/// The puzzle's rows, each behind `fence`.
+std::string rowsof(const std::string& cells, const std::string& fence) {
+  std::string text;
+  for (std::size_t row = 0; row < 9; ++row) text += fence + cells.substr(row * 9, 9) + "\n";
+  return text;
+}
+
+TEST(Convert, RowsStandTogetherOrInBandsOrAlone) {
+  const std::string rows = rowsof(puzzle, "");
+  std::string bands = rows;
+  bands.insert(60, "\n").insert(30, "=========\n");
+  EXPECT_EQ(formats::readpuzzles(rows + bands + rowsof(puzzle, "---------\n")).size(), 3U);
+  // Six rows of a puzzle, another, and three rows: none lends the other any.
+  EXPECT_EQ(refusal(rows.substr(0, 60) + "\n" + rows + "\n" + rows.substr(60)).substr(0, 15),
+            "8: a blank or d");
+  std::string parted = rows;
+  EXPECT_EQ(refusal(parted.insert(20, "=========\n") + rows).substr(0, 15), "4: a blank or d");
+}
+
+TEST(Convert, LineEndsOfAllSystemsAreRead) {
+  for (const std::string end : {"\n", "\r\n", "\r"}) {
+    std::string text = "# one" + end;
+    for (std::size_t row = 0; row < 9; ++row) text += puzzle.substr(row * 9, 9) + end;
+    const Puzzle read = formats::readpuzzles(text).front();
+    EXPECT_EQ(read.cells, puzzle);
+    EXPECT_EQ(read.line, 2);
+    EXPECT_EQ(refusal(text + "12" + end).substr(0, 4), "11: ");
+  }
+}
+
+TEST(Convert, ASemicolonBeginsARowOrAComment) {
+  std::string text = "; five; nine;;\n";
+  for (std::size_t i = 0; i < puzzle.size(); ++i) {
+    if (puzzle[i] != '.') text += puzzle[i];
+    text += i % 9 == 8 ? '\n' : ';';
+  }
+  EXPECT_EQ(formats::readpuzzles(text).front().cells, puzzle);
+}
+
+TEST(Convert, RowsMayBeIndentedByATab) {
+  EXPECT_EQ(formats::readpuzzles(rowsof(puzzle, "\t")).front().cells, puzzle);
 }
 
 TEST(Convert, LettersThatCouldBeEitherAreRefused) {

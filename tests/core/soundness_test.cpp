@@ -8,7 +8,9 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include "selftest.h"
 #include "tables.h"
 
 namespace gradino::tests {
@@ -85,6 +87,28 @@ TEST(Soundness, AStepAgainstTheSolutionIsTold) {
   cli::checkgrade("8......464..........6..2.5.7.1...96......7....92.1...4..7..6.9894.....1.....75..2",
                   witness.hear());
   EXPECT_NE(witness.wrong, nothing);
+}
+
+TEST(Soundness, TheSelftestFailsByAContradictionAndSaysWhere) {
+  const std::string several =
+      "8......464..........6..2.5.7.1...96......7....92.1...4..7..6.9894.....1.....75..2";
+  testing::internal::CaptureStdout();
+  const bool good = cli::report({several, several}, 2, cli::checksteps);
+  const std::string text = testing::internal::GetCapturedStdout();
+  EXPECT_FALSE(good);
+  EXPECT_EQ(text.find(several + "\n  grade, "), 0U) << text;
+  EXPECT_NE(text.find(": places "), std::string::npos) << text;
+  EXPECT_NE(text.find(", which is 0\n"), std::string::npos) << text;
+  EXPECT_EQ(text.find(" 0 contradictions\n"), std::string::npos) << text;
+}
+
+TEST(Soundness, TheSelftestFailsWhenAWorkerEnds) {
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  const bool good = cli::report({"one"}, 1, [](const std::string&) -> std::string { _exit(1); });
+  testing::internal::GetCapturedStdout();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "a worker ended before puzzle 1 was done\n");
+  EXPECT_FALSE(good);
 }
 
 }  // namespace

@@ -100,6 +100,11 @@ std::optional<Cells> fencedrow(std::string_view line) {
   if (line.starts_with('|')) line.remove_prefix(1);
   if (line.ends_with('|')) line.remove_suffix(1);
   Fields pieces = splitat(line, '|');
+  constexpr std::size_t doubled = rowlength + 2;  // between blocks there are two bars
+  if (pieces.size() == doubled && pieces[3].empty() && pieces[7].empty()) {
+    pieces.erase(pieces.begin() + 7);
+    pieces.erase(pieces.begin() + 3);
+  }
   if (pieces.size() == rowlength) {
     for (std::string_view& piece : pieces) piece = trimmed(piece);
     return cellsof(pieces, true);
@@ -130,7 +135,11 @@ bool issymbol(char c) {
 }
 
 std::optional<Cells> rowin(std::string_view line) {
-  if (line.find_first_of(",;\t") != std::string_view::npos) return separated(line, rowlength);
+  if (line.find_first_of(",;\t") != std::string_view::npos) {
+    const std::optional<Cells> fields = separated(line, rowlength);
+    const bool indented = trimmed(line).find_first_of(",;\t") == std::string_view::npos;
+    return !fields && indented ? rowin(trimmed(line)) : fields;
+  }
   if (line.find('|') != std::string_view::npos) return fencedrow(trimmed(line));
   const Fields tokens = words(line);
   if (tokens.size() == rowlength) return cellsof(tokens, true);

@@ -1,5 +1,8 @@
 #include "jsonformats.h"
 
+#include <cstddef>
+#include <iterator>
+
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
@@ -10,50 +13,106 @@ namespace {
 
 using Json = nlohmann::json;
 
-constexpr long firstline = 1;  // a parsed value doesn't know its line
+constexpr long firstline = 1;
 
-/// A whole number in a range; none there: the default, which is out of it.
-long numberin(const Json& object, long low, long high, std::size_t number, const char* what) {
-  if (object.is_number_integer())
-    if (const auto value = object.get<long>(); value >= low && value <= high) return value;
-  throw Unreadable(firstline, fmt::format("entry {} of \"cells\": expected {}", number, what));
+/// A text as the parser reads it, which tells how far it is.
+class Cursor {
+ public:
+  using iterator_category = std::input_iterator_tag;
+  using value_type = char;
+  using difference_type = std::ptrdiff_t;
+  using pointer = const char*;
+  using reference = const char&;
+
+  Cursor(const char* at, long& line) : at_(at), line_(&line) {}
+  reference operator*() const { return *at_; }
+  Cursor& operator++() {
+    *line_ += *at_++ == '\n';
+    return *this;
+  }
+  bool operator==(const Cursor& other) const { return at_ == other.at_; }
+
+ private:
+  const char* at_;
+  long* line_;
+};
+
+/// The game, and the lines that the entries of "cells" begin in, which a parsed value doesn't know.
+struct Game {
+  Json json;
+  std::vector<long> lines;
+};
+
+Game parsed(std::string_view text) {
+  constexpr int listdepth = 1, entrydepth = 2;
+  Game game;
+  long line = firstline;
+  bool incells = false;
+  const auto heed = [&](int depth, Json::parse_event_t event, const Json& value) {
+    using Event = Json::parse_event_t;
+    if (event == Event::key && depth == listdepth) {
+      incells = value == "cells";
+      if (incells) game.lines.clear();
+    }
+    if (incells && depth == entrydepth &&
+        (event == Event::object_start || event == Event::array_start || event == Event::value))
+      game.lines.push_back(line);
+    return true;
+  };
+  try {
+    const char* const end = text.data() + text.size();
+    game.json = Json::parse(Cursor(text.data(), line), Cursor(end, line), heed);
+  } catch (const Json::parse_error&) {
+    throw Unreadable(line, "no JSON: expected a game as GNOME Sudoku keeps it");
+  } catch (const Json::out_of_range&) {
+    throw Unreadable(line, "a number out of range: expected a game as GNOME Sudoku keeps it");
+  }
+  return game;
 }
 
-void takecell(const Json& cell, std::size_t number, std::string& cells) {
+/// An entry of "cells".
+struct Entry {
+  const Json& json;
+  std::size_t number;
+  long line;
+
+  [[noreturn]] void fail(const char* what) const {
+    throw Unreadable(line, fmt::format("entry {} of \"cells\": expected {}", number, what));
+  }
+  /// A whole number in a range.
+  long numberin(const Json& value, long low, long high, const char* what) const {
+    if (!value.is_number_integer() || value < low || value > high) fail(what);
+    return value.get<long>();
+  }
+};
+
+void takecell(const Entry& entry, std::string& cells) {
   constexpr const char* where = "\"position\": [row, column], each 0 to 8";
-  constexpr const char* form = "an object with \"position\", \"value\" and \"fixed\"";
-  const auto fail = [&](const char* what) {
-    throw Unreadable(firstline, fmt::format("entry {} of \"cells\": expected {}", number, what));
-  };
+  const Json& cell = entry.json;
   if (!cell.is_object() || !cell.contains("position") || !cell.contains("value") || !cell.contains("fixed"))
-    fail(form);
+    entry.fail("an object with \"position\", \"value\" and \"fixed\"");
   const Json& position = cell["position"];
-  if (!position.is_array() || position.size() != 2) fail(where);
-  if (!cell["fixed"].is_boolean()) fail("\"fixed\": true or false");
-  const long row = numberin(position[0], 0, 8, number, where),
-             column = numberin(position[1], 0, 8, number, where);
-  const long value = numberin(cell["value"], 0, 9, number, "\"value\": 0 to 9");
+  if (!position.is_array() || position.size() != 2) entry.fail(where);
+  if (!cell["fixed"].is_boolean()) entry.fail("\"fixed\": true or false");
+  const long row = entry.numberin(position[0], 0, 8, where),
+             column = entry.numberin(position[1], 0, 8, where);
+  const long value = entry.numberin(cell["value"], 0, 9, "\"value\": 0 to 9");
   if (!cell["fixed"].get<bool>()) return;
-  if (value == 0) fail("a digit in a cell that is fixed");
+  if (value == 0) entry.fail("a digit in a cell that is fixed");
   char& place = cells[static_cast<std::size_t>(row * 9 + column)];
-  if (place != '.') fail("each cell once");
+  if (place != '.') entry.fail("each cell once");
   place = static_cast<char>('0' + value);
 }
 
 }  // namespace
 
 std::vector<Puzzle> readjson(std::string_view text) {
-  Json game;
-  try {
-    game = Json::parse(text);
-  } catch (const Json::parse_error& error) {
-    throw Unreadable(lineof(text, error.byte), "no JSON: expected a game as GNOME Sudoku keeps it");
-  }
-  const auto cells = game.find("cells");
-  if (cells == game.end() || !cells->is_array())
+  const Game game = parsed(text);
+  const auto cells = game.json.find("cells");
+  if (cells == game.json.end() || !cells->is_array())
     throw Unreadable(firstline, "expected a game as GNOME Sudoku keeps it, with a list \"cells\"");
   Puzzle puzzle{std::string(81, '.'), firstline};
-  for (std::size_t i = 0; i < cells->size(); ++i) takecell((*cells)[i], i + 1, puzzle.cells);
+  for (std::size_t i = 0; i < cells->size(); ++i) takecell({(*cells)[i], i + 1, game.lines[i]}, puzzle.cells);
   return {puzzle};
 }
 

@@ -31,9 +31,21 @@ void checktext(std::string_view text) {
   long line = 1;
   for (const char c : text) {
     if (c == '\n') ++line;
-    if (static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\r' && c != '\n' && c != '\f')
+    if (static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\f')
       throw Unreadable(line, "a control character: expected a text, in UTF-8 or of single bytes");
   }
+}
+
+/// Every line end becomes a line feed: it may be CR LF, or CR alone.
+std::string plainlines(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t at = 0; at < text.size(); ++at)
+    if (text[at] != '\r')
+      out += text[at];
+    else if (at + 1 == text.size() || text[at + 1] != '\n')
+      out += '\n';
+  return out;
 }
 
 }  // namespace
@@ -60,12 +72,13 @@ Puzzle checked(Puzzle puzzle) {
   return puzzle;
 }
 
-std::vector<Puzzle> readpuzzles(std::string_view text) {
+std::vector<Puzzle> readpuzzles(std::string_view bytes, const std::function<void()>& heard) {
   constexpr std::string_view mark = "\xEF\xBB\xBF";
-  if (text.starts_with(mark)) text.remove_prefix(mark.size());
+  if (bytes.starts_with(mark)) bytes.remove_prefix(mark.size());
+  const std::string text = plainlines(bytes);
   checktext(text);
-  const std::size_t first = text.find_first_not_of(" \t\r\n\f");
-  if (first == std::string_view::npos) throw Unreadable(1, "nothing there: expected a puzzle");
+  const std::size_t first = text.find_first_not_of(" \t\n\f");
+  if (first == std::string::npos) throw Unreadable(1, "nothing there: expected a puzzle");
   std::vector<Puzzle> puzzles;
   if (text[first] == '<') {
     puzzles = readxml(text);
@@ -73,7 +86,7 @@ std::vector<Puzzle> readpuzzles(std::string_view text) {
     puzzles = readjson(text);
   } else {
     const std::vector<TextLine> lines = textlines(text);
-    puzzles = hassections(lines) ? readsections(lines) : readgrids(lines);
+    puzzles = hassections(lines) ? readsections(lines) : readgrids(lines, heard);
   }
   for (Puzzle& puzzle : puzzles) puzzle = checked(std::move(puzzle));
   return puzzles;

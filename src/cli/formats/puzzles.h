@@ -10,6 +10,7 @@
 // What a form holds besides the givens (entries of a player, pencil marks of a game, times) is left behind.
 #pragma once
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -28,8 +29,11 @@ struct Unreadable : std::runtime_error {
   long line;
 };
 
-/// All puzzles of a text, at least one, in their order. Throws Unreadable; then none of it is to be used.
-std::vector<Puzzle> readpuzzles(std::string_view text);
+/// All puzzles of a text, at least one, in their order; its lines end at LF, CR LF or CR. `heard` is called
+/// behind each line of grids, which a long file has many of. Throws Unreadable; then none of it is to be
+/// used.
+std::vector<Puzzle> readpuzzles(
+    std::string_view bytes, const std::function<void()>& heard = [] {});
 
 /// The puzzle, if it is one: a digit at least, and none twice in a house. Throws Unreadable.
 Puzzle checked(Puzzle puzzle);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <set>
 
 #include <fmt/format.h>
 
@@ -65,7 +66,9 @@ bool couldbedrawn(const Cells& row) {
 Line linein(const TextLine& line) {
   const std::string_view text = trimmed(line.text);
   const auto is = [&](Kind kind) { return Line{kind, line.number, {}}; };
-  if (!text.empty() && iscomment(text)) return is(Kind::comment);
+  // A row whose first field is empty can begin with the semicolon that a comment begins with.
+  if (!text.empty() && iscomment(text) && !(text.starts_with(';') && rowin(line.text)))
+    return is(Kind::comment);
   if (text.starts_with(':'))
     if (const auto cells = libraryline(text)) return {Kind::whole, line.number, *cells};
   if (!text.empty() && isstroke(text)) return is(Kind::frame);
@@ -99,10 +102,11 @@ Puzzle joined(const std::vector<Line>& rows, std::size_t from) {
   return puzzle;
 }
 
-/// The lines between two headings that are rows, and the places of blank lines: how many rows are above each.
+/// The lines between two headings that are rows, and the places of blank lines and of drawn ones: how many
+/// rows are above each.
 struct Section {
   std::vector<Line> rows;
-  std::vector<std::size_t> gaps;
+  std::set<std::size_t> gaps;
 };
 
 Section decided(const std::vector<Line>& lines) {
@@ -114,26 +118,30 @@ Section decided(const std::vector<Line>& lines) {
     if (line.kind == Kind::row ||
         (line.kind == Kind::undecided && marks.find(line.cells.marks[0]) != std::string::npos))
       section.rows.push_back(line);
-    else if (line.kind == Kind::blank || (line.kind == Kind::undecided && line.cells.marks == " "))
-      section.gaps.push_back(section.rows.size());
+    else if (line.kind != Kind::comment)
+      section.gaps.insert(section.rows.size());
   }
   return section;
 }
 
-/// Rows that a blank line parts from the others of their puzzle must be a band, or all rows are parted: else
-/// one puzzle lacks a row, and the next would lend it one.
+/// The rows of each puzzle stand together, or its bands do, or every row is alone. Else one puzzle lacks a
+/// row, and the next would lend it one.
 void checkgaps(const Section& section) {
-  std::vector<std::size_t> gaps = section.gaps;
-  gaps.erase(std::unique(gaps.begin(), gaps.end()), gaps.end());
-  std::erase_if(gaps, [&](std::size_t gap) { return gap == 0 || gap >= section.rows.size(); });
-  if (gaps.size() + 1 == section.rows.size()) return;
-  for (const std::size_t gap : gaps)
-    if (gap % 3 != 0)
-      throw Unreadable(
-          section.rows[gap].number,
-          fmt::format("a blank line above this row and {} rows before it: expected nine rows together, "
-                      "or blank lines between bands of three",
-                      gap));
+  for (std::size_t first = 0; first < section.rows.size(); first += rowcount) {
+    std::vector<std::size_t> inside, bands, all;
+    for (std::size_t above = 1; above < std::min(rowcount, section.rows.size() - first); ++above) {
+      all.push_back(above);
+      if (above % 3 == 0) bands.push_back(above);
+      if (section.gaps.contains(first + above)) inside.push_back(above);
+    }
+    if (inside.empty() || inside == bands || inside == all) continue;
+    const auto odd = std::ranges::find_if(inside, [](std::size_t above) { return above % 3 != 0; });
+    const std::size_t above = odd != inside.end() ? *odd : inside.front();
+    throw Unreadable(section.rows[first + above].number,
+                     fmt::format("a blank or drawn line above this row and {} rows of its puzzle before it: "
+                                 "expected nine rows together, or bands of three, or each row alone",
+                                 above));
+  }
 }
 
 void readrows(const std::vector<Line>& lines, std::vector<Puzzle>& puzzles) {
@@ -148,18 +156,17 @@ void readrows(const std::vector<Line>& lines, std::vector<Puzzle>& puzzles) {
   for (std::size_t from = 0; from < rows.size(); from += rowcount) puzzles.push_back(joined(rows, from));
 }
 
-void refuse(const std::vector<Line>& lines, Kind kind, const char* found) {
-  const auto at = std::ranges::find(lines, kind, &Line::kind);
-  if (at != lines.end())
-    throw Unreadable(at->number,
-                     fmt::format("{} among puzzles of one line each: expected 81 cells in each line", found));
+void refuse(const Line& line, const char* found) {
+  throw Unreadable(line.number,
+                   fmt::format("{} among puzzles of one line each: expected 81 cells in each line", found));
 }
 
 std::vector<Puzzle> readcollection(const std::vector<Line>& lines) {
-  refuse(lines, Kind::row, "a row of nine cells");
-  refuse(lines, Kind::heading, "other words");
   std::vector<Puzzle> puzzles;
   for (const Line& line : lines) {
+    if (line.kind == Kind::row || (line.kind == Kind::undecided && line.cells.marks == "."))
+      refuse(line, "a row of nine cells");
+    if (line.kind == Kind::heading) refuse(line, "other words");
     if (line.kind != Kind::whole) continue;
     onemark(line.cells.marks, line.number);
     puzzles.push_back({line.cells.symbols, line.number});
@@ -169,9 +176,12 @@ std::vector<Puzzle> readcollection(const std::vector<Line>& lines) {
 
 }  // namespace
 
-std::vector<Puzzle> readgrids(const std::vector<TextLine>& text) {
+std::vector<Puzzle> readgrids(const std::vector<TextLine>& text, const std::function<void()>& heard) {
   std::vector<Line> lines;
-  std::transform(text.begin(), text.end(), std::back_inserter(lines), linein);
+  for (const TextLine& line : text) {
+    lines.push_back(linein(line));
+    heard();
+  }
   if (std::ranges::find(lines, Kind::whole, &Line::kind) != lines.end()) return readcollection(lines);
 
   std::vector<Puzzle> puzzles;
@@ -185,7 +195,7 @@ std::vector<Puzzle> readgrids(const std::vector<TextLine>& text) {
     }
   }
   readrows(section, puzzles);
-  if (puzzles.empty()) throw Unreadable(1, fmt::format("no puzzle: {}", expected));
+  if (puzzles.empty()) throw Unreadable(text.front().number, fmt::format("no puzzle: {}", expected));
   return puzzles;
 }
 

@@ -41,10 +41,7 @@ std::string plain(std::string_view line) {
 std::vector<TextLine> textlines(std::string_view text) {
   std::vector<TextLine> lines;
   long number = 1;
-  for (std::string_view line : splitat(text, '\n')) {
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    lines.push_back({number++, plain(line)});
-  }
+  for (const std::string_view line : splitat(text, '\n')) lines.push_back({number++, plain(line)});
   return lines;
 }
 

@@ -12,7 +12,8 @@ struct TextLine {
   std::string text;
 };
 
-/// The lines, without their ends. Drawn frames of line characters become | = and +, a fixed blank a blank.
+/// The lines, each without its line feed. Drawn frames of line characters become | = and +, a fixed blank a
+/// blank.
 std::vector<TextLine> textlines(std::string_view text);
 
 std::string_view trimmed(std::string_view text);

@@ -140,12 +140,17 @@ std::vector<Puzzle> ksudoku(const pugi::xml_node& root, std::string_view text) {
 
 std::vector<Puzzle> readxml(std::string_view text) {
   pugi::xml_document document;
-  const pugi::xml_parse_result result =
-      document.load_buffer(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8);
+  const pugi::xml_parse_result result = document.load_buffer(
+      text.data(), text.size(), pugi::parse_default | pugi::parse_fragment, pugi::encoding_utf8);
   if (!result)
     throw Unreadable(lineof(text, static_cast<std::size_t>(result.offset)),
                      fmt::format("no XML ({}): expected well-formed elements", result.description()));
-  const pugi::xml_node root = document.document_element();
+  const pugi::xml_node root = document.first_child();
+  if (const pugi::xml_node other = root.next_sibling()) {
+    const auto at = static_cast<std::size_t>(other.offset_debug());
+    throw Unreadable(lineof(text, text.find_first_not_of(" \t\f\n", at)),
+                     "more behind the end of the XML: expected one element");
+  }
   const std::string_view name = root.name();
   if (name == "opensudoku") return opensudoku(root, text);
   if (name == "ksudoku") return ksudoku(root, text);

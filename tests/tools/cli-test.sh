@@ -1,0 +1,185 @@
+#!/usr/bin/env bash
+# The command lines of gradino-cli from outside: whole outputs, errors with their lines, exit statuses, pages,
+# progress.
+#
+#   tests/tools/cli-test.sh GRADINO-CLI TESTDATA
+set -euo pipefail
+cli=$(readlink -f "$1")
+data=$(readlink -f "$2")
+
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
+cd "$place"
+mkdir here
+failures=0
+
+puzzle=..45...6..6..94..39.......78.....67..5...219..1..4.2.....875...2..31.....89......
+turned=$(rev <<<"$puzzle")
+expected="expected a line of 81 cells, or a row of nine, each 1-9 or one of . 0 x X * _ - ? or blank for an empty one"
+
+fail() {
+  echo "cli-test: $*" >&2
+  failures=$((failures + 1))
+}
+same() {
+  [[ $2 == "$3" ]] && return
+  fail "$1"
+  diff <(printf '%s\n' "$3") <(printf '%s\n' "$2") >&2 || true
+}
+
+# run STATUS STDOUT STDERR COMMAND...: both outputs have to be just that, without their last line ends.
+run() {
+  local status=0 wanted=("$@")
+  "${wanted[@]:3}" >out.txt 2>err.txt </dev/null || status=$?
+  same "status of: ${wanted[*]:3}" "$status" "$1"
+  same "output of: ${wanted[*]:3}" "$(<out.txt)" "$2"
+  same "errors of: ${wanted[*]:3}" "$(<err.txt)" "$3"
+}
+# Nothing but what was there before.
+nothingnew() { same "files beside: $1" "$(ls here)" ""; }
+refused() {
+  run 1 "" "$data/$1" "$cli" convert -o here "$data/${1%%:*}"
+  nothingnew "$1"
+}
+lines() { printf '%s\n' "$@"; }
+
+echo "cli-test: every sample becomes the same puzzle in every form, which is read back"
+samples=("$data"/formats/*)
+for index in "${!samples[@]}"; do
+  # A cell of one pencil mark is filled.
+  [[ ${samples[index]} == */pencilmarks.txt ]] && unset "samples[$index]"
+done
+for form in sav lgc sdm ss sdk; do
+  mkdir "$form" back
+  "$cli" convert --to "$form" -o "$form" "${samples[@]}" >/dev/null || fail "not all is written as $form"
+  "$cli" convert --to sdm -o back "$form"/* >/dev/null || fail "not all of $form is read back"
+  for sample in "${samples[@]}"; do
+    name=$(basename "${sample%.*}")
+    read -r found < <(cat back/"$name"{-1,}.sdm 2>/dev/null) || true
+    same "$name of $form" "${found%$'\r'}" "$puzzle"
+  done
+  rm -r back
+done
+
+echo "cli-test: convert writes"
+run 0 here/line.sav "" "$cli" convert -o here "$data/formats/line.txt"
+same "the bytes of line.sav" "$(od -c here/line.sav | md5sum)" "$(printf '%s\r\n' "$puzzle" | od -c | md5sum)"
+run 1 "" "here/line.sav: is there already; --force writes over it" \
+  "$cli" convert -o here "$data/formats/line.txt"
+run 0 here/line.sav "" "$cli" convert --force -o here "$data/formats/line.txt"
+run 1 here/line.sdk "here/line.sdk: is another puzzle's name already; -o names another folder" \
+  "$cli" convert --force --to sdk -o here "$data/formats/line.txt" "$data/formats/../formats/line.txt"
+same "line.sdk" "$(tr -d '\r' <here/line.sdk)" "[Puzzle]
+$(fold -w9 <<<"$puzzle")"
+rm here/*
+run 0 "$(lines here/collection-1.lgc here/collection-2.lgc)" "" \
+  "$cli" convert --to lgc -o here "$data/formats/collection.sdm"
+same "a drawing" "$(sed -n 's/\r$//;2p;5p' here/collection-2.lgc)" \
+  "$(lines '| .     .     .     | .     .     .     | 9     8     .     |' \
+    '=============================================================')"
+rm here/*
+run 0 here/two-puzzles.sdm "" "$cli" convert --to sdm -o here "$data/exchange/two-puzzles.sdk"
+same "two-puzzles.sdm" "$(tr -d '\r' <here/two-puzzles.sdm)" "$(lines "$puzzle" "$turned")"
+rm here/*
+run 0 ./puzzle.ss "" bash -c "fold -w9 <<<$puzzle | $cli convert --to ss"
+same "puzzle.ss" "$(tr -d '\r' <puzzle.ss | sed -n 4,5p)" "$(lines ----------- '8..|...|67.')"
+
+for sample in carriage-returns.txt marked-crlf.sdm semicolons.csv double-bars.txt; do
+  "$cli" convert --to sdm -o here "$data/exchange/$sample" >/dev/null || fail "$sample isn't read"
+  same "$sample" "$(head -1 "here/${sample%.*}.sdm" | tr -d '\r')" "$puzzle"
+  rm here/*
+done
+
+echo "cli-test: convert refuses"
+refused "exchange/long-line.sdm:3: not a puzzle's line: $expected"
+refused "exchange/lent-rows.txt:8: a blank or drawn line above this row and 6 rows of its puzzle before it: expected nine rows together, or bands of three, or each row alone"
+refused 'exchange/short-game.opensudoku:5: data of a game: expected 81 of the digits 0-9'
+refused "exchange/followed.opensudoku:6: more behind the end of the XML: expected one element"
+refused 'exchange/position.json:4: entry 2 of "cells": expected "position": [row, column], each 0 to 8'
+refused "exchange/utf-16.txt:1: a control character: expected a text, in UTF-8 or of single bytes"
+: >empty.txt
+printf '{"cells": [{"position": [0, 0], "value": 1e999, "fixed": true}]}' >huge.json
+run 1 here/line.sav "$(lines "empty.txt:1: nothing there: expected a puzzle" \
+  "here: can't be read: Is a directory" "none.txt: can't be read: No such file or directory" \
+  "/proc/self/mem: can't be read: Input/output error" \
+  "huge.json:1: a number out of range: expected a game as GNOME Sudoku keeps it")" \
+  "$cli" convert -o here empty.txt here none.txt /proc/self/mem huge.json "$data/formats/line.txt"
+run 1 "" "standard input:1: nothing there: expected a puzzle" "$cli" convert -o here
+run 105 "" "$(lines "--output: Directory does not exist: none" "Run with --help for more information.")" \
+  "$cli" convert -o none "$data/formats/line.txt"
+run 105 "" "$(lines "--to: txt not in {sav,lgc,sdm,ss,sdk}" "Run with --help for more information.")" \
+  "$cli" convert --to txt "$data/formats/line.txt"
+
+echo "cli-test: what can't be written leaves no half"
+# No file may grow: as on a full disk, but for the error's name. (What measures coverage complains, too.)
+full() { (trap '' XFSZ && ulimit -f 0 && "$@" 2>&1 | grep -v ^profiling:); }
+same "a full disk" "$(full "$cli" convert --force -o here "$data/formats/line.txt")" \
+  "here/line.sav: can't be written: File too large"
+same "the file that was there" "$(tr -d '\r' <here/line.sav)" "$puzzle"
+same "a full disk" "$(full "$cli" sheet "$data/formats/line.txt" -o here/sheet.pdf)" \
+  "gradino-cli: here/sheet.pdf: can't be written: File too large"
+same "what is left" "$(ls here)" line.sav
+rm here/*
+run 1 "" "gradino-cli: /dev/full: can't be written: No space left on device" \
+  "$cli" sheet "$data/formats/line.txt" -o /dev/full
+run 1 "" "gradino-cli: here: can't be written: Is a directory" "$cli" sheet "$data/formats/line.txt" -o here
+run 1 "" "$(lines "empty.txt:1: nothing there: expected a puzzle" "gradino-cli: no puzzle for the sheet")" \
+  "$cli" sheet empty.txt -o here/sheet.pdf
+cp "$data/formats/line.txt" own.txt
+run 1 "" "gradino-cli: own.txt: is read, and can't be the sheet" "$cli" sheet own.txt -o own.txt
+run 1 "" "gradino-cli: --from-library 22: expected a level 0 to 21, or LEVEL:N" \
+  "$cli" sheet --from-library 22 -o here/sheet.pdf
+nothingnew sheet
+run 1 "" "standard output: No space left on device" bash -c "$cli convert --force -o . own.txt >/dev/full"
+
+echo "cli-test: sheets"
+words() { pdftotext -layout "$@" - | tr '\f' '\n' | tr -s ' \n'; }
+for perpage in 1:7 2:4 4:2 6:2; do
+  for paper in "A4:595.276 x 841.89 pts (A4)" "Letter:612 x 792 pts (letter)"; do
+    run 0 "" "" "$cli" sheet --per-page ${perpage%:*} --paper "${paper%%:*}" -o sheet.pdf \
+      "$data"/formats/{line,blanks,headings,dashes,dottedframe}.txt "$data/exchange/double-bars.txt"
+    same "pages at $perpage" "$(pdfinfo sheet.pdf | awk '/^Pages/ { print $2 }')" ${perpage#*:}
+    same "$paper" "$(pdfinfo sheet.pdf | sed -n 's/^Page size: *//p')" "${paper#*:}"
+    # Each number once, all within the page.
+    same "numbers" "$(words sheet.pdf | grep -o 'Sudoku [0-9]*')" "$(printf 'Sudoku %s\n' 1 2 3 4 5 6 7 | sort -k2 -n)"
+  done
+done
+grep -v -m 13 '^#' "$data/corpus/hard.txt" >hard.sdm
+run 0 "" "" "$cli" sheet --per-page 4 --solutions hard.sdm -o en.pdf
+run 0 "" "" "$cli" sheet --per-page 4 --solutions --lang it hard.sdm -o it.pdf
+"$cli" grade hard.sdm | awk 'NR > 1 { print "level " $1 " difficulty " $2 }' >grades.txt
+level() { sed -n "$1p" grades.txt; }
+for number in 1 5 13; do
+  page=$(((number + 3) / 4))
+  english=$(words -f $page -l $page en.pdf) italian=$(words -f $page -l $page it.pdf)
+  read -r _ grade _ difficulty <<<"$(level $number)"
+  [[ $english == *"Sudoku $number"* ]] || fail "no number $number on page $page"
+  grep -q "level $grade, .* · difficulty $difficulty\b" <<<"$english" || fail "no level $grade on page $page"
+  grep -q "livello $grade, .* · difficoltà $difficulty\b" <<<"$italian" || fail "no livello $grade on page $page"
+done
+same "pages with solutions" "$(pdfinfo en.pdf | awk '/^Pages/ { print $2 }')" 6
+same "heads of the solutions" "$(words en.pdf | grep -cx ' \?Solutions')$(words it.pdf | grep -cx ' \?Soluzioni')" 22
+solution=$("$cli" grade --json hard.sdm | sed -n '13s/.*"solution": *"\([1-9]*\)".*/\1/p')
+same "the last solution" "$(words -f 6 -l 6 en.pdf | tr -dc '0-9')" "13${solution}6"
+run 0 "" "" "$cli" sheet --from-library 5:3 -o library.pdf
+same "levels from the library" "$(words library.pdf | grep -o 'level [0-9]*')" "$(lines "level 5" "level 5" "level 5")"
+
+echo "cli-test: selftest"
+run 0 "$(<"$data/exchange/selftest.expected")" "" "$cli" selftest --jobs 2 hard.sdm "$data/formats/line.txt"
+run 1 "$(head -1 "$data/exchange/selftest.expected")
+0 puzzles, 0 of them not checked, as they haven't one solution; 0 contradictions" \
+  "empty.txt:1: nothing there: expected a puzzle" "$cli" selftest empty.txt
+run 0 "$(head -1 "$data/exchange/selftest.expected")
+1 puzzles, 1 of them not checked, as they haven't one solution; 0 contradictions" \
+  "" "$cli" selftest <(echo "${puzzle/45/..}")
+
+echo "cli-test: progress on a terminal only"
+grep -v -m 500 '^#' "$data/corpus/hard.txt" >long.sdm
+run 0 "$("$cli" selftest --jobs 2 long.sdm)" "" "$cli" selftest long.sdm
+# A line when a second is over, which is taken away at the end.
+shown=$(script -qec "$cli selftest long.sdm >/dev/null" /dev/null </dev/null) || fail "selftest on a terminal"
+[[ $shown == $'\r\033[Kchecked '*" of 500 ("*" %)"*$'\r\033[K' ]] || fail "no progress on a terminal, but: $shown"
+same "a short run on a terminal" "$(script -qec "$cli selftest hard.sdm >/dev/null" /dev/null </dev/null)" ""
+
+((failures == 0)) || exit 1
+echo "cli-test: all well"
