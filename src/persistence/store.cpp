@@ -1,8 +1,10 @@
 #include "store.h"
 
+#include <chrono>
 #include <fstream>
 #include <string_view>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include <SQLiteCpp/Database.h>
@@ -146,13 +148,7 @@ void bindrow(SQLite::Statement& statement, const LibraryRow& row) {
 
 struct Store::Connection {
   explicit Connection(const fs::path& path) : file(path), database(openfile(path)) {
-    if (!database.tableExists("schema")) {
-      if (database.execAndGet("SELECT count(*) FROM sqlite_master").getInt() != 0) refuse(damaged, file);
-      SQLite::Transaction whole(database);
-      database.exec(maketable);
-      database.exec(makeindex);
-      whole.commit();
-    }
+    if (!database.tableExists("schema")) maketables();
     SQLite::Statement allfields(database, recordsof(wholetable) + " LIMIT 0");
   }
 
@@ -167,9 +163,30 @@ struct Store::Connection {
   void logchanges() {
     if (logged) return;
     database.setBusyTimeout(changewaitmilliseconds);
-    database.exec("PRAGMA journal_mode = WAL");
+    // The change of mode doesn't wait by itself for another program that changes it.
+    constexpr int pause = 10;
+    for (int waited = 0; database.tryExec("PRAGMA journal_mode = WAL") == SQLITE_BUSY; waited += pause) {
+      if (waited >= changewaitmilliseconds) refuse(locked, file);
+      std::this_thread::sleep_for(std::chrono::milliseconds(pause));
+    }
     database.exec("PRAGMA synchronous = NORMAL");
     logged = true;
+  }
+
+  /// Another program may be doing the same: whoever comes second finds the tables made.
+  void maketables() {
+    const auto bare = [this] {
+      return database.execAndGet("SELECT count(*) FROM sqlite_master").getInt() == 0;
+    };
+    if (!bare() && !database.tableExists("schema")) refuse(damaged, file);
+    database.setBusyTimeout(changewaitmilliseconds);
+    SQLite::Transaction whole(database, SQLite::TransactionBehavior::IMMEDIATE);
+    if (bare()) {
+      database.exec(maketable);
+      database.exec(makeindex);
+    }
+    whole.commit();
+    database.setBusyTimeout(lookwaitmilliseconds);
   }
 
   fs::path file;

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 
@@ -144,6 +145,32 @@ TEST_F(Library, ChangesTogetherAreAllOrNone) {
                  LibraryFailure);
   }
   EXPECT_EQ(rowsof(library()).size(), 1U);
+}
+
+TEST_F(Library, ManyProgramsMakeTheSameStoreAtOnce) {
+  constexpr int programs = 3, rounds = 20;
+  for (int round = 0; round < rounds; ++round) {
+    const std::string fresh = library() + std::to_string(round);
+    std::vector<pid_t> children;
+    for (int n = 0; n < programs; ++n) {
+      children.push_back(fork());
+      if (children.back() != 0) continue;
+      int status = 0;
+      try {
+        Store(fresh).insert(row(n, easy, 1, n));
+      } catch (const LibraryFailure& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        status = 1;
+      }
+      _exit(status);
+    }
+    for (const pid_t child : children) {
+      int status = 0;
+      waitpid(child, &status, 0);
+      EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(rowsof(fresh).size(), static_cast<std::size_t>(programs));
+  }
 }
 
 TEST_F(Library, TwoWritersAtOnce) {
