@@ -113,7 +113,7 @@ class Session {
     host.random = [this] { return std::uniform_real_distribution<>(0, 1)(dice_); };
     host.runevents = [this, turn = host.runevents] {
       ++progress;
-      if (++turns_ % turnsanact == 0) act();
+      if (++turns_ % turnsanact == 0) left_ > 0 ? act() : endjob();
       turn();
     };
     user_.onwait = [this] { answer(); };
@@ -183,6 +183,9 @@ class Session {
     one();
     --depth_;
   }
+
+  /// A long job would go on for hours with nobody left to end it.
+  void endjob() { user_.window().close(); }
 
   void note(const char* what, const QString& name) {
     static const bool aloud = qEnvironmentVariableIsSet("GRADINO_MONKEY_ALOUD");
