@@ -1,10 +1,10 @@
-// How long the grader takes on each puzzle of a file, log and snapshots included: one thread, the best of some
-// runs, reported by bands of the level that the puzzle turned out to have.
+// How long the grader takes on each puzzle of a file, log and snapshots included: one thread, the best of
+// some runs, reported by bands of the level that the puzzle turned out to have.
 //
 //   build/dev/bench/grade FILE... [--runs N]
 //
-// A puzzle is the first 81 characters of a line, "." or 0 for an empty cell. Timed is what a puzzle costs once
-// its solution is known: the board put to the givens, and the grade.
+// A puzzle is the first 81 characters of a line, "." or 0 for an empty cell. Timed is what a puzzle costs
+// once its solution is known: the board put to the givens, and the grade.
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -59,9 +59,10 @@ void report(Band& band) {
   double sum = 0;
   for (const double time : band.times) sum += time;
   const auto number = static_cast<double>(band.times.size());
-  fmt::print("  levels {:>2} to {:>2} {:>7} puzzles {:>7.0f} a second: mean {:.1f}, median {:.1f}, slowest {:.1f} us\n",
-             band.low, band.high, band.times.size(), number / sum * 1e6, sum / number,
-             band.times[band.times.size() / 2], band.times.back());
+  fmt::print(
+      "  levels {:>2} to {:>2} {:>7} puzzles {:>7.0f} a second: mean {:.1f}, median {:.1f}, slowest {:.1f} us\n",
+      band.low, band.high, band.times.size(), number / sum * 1e6, sum / number,
+      band.times[band.times.size() / 2], band.times.back());
 }
 
 }  // namespace
