@@ -1,8 +1,12 @@
 #!/usr/bin/env python3
-"""Chooses generated puzzles for a library: choose-puzzles.py EACH TWOFOLD.jsonl FOURFOLD.jsonl > rows.jsonl
+"""Chooses generated puzzles for a library:
+
+    choose-puzzles.py EACH TWOFOLD.jsonl FOURFOLD.jsonl [MORE.jsonl] > rows.jsonl
 
 Keeps what the continuous generator would keep (level 4 or above, or fewer than 27 givens), of each level at most
 EACH, the first ones, no puzzle twice. A puzzle beyond the techniques has no steps to be told by and is left out.
+MORE, of point symmetry, may be as long as it takes: only levels that are still rare are taken from it, and it is read
+no further than they need.
 """
 import collections
 import json
@@ -10,6 +14,7 @@ import re
 import sys
 
 FIRSTNUMBER = 8371
+RARE = 20
 
 
 def rows(path, supersymmetric):
@@ -50,6 +55,14 @@ def main():
                 kept[level] += 1
                 taken[level] += 1
                 chosen.append((level, row))
+    for path in sys.argv[4:5]:
+        for level, row in rows(path, False):
+            if kept[level] < RARE and row["stringa"] not in seen:
+                seen.add(row["stringa"])
+                kept[level] += 1
+                chosen.append((level, row))
+            if all(kept[level] >= RARE for level in range(22)):
+                break
     chosen.sort(key=lambda pair: pair[0])
     for number, (_, row) in enumerate(chosen):
         print(json.dumps({"progressivo": str(FIRSTNUMBER + number), **row}))
