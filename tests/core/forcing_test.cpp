@@ -636,7 +636,7 @@ class LiteralForcing {
   std::string chain;  ///< of the last hypothesis that led to a contradiction
   int tried = 0, walkedfull = 0, queuefull = 0, toolong = 0;  ///< hypotheses, and how they ended
   std::vector<int> lengths;                                   ///< of each, in the order of the scan
-  std::array<std::string, 261> slots;  ///< of the queue; what a longer one left stays behind the end
+  std::array<std::string, 261> slots;                         ///< of the last hypothesis's queue
 
   void all() {
     steps = 80;
@@ -809,7 +809,9 @@ class ForcingSearch : public ChainBoards {
     chainpath.clear();
     literal.all();
     const bool shown = found();
-    for (int k = 0; k <= 260; ++k)
+    // A hypothesis that can't lead to a shorter chain any more is left, so only a chain that is shown has the
+    // whole queue of its hypothesis behind it.
+    for (int k = 0; shown && k < nodecount(); ++k)
       ASSERT_EQ(slotread(chaincell(k), chaindigit(k), chainflag(k), static_cast<std::size_t>(chainpath(k))),
                 literal.slots[static_cast<std::size_t>(k)])
           << which << ", queue at " << k;
