@@ -128,10 +128,14 @@ int onlydigitof(std::int32_t mask) {
   return issingle(bits) && (bits & fullmask) ? std::countr_zero(bits) : 0;
 }
 
+char figureof(int n) {
+  return static_cast<char>('0' + n);
+}
+
 /// The house with eight digits placed: its open cell, the first that still has candidates.
 template <class CellAt>
 std::string lastof(char letter, int used, CellAt cellat) {
-  if (onlydigitof(fullmask - used) == 0) return {};
+  if (!issingle(static_cast<unsigned>(fullmask - used))) return {};
   for (int position = 0; position < 9; ++position) {
     const int cell = cellat(position);
     if (candmask(cell) <= 0) continue;
@@ -147,7 +151,7 @@ std::string onlyplace(Grid<Positions, HI, HI>& positions) {
   for (int house = 0; house < 9; ++house)
     for (int digit = 1; digit <= 9; ++digit)
       if (const Positions open = positions(digit, house); open.single())
-        return std::to_string(digit) + std::to_string(house) + std::to_string(open.first());
+        return {figureof(digit), figureof(house), figureof(open.first())};
   return {};
 }
 
