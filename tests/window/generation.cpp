@@ -96,13 +96,14 @@ void Generation::alivemeanwhile() {
   fixsequence();
   int seen = 0;
   afterturns(20, [&] {
-    QTest::qWait(20);  // the window gets its turn no more often than a screen can show
     for (int cell = 0; cell < 81; ++cell)
       if (!user.text(QString("Text1_%1").arg(cell)).isEmpty()) ++seen;
     user.press("cmdlan");
     user.press("Text1_40");
     user.press("Picture1_5");
   });
+  // The board is shown no more often than a screen can, and the first turn is to be such a time.
+  QTest::qWait(500);
   user.choose("mnuadvanced");
   QVERIFY2(seen >= 20, qPrintable(QString::number(seen)));
   QCOMPARE(user.menu("mnuopen")->text(), "Apri");
