@@ -15,9 +15,9 @@ constexpr Mirrors mirrors(int cell) {
   return {80 - cell, 9 * r + 8 - c, 9 * (8 - r) + c};
 }
 
-/// Before: a finished puzzle, the same in givens and Text1, whose digits don't clash. Afterwards givens, Text1
-/// and the tables hold the reduced puzzle, graded by SolveSudoku; frmactivity tells what was done, newest
-/// first.
+/// Before: a finished puzzle, the same in givens and Text1, whose digits don't clash. Afterwards givens,
+/// Text1 and the tables hold the reduced puzzle, graded by SolveSudoku; frmactivity tells what was done,
+/// newest first.
 void riduzione();
 
 }  // namespace gradino
