@@ -42,7 +42,7 @@ cmp "$shipped" "$share/gradino/schemigenerati.mdb"
 step "desktop entry, description, icons"
 desktop-file-validate "$share/applications/gradino.desktop"
 grep -q "^Exec=gradino$" "$share/applications/gradino.desktop" || fail "the entry starts something else"
-appstreamcli validate --no-net "$share/metainfo/org.gradino.gradino.metainfo.xml" >"$log" || {
+appstreamcli validate --no-net "$share/metainfo/arpa.home.gradino.metainfo.xml" >"$log" || {
   cat "$log"
   fail "the description isn't valid"
 }
