@@ -4,6 +4,7 @@
 #include <fstream>
 #include <memory>
 #include <optional>
+#include <random>
 #include <string>
 #include <system_error>
 
@@ -68,6 +69,8 @@ fs::path keptname() {
 
 /// The new store is whole, and the old file safe under its new name, before one takes the other's place.
 void replaceold() {
+  const JetClaim claim(file.string());
+  if (!isjetfile(file.string())) return;  // another program was faster
   const fs::path made = file.string() + ".new", kept = keptname();
   std::error_code error;
   fs::remove(made, error);  // left by a program that was killed here
@@ -146,14 +149,17 @@ fs::path userplace() {
   return data / "gradino" / filename;
 }
 
-/// A copy appears whole or not at all.
+/// A copy appears whole or not at all, and never in the place of another program's, which may hold changes
+/// already.
 void copywhole(const fs::path& from, const fs::path& to) {
-  const fs::path beside = to.string() + ".new";
+  const fs::path beside = to.string() + "." + std::to_string(std::random_device{}()) + ".new";
   std::error_code error;
-  if (fs::copy_file(from, beside, fs::copy_options::overwrite_existing, error)) {
+  if (fs::copy_file(from, beside, error)) {
     fs::permissions(beside, fs::perms::owner_write, fs::perm_options::add, error);
-    fs::rename(beside, to, error);
+    fs::create_hard_link(beside, to, error);
+    if (error && error != std::errc::file_exists) fs::rename(beside, to, error);  // a disk without links
   }
+  fs::remove(beside, error);
 }
 
 }  // namespace

@@ -8,9 +8,8 @@ namespace gradino {
 /// Where the library of a program that stands in this folder is kept:
 ///
 ///   1  schemigenerati.mdb beside the program, when it can be written;
-///   2  else, when a shipped one is there that can't (beside the program, or in ../share/gradino), the user's
-///   own
-///      copy of it in the place for application data; the shipped one stays as it is;
+///   2  else, when a shipped one is there that can't (beside the program, or in ../share/gradino), the
+///      user's own copy of it in the place for application data; the shipped one stays as it is;
 ///   3  else beside the program, if files can be made there;
 ///   4  else in the place for application data.
 ///

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include <sqlite3.h>
 #include <sys/resource.h>
@@ -147,28 +148,35 @@ TEST_F(Library, ChangesTogetherAreAllOrNone) {
   EXPECT_EQ(rowsof(library()).size(), 1U);
 }
 
+constexpr int programs = 3;
+
+/// Several programs do it at the same moment, each with a number of its own, and none may fail.
+void atonce(const std::function<void(int number)>& act) {
+  std::vector<pid_t> children;
+  for (int n = 0; n < programs; ++n) {
+    children.push_back(fork());
+    if (children.back() != 0) continue;
+    int status = 0;
+    try {
+      act(n);
+    } catch (const LibraryFailure& failure) {
+      std::fprintf(stderr, "%s\n", failure.what());
+      status = 1;
+    }
+    _exit(status);
+  }
+  for (const pid_t child : children) {
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+  }
+}
+
 TEST_F(Library, ManyProgramsMakeTheSameStoreAtOnce) {
-  constexpr int programs = 3, rounds = 20;
+  constexpr int rounds = 20;
   for (int round = 0; round < rounds; ++round) {
     const std::string fresh = library() + std::to_string(round);
-    std::vector<pid_t> children;
-    for (int n = 0; n < programs; ++n) {
-      children.push_back(fork());
-      if (children.back() != 0) continue;
-      int status = 0;
-      try {
-        Store(fresh).insert(row(n, easy, 1, n));
-      } catch (const LibraryFailure& failure) {
-        std::fprintf(stderr, "%s\n", failure.what());
-        status = 1;
-      }
-      _exit(status);
-    }
-    for (const pid_t child : children) {
-      int status = 0;
-      waitpid(child, &status, 0);
-      EXPECT_EQ(status, 0);
-    }
+    atonce([&](int n) { Store(fresh).insert(row(n, easy, 1, n)); });
     EXPECT_EQ(rowsof(fresh).size(), static_cast<std::size_t>(programs));
   }
 }
@@ -341,6 +349,22 @@ TEST_F(Place, AnInstalledProgramsUserHasACopyOfHisOwn) {
   EXPECT_EQ(rowsof(shared).size(), 1U);
 }
 
+TEST_F(Place, ManyProgramsMakeTheUsersCopyAtOnce) {
+  constexpr int rounds = 20, shipped = 20000;
+  {
+    Store made(shared);
+    made.together([&] {
+      for (int n = 0; n < shipped; ++n) made.insert(row(n, easy, 1, n));
+    });
+  }
+  for (int round = 0; round < rounds; ++round) {
+    fs::remove_all(path("data"));
+    atonce([&](int n) { Store(libraryplace(bin)).insert(row(n, easy, 2, n)); });
+    EXPECT_EQ(Store(own).count(wholetable), shipped + programs);
+    EXPECT_EQ(std::distance(fs::directory_iterator(path("data/gradino")), {}), 1) << "nothing beside it";
+  }
+}
+
 TEST_F(Place, StartOpensItAndShowsTheFirstRecord) {
   Store(beside).insert(row(4711, easy, 1, 1));
   apppath = bin;
@@ -395,6 +419,26 @@ TEST_F(Library, AnOldLibraryFoundThereIsBroughtOverAndKept) {
   closelibrary();
   EXPECT_EQ(rowsof(library()).size(), 108U);
   EXPECT_FALSE(fs::exists(library() + ".new"));
+}
+
+TEST_F(Library, ManyProgramsMeetTheSameOldLibraryAtOnce) {
+  constexpr int rounds = 5;
+  const std::string kept = path("schemigenerati-old.mdb");
+  for (int round = 0; round < rounds; ++round) {
+    fs::copy_file(TESTDATA "/library/old-library-V2003.mdb", library());
+    const std::string old = Program::bytes(library());
+    atonce([&](int n) {
+      openlibrary(library());
+      Data1.need();
+      closelibrary();
+      Store(library()).insert(row(n, easy, 1, n));
+    });
+    EXPECT_EQ(rowsof(library()).size(), static_cast<std::size_t>(108 + programs));
+    EXPECT_EQ(Program::bytes(kept), old);
+    EXPECT_FALSE(fs::exists(path("schemigenerati-old2.mdb"))) << "it is brought over once";
+    fs::remove(library());
+    fs::remove(kept);
+  }
 }
 
 TEST_F(Library, ABrokenOldLibraryStaysWhereItIs) {
