@@ -69,7 +69,7 @@ class Output {
     try {
       place(name, text);
     } catch (const std::runtime_error& error) {
-      fmt::print(stderr, "{}\n", error.what());
+      complain(error.what());
       return false;
     }
     fmt::print("{}\n", name.string());

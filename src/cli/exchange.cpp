@@ -45,7 +45,7 @@ bool eachpuzzlefile(
     const std::string name = file == "-" ? "standard input" : file;
     const std::optional<std::string> bytes = bytesof(file);
     if (!bytes) {
-      fmt::print(stderr, "{}: can't be read: {}\n", name, std::strerror(errno));
+      complain(fmt::format("{}: can't be read: {}", name, std::strerror(errno)));
       good = false;
       return;
     }
@@ -54,7 +54,7 @@ bool eachpuzzlefile(
       Progress progress("lines read");
       puzzles = formats::readpuzzles(*bytes, [&] { progress.step(); });
     } catch (const formats::Unreadable& error) {
-      fmt::print(stderr, "{}:{}: {}\n", name, error.line, error.what());
+      complain(fmt::format("{}:{}: {}", name, error.line, error.what()));
       good = false;
       return;
     }

@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include "progress.h"
+
 namespace gradino::cli {
 namespace {
 
@@ -31,7 +33,7 @@ bool eachline(const std::vector<std::string>& files,
     std::string line;
     for (long number = 1; std::getline(in, line); ++number) use(name, number, line);
     if (in.bad()) {
-      fmt::print(stderr, "{}: reading failed\n", name);
+      complain(fmt::format("{}: reading failed", name));
       good = false;
     }
   };
@@ -45,7 +47,7 @@ bool eachline(const std::vector<std::string>& files,
     if (in && in.peek() != std::ifstream::traits_type::eof())
       readall(name, in);
     else if (!in.eof()) {
-      fmt::print(stderr, "{}: can't be read\n", name);
+      complain(fmt::format("{}: can't be read", name));
       good = false;
     }
   }
@@ -59,7 +61,7 @@ bool eachpuzzle(const std::vector<std::string>& files, const std::function<void(
     const std::string puzzle = symbols(line);
     if (puzzle.empty()) return;
     if (puzzle.size() == cellcount) return use(puzzle);
-    fmt::print(stderr, "{}:{}: {} of 81 cells\n", file, number, puzzle.size());
+    complain(fmt::format("{}:{}: {} of 81 cells", file, number, puzzle.size()));
     good = false;
   });
   return read && good;

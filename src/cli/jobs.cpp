@@ -73,7 +73,7 @@ bool eachinorder(const std::vector<std::string>& items, int jobs,
     if (good)
       use(text);
     else
-      fmt::print(stderr, "a worker ended before puzzle {} was done\n", i + 1);
+      complain(fmt::format("a worker ended before puzzle {} was done", i + 1));
   }
   for (Worker& worker : workers) worker.results.reset();  // all of them first: a worker may still be writing
   for (const Worker& worker : workers) {

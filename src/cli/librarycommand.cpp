@@ -5,6 +5,7 @@
 #include <fstream>
 #include <memory>
 #include <optional>
+#include <random>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -37,7 +38,7 @@ struct LibraryOptions {
   std::optional<int> level;
   int most = 20;
   int count = 100;
-  std::uint64_t seed = 0;
+  std::optional<std::uint64_t> seed;
   bool json = false, csv = false, fix = false, supersymmetric = false;
 };
 
@@ -55,12 +56,6 @@ Store existing(const LibraryOptions& options) {
   const fs::path file = storefile(options);
   if (!fs::exists(file)) throw std::runtime_error(fmt::format("no library {}", file.string()));
   return Store(file);
-}
-
-std::string levelquery(const LibraryOptions& options) {
-  if (!options.level) return wholetable;
-  return fmt::format("{} WHERE schema.livello = {} ORDER BY schema.difficolta DESC", wholetable,
-                     *options.level);
 }
 
 long numberin(const std::string& text) {
@@ -113,24 +108,23 @@ bool stats(const LibraryOptions& options) {
     }
   }
   if (!options.json) fmt::print("  all  {:>7}\n", all);
-  if (other > 0) fmt::print(stderr, "{} puzzles have no level from 0 to 21\n", other);
+  if (other > 0) complain(fmt::format("{} puzzles have no level from 0 to 21", other));
   return true;
 }
 
 bool list(const LibraryOptions& options) {
   Store store = existing(options);
-  const std::string query = levelquery(options);
+  const std::string query = libraryquery(options.level);
   fmt::print("level  number  score  givens      id  puzzle{:76}steps by level\n", "");
-  for (int place = 0; place < options.most; ++place) {
-    const std::optional<Store::Record> record = store.at(query, place);
-    if (!record) break;
-    const LibraryRow& row = record->row;
-    std::string line = fmt::format("{:>5}  {:>6}  {:>5}  {:>6}  {:>6}  {}  {}", row[field::livello],
-                                   place + 1, row[field::difficolta], row[field::numeri],
-                                   row[field::progressivo], row[field::stringa], row[field::dettaglio]);
+  int number = 0;
+  store.each(fmt::format("{} LIMIT {}", query, options.most), [&](const Store::Record& record) {
+    const LibraryRow& row = record.row;
+    std::string line = fmt::format("{:>5}  {:>6}  {:>5}  {:>6}  {:>6}  {}  {}", row[field::livello], ++number,
+                                   row[field::difficolta], row[field::numeri], row[field::progressivo],
+                                   row[field::stringa], row[field::dettaglio]);
     while (line.ends_with(' ')) line.pop_back();
     fmt::print("{}\n", line);
-  }
+  });
   const int count = store.count(query);
   if (count > options.most) fmt::print("{} of {} puzzles\n", options.most, count);
   return true;
@@ -154,7 +148,7 @@ Json rowjson(const LibraryRow& row) {
 bool exportrows(const LibraryOptions& options) {
   Store store = existing(options);
   if (options.csv) fmt::print("{}\n", fmt::join(libraryfields, ","));
-  store.each(levelquery(options), [&](const Store::Record& record) {
+  store.each(libraryquery(options.level), [&](const Store::Record& record) {
     if (!options.csv) return fmt::print("{}\n", rowjson(record.row).dump());
     std::array<std::string, std::tuple_size_v<LibraryRow>> cells;
     std::transform(record.row.begin(), record.row.end(), cells.begin(), quoted);
@@ -210,7 +204,7 @@ bool check(const LibraryOptions& options) {
   Store store = existing(options);
   Progress progress("checked", static_cast<std::size_t>(store.count(wholetable)));
   std::vector<Store::Record> corrected;
-  int checked = 0, wrong = 0;
+  int checked = 0, wrong = 0, beyondrepair = 0;
   store.each(wholetable, [&](const Store::Record& record) {
     LibraryRow now = record.row;
     const std::vector<std::string> found = complaints(record, now);
@@ -218,6 +212,8 @@ bool check(const LibraryOptions& options) {
     progress.step();
     if (found.empty()) return;
     wrong += 1;
+    // What has not one solution has it under no other grade.
+    if (!ispuzzle(record.row[field::stringa]) || numerosoluzioni != 1) beyondrepair += 1;
     progress.end();
     fmt::print("row {} (id {}): {}\n", record.key, record.row[field::progressivo], fmt::join(found, "; "));
     if (now != record.row) corrected.push_back({record.key, now});
@@ -228,7 +224,7 @@ bool check(const LibraryOptions& options) {
     });
   fmt::print("{} puzzles checked, {} differ{}\n", checked, wrong,
              options.fix ? fmt::format(", {} corrected", corrected.size()) : "");
-  return wrong == 0 || (options.fix && static_cast<int>(corrected.size()) == wrong);
+  return wrong == 0 || (options.fix && beyondrepair == 0);
 }
 
 // Bringing in.
@@ -268,6 +264,7 @@ bool import(const LibraryOptions& options) {
     readjet(options.input, take);
   else
     eachjsonrow(options.input, take);
+  progress.end();
   Store store(storefile(options));
   store.together([&] {
     for (const LibraryRow& row : rows) store.insert(row);
@@ -282,7 +279,7 @@ bool import(const LibraryOptions& options) {
 bool fill(const LibraryOptions& options) {
   Session session;
   startsession(session, "en");
-  host.random = seededrandom(options.seed);
+  host.random = seededrandom(options.seed.value_or(std::random_device{}()));
   openlibrary(storefile(options));
   frmmain::Check1.ticked = options.supersymmetric;
   int stored = 0;
@@ -305,7 +302,7 @@ bool fill(const LibraryOptions& options) {
   };
   runguarded(session, frmmain::genera_e_conta);
   closelibrary();
-  for (const std::string& box : session.boxes) fmt::print(stderr, "{}\n", box);
+  for (const std::string& box : session.boxes) complain(box);
   if (session.fault) throw std::runtime_error(*session.fault);
   return true;
 }
@@ -314,6 +311,11 @@ bool fill(const LibraryOptions& options) {
 
 fs::path librarystore(const std::string& name) {
   return name.empty() ? libraryplace(programfolder()) : fs::path(name);
+}
+
+std::string libraryquery(std::optional<int> level) {
+  if (!level) return wholetable;
+  return fmt::format("{} WHERE schema.livello = {} ORDER BY schema.difficolta DESC", wholetable, *level);
 }
 
 std::function<bool()> addlibrary(CLI::App& app) {

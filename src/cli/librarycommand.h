@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace CLI {
@@ -17,5 +18,8 @@ std::function<bool()> addlibrary(CLI::App& app);
 
 /// The library's file: the one named, or the program's own when the name is empty.
 std::filesystem::path librarystore(const std::string& name);
+
+/// The query of a level, hardest first, or of the whole library.
+std::string libraryquery(std::optional<int> level);
 
 }  // namespace gradino::cli

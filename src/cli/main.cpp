@@ -56,14 +56,16 @@ bool make(int count, int jobs, const Options& options) {
 
 bool boards(const std::vector<std::string>& files, const Options& options) {
   bool good = true;
+  Progress progress("boards", 0, rowsarehidden());
   const bool read = eachline(files, [&](const std::string& file, long number, const std::string& line) {
     if (line.empty()) return;
     try {
       fmt::print("{}", techniques(line, options));
     } catch (const std::invalid_argument& error) {
-      fmt::print(stderr, "{}:{}: {}\n", file, number, error.what());
+      complain(fmt::format("{}:{}: {}", file, number, error.what()));
       good = false;
     }
+    progress.step();
   });
   return read && good;
 }

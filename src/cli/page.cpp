@@ -60,14 +60,16 @@ class Pages {
   /// align: the part of the text's width that lies left of x.
   void text(const std::string& words, double x, double baseline, double size, double align = 0,
             double ink = 0, bool bold = false) {
-    cairo_select_font_face(cairo_.get(), family, CAIRO_FONT_SLANT_NORMAL,
-                           bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
-    cairo_set_font_size(cairo_.get(), size);
+    const cairo_text_extents_t extents = extentsof(words, size, bold);
     cairo_set_source_rgb(cairo_.get(), ink, ink, ink);
-    cairo_text_extents_t extents;
-    cairo_text_extents(cairo_.get(), words.c_str(), &extents);
     cairo_move_to(cairo_.get(), x - extents.x_advance * align, baseline);
     cairo_show_text(cairo_.get(), words.c_str());
+  }
+
+  /// The size up to `size` at which the words are no wider than `most`.
+  double fitting(const std::string& words, double size, double most) {
+    const double width = extentsof(words, size, false).x_advance;
+    return width <= most ? size : size * most / width;
   }
 
   void grid(const std::string& cells, double x, double y, double side, double ink) {
@@ -91,6 +93,15 @@ class Pages {
   }
 
  private:
+  /// Of the words in the font that is the one in force from here on.
+  cairo_text_extents_t extentsof(const std::string& words, double size, bool bold) {
+    cairo_select_font_face(cairo_.get(), family, CAIRO_FONT_SLANT_NORMAL,
+                           bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+    cairo_set_font_size(cairo_.get(), size);
+    cairo_text_extents_t extents;
+    cairo_text_extents(cairo_.get(), words.c_str(), &extents);
+    return extents;
+  }
   static cairo_status_t append(void* pdf, const unsigned char* bytes, unsigned int count) {
     static_cast<std::string*>(pdf)->append(reinterpret_cast<const char*>(bytes), count);
     return CAIRO_STATUS_SUCCESS;
@@ -127,7 +138,8 @@ void drawpuzzle(Pages& pages, const Printed& puzzle, std::size_t number, const R
   const double x = place.x + (place.width - side) / 2, y = place.y + (place.height - head - side) / 2;
   pages.text(say(numbered, hole("number", static_cast<int>(number))), x, y + captionsize, captionsize, 0, 0,
              true);
-  pages.text(caption(puzzle), x, y + captionsize + smallsize + 4, smallsize, 0, grey);
+  const std::string words = caption(puzzle);
+  pages.text(words, x, y + captionsize + smallsize + 4, pages.fitting(words, smallsize, side), 0, grey);
   pages.grid(puzzle.puzzle, x, y + head - 4, side, 0);
 }
 

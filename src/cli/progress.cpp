@@ -13,6 +13,8 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds firstshown = 1s, between = 200ms;
 
+Progress* onscreen = nullptr;  ///< whose line stands on the terminal
+
 }  // namespace
 
 Progress::Progress(std::string what, std::size_t total, bool wanted)
@@ -26,19 +28,26 @@ Progress::~Progress() {
 }
 
 void Progress::end() {
-  if (std::exchange(shown_, false)) fmt::print(stderr, "\r\033[K");
+  if (onscreen != this) return;
+  fmt::print(stderr, "\r\033[K");
+  onscreen = nullptr;
 }
 
 void Progress::step() {
   done_ += 1;
   if (!terminal_ || std::chrono::steady_clock::now() < next_) return;
   next_ = std::chrono::steady_clock::now() + between;
-  shown_ = true;
+  onscreen = this;
   if (total_ > 0)
     fmt::print(stderr, "\r\033[K{} {} of {} ({} %)", what_, done_, total_, done_ * 100 / total_);
   else
     fmt::print(stderr, "\r\033[K{} {}", what_, done_);
   std::fflush(stderr);
+}
+
+void complain(std::string_view line) {
+  if (onscreen != nullptr) onscreen->end();
+  fmt::print(stderr, "{}\n", line);
 }
 
 bool rowsarehidden() {

@@ -59,8 +59,8 @@ struct Summary {
     for (const auto& [name, tally] : tallies)
       fmt::print("{:<6} {:<32} {:>9} {:>9} {:>9} {:>14}\n", name.first, name.second, tally.steps,
                  tally.placed, tally.deleted, tally.wrong);
-    fmt::print("{} puzzles, {} of them not checked, as they haven't one solution; {} contradictions\n",
-               puzzles, unchecked, wrong);
+    fmt::print("{} puzzles: {} checked, {} left out for want of a single solution; {} contradictions\n",
+               puzzles, puzzles - unchecked, unchecked, wrong);
   }
 };
 
@@ -115,7 +115,10 @@ bool report(const std::vector<std::string>& puzzles, int jobs,
   });
   progress.end();
   summary.print();
-  return done && summary.wrong == 0;
+  // Who checks nothing by mistake is not to take it for a pass.
+  const bool nothing = done && summary.puzzles == summary.unchecked;
+  if (nothing) complain("no puzzle was checked");
+  return done && !nothing && summary.wrong == 0;
 }
 
 std::function<bool()> addselftest(CLI::App& app) {

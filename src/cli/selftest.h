@@ -16,12 +16,12 @@ namespace gradino::cli {
 std::string checksteps(const std::string& puzzle);
 
 /// Prints what `check` found wrong with the puzzles, and the summary by technique. False: there was
-/// something.
+/// something, or nothing was checked.
 bool report(const std::vector<std::string>& puzzles, int jobs,
             const std::function<std::string(const std::string& puzzle)>& check);
 
-/// Adds the sub-command `selftest`. It runs by the function; false: a step contradicted a solution, or a file
-/// wasn't read.
+/// Adds the sub-command `selftest`. It runs by the function; false: a step contradicted a solution, a file
+/// wasn't read, or no puzzle was checked.
 std::function<bool()> addselftest(CLI::App& app);
 
 }  // namespace gradino::cli

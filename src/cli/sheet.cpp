@@ -1,6 +1,9 @@
 #include "sheet.h"
 
+#include <algorithm>
 #include <charconv>
+#include <climits>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
@@ -61,6 +64,21 @@ std::pair<int, int> levelandcount(const std::string& text, int count) {
   return {level, count};
 }
 
+/// What stands in a row can be any number, and none.
+int difficultyin(const std::string& text) {
+  return static_cast<int>(std::clamp(std::strtol(text.c_str(), nullptr, 10), 0L, long{INT_MAX}));
+}
+
+/// All of them before one is graded: the store is not held up meanwhile.
+std::vector<Store::Record> hardest(Store& store, int level, int count) {
+  std::vector<Store::Record> records;
+  store.each(fmt::format("{} LIMIT {}", libraryquery(level), count),
+             [&](const Store::Record& record) { records.push_back(record); });
+  if (records.size() < static_cast<std::size_t>(count))
+    throw std::runtime_error(fmt::format("the library has {} puzzles of level {}", records.size(), level));
+  return records;
+}
+
 void fromlibrary(const SheetOptions& options, std::vector<Printed>& puzzles) {
   if (options.levels.empty()) return;
   const std::filesystem::path file = librarystore(options.library);
@@ -69,18 +87,13 @@ void fromlibrary(const SheetOptions& options, std::vector<Printed>& puzzles) {
   Progress progress("fetched");
   for (const std::string& text : options.levels) {
     const auto [level, count] = levelandcount(text, options.page.perpage);
-    const std::string query =
-        fmt::format("{} WHERE schema.livello = {} ORDER BY schema.difficolta DESC", wholetable, level);
-    for (int place = 0; place < count; ++place) {
-      const std::optional<Store::Record> record = store.at(query, place);
-      if (!record)
-        throw std::runtime_error(fmt::format("the library has {} puzzles of level {}", place, level));
-      const std::string& stringa = record->row[field::stringa];
+    for (const Store::Record& record : hardest(store, level, count)) {
+      const std::string& stringa = record.row[field::stringa];
       if (!ispuzzle(stringa))
-        throw std::runtime_error(fmt::format("row {} of the library has no puzzle", record->key));
+        throw std::runtime_error(fmt::format("row {} of the library has no puzzle", record.key));
       Printed printed = graded(stringa.substr(0, cells), options.language);
       printed.level = level;
-      printed.difficulty = static_cast<int>(leadingnumber(record->row[field::difficolta]));
+      printed.difficulty = difficultyin(record.row[field::difficolta]);
       puzzles.push_back(printed);
       progress.step();
     }

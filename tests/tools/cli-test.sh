@@ -164,16 +164,45 @@ solution=$("$cli" grade --json hard.sdm | sed -n '13s/.*"solution": *"\([1-9]*\)
 same "the last solution" "$(words -f 6 -l 6 en.pdf | tr -dc '0-9')" "13${solution}6"
 cp "$data/../../library/schemigenerati.mdb" .
 run 0 "" "" "$cli" sheet --library schemigenerati.mdb --from-library 5:3 -o library.pdf
+# The longest caption above the smallest grids, which stand from 77 to 258 and from 354 to 535.
+run 0 "" "" "$cli" sheet --library schemigenerati.mdb --from-library 14:6 --per-page 6 --paper Letter --lang it -o narrow.pdf
+wide=$(pdftotext -bbox narrow.pdf - | sed -n 's/.*xMin="\([0-9.]*\)" yMin="\([0-9.]*\)" xMax="\([0-9.]*\)".*/\1 \2 \3/p' |
+  awk '$2 < 750 && $3 > ($1 < 306 ? 258 : 535)')
+same "what is wider than its grid" "$wide" ""
 same "levels from the library" "$(words library.pdf | grep -o 'level [0-9]*')" "$(lines "level 5" "level 5" "level 5")"
 
 echo "cli-test: selftest"
 run 0 "$(<"$data/exchange/selftest.expected")" "" "$cli" selftest --jobs 2 hard.sdm "$data/formats/line.txt"
 run 1 "$(head -1 "$data/exchange/selftest.expected")
-0 puzzles, 0 of them not checked, as they haven't one solution; 0 contradictions" \
-  "empty.txt:1: nothing there: expected a puzzle" "$cli" selftest empty.txt
-run 0 "$(head -1 "$data/exchange/selftest.expected")
-1 puzzles, 1 of them not checked, as they haven't one solution; 0 contradictions" \
-  "" "$cli" selftest <(echo "${puzzle/45/..}")
+0 puzzles: 0 checked, 0 left out for want of a single solution; 0 contradictions" \
+  "$(lines "empty.txt:1: nothing there: expected a puzzle" "no puzzle was checked")" "$cli" selftest empty.txt
+run 1 "$(head -1 "$data/exchange/selftest.expected")
+2 puzzles: 0 checked, 2 left out for want of a single solution; 0 contradictions" \
+  "no puzzle was checked" "$cli" selftest <(lines "${puzzle/45/..}" "${turned/54/..}")
+"$cli" selftest <(lines "${puzzle/45/..}" "$puzzle") >out.txt || fail "one puzzle of two is enough to be checked"
+same "how many were checked" "$(tail -1 out.txt)" \
+  "2 puzzles: 1 checked, 1 left out for want of a single solution; 0 contradictions"
+
+echo "cli-test: the library"
+puzzles=library.mdb
+printf '{"stringa": "%s", "livello": "5", "numeri": "30", "difficolta": "%s", "progressivo": "%s"}\n' \
+  "$puzzle" 10 1 "$puzzle" 99999999999 2 "$puzzle" 20 3 >rows.jsonl
+run 0 "3 rows brought over, 0 of them without a puzzle" "" "$cli" library --file $puzzles import rows.jsonl
+same "the two hardest of a level" "$("$cli" library --file $puzzles list --level 5 --most 2 | awk '{ print $2, $3, $5 }')" \
+  "$(lines "number score id" "1 99999999999 2" "2 20 3" "of 3 ")"
+same "all, in table order" "$("$cli" library --file $puzzles list | awk 'NR > 1 { print $5 }')" "$(lines 1 2 3)"
+run 0 "" "" "$cli" sheet --library $puzzles --from-library 5:3 -o library.pdf
+same "difficulties" "$(words library.pdf | grep -o 'difficulty [0-9]*')" \
+  "$(printf 'difficulty %s\n' 2147483647 20 10)"
+filled() { "$cli" library --file "$1" fill -n 2 "${@:2}" && "$cli" library --file "$1" export; }
+same "what a seed makes" "$(filled one.mdb --seed 7)" "$(filled other.mdb --seed 7)"
+[[ $(filled third.mdb) != "$(filled fourth.mdb)" ]] || fail "without a seed the same puzzles are made each time"
+# A better grade is no cure for a second solution.
+printf '{"stringa": "%s", "livello": "0"}\n' "${puzzle/45/..}" >rows.jsonl
+"$cli" library --file several.mdb import rows.jsonl >/dev/null
+for _ in first again; do
+  "$cli" library --file several.mdb check --fix >out.txt && fail "a row of several solutions is put right"
+done
 
 echo "cli-test: progress on a terminal only"
 grep -v -m 500 '^#' "$data/corpus/hard.txt" >long.sdm
@@ -181,6 +210,11 @@ run 0 "$("$cli" selftest --jobs 2 long.sdm 2>/dev/null)" "" "$cli" selftest long
 # A line when a second is over, which is taken away at the end.
 shown=$(script -qec "$cli selftest long.sdm >/dev/null" /dev/null </dev/null) || fail "selftest on a terminal"
 [[ $shown == $'\r\033[Kchecked '*" of 500 ("*" %)"*$'\r\033[K' ]] || fail "no progress on a terminal, but: $shown"
+# What is told meanwhile has a line of its own.
+(cat long.sdm long.sdm && echo 123) >short-line.sdm
+shown=$(script -qec "$cli walk short-line.sdm >/dev/null" /dev/null </dev/null) || true
+[[ $shown == $'\r\033[Kwalked '*$'\r\033[Kshort-line.sdm:1001: 3 of 81 cells'* ]] ||
+  fail "no line of its own, but: $shown"
 same "a short run on a terminal" "$(script -qec "$cli selftest hard.sdm >/dev/null" /dev/null </dev/null)" ""
 
 ((failures == 0)) || exit 1
