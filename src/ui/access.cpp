@@ -16,8 +16,7 @@ using namespace frmmain;
 
 namespace {
 
-// ---- cells
-// --------------------------------------------------------------------------------------------------
+// ---- cells ----------------------------------------------------------------------------------------------
 
 constexpr Words filledcell = {"casella r{row}c{col}, cifra {digit}", "cell r{row}c{col}, digit {digit}"};
 constexpr Words givencell = {"casella r{row}c{col}, cifra {digit}, data",
@@ -45,8 +44,7 @@ constexpr Words hiddenmark = {"candidato nascosto in r{row}c{col}", "hidden cand
 constexpr Words markdescription = {"apre l'anello delle cifre per la casella r{row}c{col}",
                                    "opens the ring of digits for cell r{row}c{col}"};
 
-// ---- what there are many of
-// -----------------------------------------------------------------------------------
+// ---- what there are many of -----------------------------------------------------------------------------
 
 constexpr Words ringdigit = {"cifra {digit}", "digit {digit}"};
 constexpr Words ringempty = {"svuota la casella", "clear the cell"};
@@ -84,7 +82,7 @@ constexpr Words colourdescription = {"colore con cui dipingere le caselle", "col
 constexpr Words clearcolourswords = {"togli i colori", "clear colours"};
 constexpr Words cleardescription  = {"toglie tutti i colori e non dipinge più", "takes all colours away and paints no more"};
 
-// ---- what there is one of -------------------------------------------------------------------------------------
+// ---- what there is one of -------------------------------------------------------------------------------
 
 struct BoxRow { const Box* box; Words name, description; };
 const BoxRow boxrows[] = {
@@ -177,8 +175,7 @@ constexpr Words pausetimer            = {"ferma il tempo", "pause timer"};
 constexpr Words pausetimerdescription = {"spia rossa: il tempo corre", "red lamp: the clock runs"};
 // clang-format on
 
-// ---- saying it
-// ------------------------------------------------------------------------------------------------
+// ---- saying it ------------------------------------------------------------------------------------------
 
 /// The words of a colour; none of white, which is the resting state.
 const Words* colourwords(Colour colour) {

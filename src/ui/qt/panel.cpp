@@ -44,7 +44,7 @@ struct PictureRow {
   QRect place;
   PictureButton::Look look;
   const char* art;
-  void (*click)();  ///< none: this build doesn't have the command yet, and the button is not shown
+  void (*click)();
 };
 
 // clang-format off

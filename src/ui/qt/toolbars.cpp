@@ -67,7 +67,7 @@ Toolbar::Toolbar(QWidget* client, const char* name, int y, std::span<const KeyRo
 }
 
 void Toolbar::addkey(const KeyRow& row, Click click) {
-  if (row.action == nullptr) return keys_.push_back(nullptr);
+  if (row.control == nullptr) return keys_.push_back(nullptr);
   const std::string name = objectName().toStdString() + "_" + row.key;
   auto* key = new PictureButton(this, name.c_str(), PictureButton::Look::key, [click, &row] { click(row); });
   key->setart(QString("toolbar/") + row.key);
@@ -99,25 +99,13 @@ void Toolbar::placekeys() {
   }
 }
 
-// A title whose entries have no command yet is left out with them.
 Menus::Menus(QMenuBar* bar) {
   QMenu* menu = nullptr;
-  const Control* title = nullptr;
   for (const MenuRow& row : menurows()) {
-    if (row.title) {
-      title = row.control;
-      menu = nullptr;
-      continue;
-    }
-    if (row.action == nullptr) continue;
-    if (menu == nullptr) {
-      menu = bar->addMenu("");
-      menu->menuAction()->setObjectName(nameof(title));
-      entries_.push_back({title, menu->menuAction()});
-    }
-    QAction* action = menu->addAction("");
+    if (row.title) menu = bar->addMenu("");
+    QAction* action = row.title ? menu->menuAction() : menu->addAction("");
     action->setObjectName(nameof(row.control));
-    QObject::connect(action, &QAction::triggered, bar, [&row] { onevent(row.action); });
+    if (!row.title) QObject::connect(action, &QAction::triggered, bar, [&row] { onevent(row.action); });
     entries_.push_back({row.control, action});
   }
 }
@@ -136,8 +124,7 @@ QString withletter(const QString& title, QString& taken) {
 
 }  // namespace
 
-// Only the program sets a check mark: the click on an
-// entry that can be ticked would change it too.
+// Only the program sets a check mark: the click on an entry that can be ticked would change it too.
 void Menus::mirror() {
   QString taken;
   for (const auto& [control, action] : entries_) {

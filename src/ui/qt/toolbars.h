@@ -25,7 +25,7 @@ class Toolbar : public QWidget {
   void placekeys();
 
   std::span<const KeyRow> rows_;
-  std::vector<PictureButton*> keys_;  ///< by row; none for separators and rows without a command
+  std::vector<PictureButton*> keys_;  ///< by row; none for separators
 };
 
 /// The menu bar as its command table tells it.
