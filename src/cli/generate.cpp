@@ -32,14 +32,14 @@ std::string generateheading() {
                      "steps by level");
 }
 
-std::string generate(const std::string& number, const Options& options) {
+std::string generate(std::size_t number, const Options& options) {
   static Session session;
   static const bool started = [&] {
     startsession(session, options.language);
     return true;
   }();
   static_cast<void>(started);
-  host.random = seededrandom(options.seed, static_cast<std::uint32_t>(std::stoul(number)));
+  host.random = seededrandom(options.seed, static_cast<std::uint32_t>(number));
   frmmain::Check1.ticked = options.supersymmetric;
   session.fault.reset();
   dettaglio.clear();  // a puzzle beyond the techniques leaves no report, and is not to show an earlier one's

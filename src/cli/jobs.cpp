@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <stdexcept>
+#include <vector>
 
 #include <fmt/format.h>
 #include <sys/wait.h>
@@ -38,9 +40,8 @@ bool takeresult(std::FILE* from, std::string& text) {
   return std::fread(text.data(), 1, length, from) == length;
 }
 
-/// Starts the worker that does every jobs-th item from `first` on.
-Worker start(const std::vector<std::string>& items, std::size_t first, std::size_t jobs,
-             const std::function<std::string(const std::string&)>& work) {
+/// Starts the worker that does every jobs-th number from `first` on.
+Worker start(std::size_t first, std::size_t count, std::size_t jobs, const NumberedWork& work) {
   int ends[2];
   if (pipe(ends) != 0) throw std::runtime_error("no pipe for a worker");
   const pid_t process = fork();
@@ -48,7 +49,7 @@ Worker start(const std::vector<std::string>& items, std::size_t first, std::size
   if (process == 0) {
     close(ends[0]);
     const File out(fdopen(ends[1], "wb"));
-    for (std::size_t i = first; i < items.size(); i += jobs) sendresult(out.get(), work(items[i]));
+    for (std::size_t i = first; i < count; i += jobs) sendresult(out.get(), work(i));
     std::fflush(out.get());
     _exit(0);
   }
@@ -58,18 +59,18 @@ Worker start(const std::vector<std::string>& items, std::size_t first, std::size
 
 }  // namespace
 
-bool eachinorder(const std::vector<std::string>& items, int jobs,
-                 const std::function<std::string(const std::string&)>& work,
+bool eachinorder(std::size_t count, int jobs, const NumberedWork& work,
                  const std::function<void(const std::string&)>& use) {
   std::fflush(stdout);
-  const auto count = static_cast<std::size_t>(jobs);
+  const auto processes = static_cast<std::size_t>(jobs);
   std::vector<Worker> workers;
-  for (std::size_t first = 0; first < count; ++first) workers.push_back(start(items, first, count, work));
+  for (std::size_t first = 0; first < processes; ++first)
+    workers.push_back(start(first, count, processes, work));
 
   bool good = true;
   std::string text;
-  for (std::size_t i = 0; i < items.size() && good; ++i) {
-    good = takeresult(workers[i % count].results.get(), text);
+  for (std::size_t i = 0; i < count && good; ++i) {
+    good = takeresult(workers[i % processes].results.get(), text);
     if (good)
       use(text);
     else
@@ -83,10 +84,9 @@ bool eachinorder(const std::vector<std::string>& items, int jobs,
   return good;
 }
 
-bool printinorder(const std::vector<std::string>& items, int jobs, const char* what,
-                  const std::function<std::string(const std::string&)>& work) {
-  Progress progress(what, items.size(), rowsarehidden());
-  return eachinorder(items, jobs, work, [&](const std::string& text) {
+bool printinorder(std::size_t count, int jobs, const char* what, const NumberedWork& work) {
+  Progress progress(what, count, rowsarehidden());
+  return eachinorder(count, jobs, work, [&](const std::string& text) {
     fmt::print("{}", text);
     progress.step();
   });

@@ -33,21 +33,18 @@ bool batch(const std::vector<std::string>& files, int jobs, const char* done, Wo
   }
   std::vector<std::string> puzzles;
   const bool read = eachpuzzle(files, [&](const std::string& puzzle) { puzzles.push_back(puzzle); });
-  return printinorder(puzzles, jobs, done,
-                      [&](const std::string& puzzle) { return work(puzzle, options); }) &&
+  return printinorder(puzzles.size(), jobs, done,
+                      [&](std::size_t number) { return work(puzzles[number], options); }) &&
          read;
 }
 
 /// Puzzles made in place of read, each by its number.
-bool make(int count, int jobs, const Options& options) {
+bool make(std::size_t count, int jobs, const Options& options) {
   if (!options.json) fmt::print("{}", generateheading());
-  std::vector<std::string> numbers;
-  for (int number = 0; number < count; ++number) numbers.push_back(std::to_string(number));
   if (jobs > 1)
-    return printinorder(numbers, jobs, "made",
-                        [&](const std::string& number) { return generate(number, options); });
-  Progress progress("made", numbers.size(), rowsarehidden());
-  for (const std::string& number : numbers) {
+    return printinorder(count, jobs, "made", [&](std::size_t number) { return generate(number, options); });
+  Progress progress("made", count, rowsarehidden());
+  for (std::size_t number = 0; number < count; ++number) {
     fmt::print("{}", generate(number, options));
     progress.step();
   }
@@ -107,7 +104,7 @@ int main(int argc, char** argv) try {
   walkcommand->add_option("--stop", options.stop, "Answer stop at the first wait of this step")
       ->check(CLI::PositiveNumber);
   CLI::App* generatecommand = json(app.add_subcommand("generate", "New puzzles, graded"));
-  int number = 1;
+  std::size_t number = 1;
   generatecommand->add_option("-n", number, "How many")->check(CLI::Range(1, 100'000'000));
   generatecommand->add_flag("--supersimmetrico", options.supersymmetric,
                             "Givens in four mirror cells at once, not only in two");

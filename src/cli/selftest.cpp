@@ -104,7 +104,8 @@ bool report(const std::vector<std::string>& puzzles, int jobs,
             const std::function<std::string(const std::string&)>& check) {
   Summary summary;
   Progress progress("checked", puzzles.size());
-  const bool done = eachinorder(puzzles, jobs, check, [&](const std::string& text) {
+  const auto checkone = [&](std::size_t number) { return check(puzzles[number]); };
+  const bool done = eachinorder(puzzles.size(), jobs, checkone, [&](const std::string& text) {
     const Json found = Json::parse(text);
     summary.add(found);
     if (const auto wrong = found["wrong"].get<std::string>(); !wrong.empty()) {

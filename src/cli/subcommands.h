@@ -1,6 +1,7 @@
 // What each sub-command prints for one puzzle: a line of JSON, a row of a table or a text.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -24,8 +25,8 @@ std::string gradeheading();
 std::string count(const std::string& puzzle, const Options& options);
 std::string countheading();
 
-/// Makes the puzzle of a number (decimal, from 0): the same for the same seed, whoever made others before.
-std::string generate(const std::string& number, const Options& options);
+/// Makes the puzzle of a number from 0: the same for the same seed, whoever made others before.
+std::string generate(std::size_t number, const Options& options);
 std::string generateheading();
 
 /// Lets the step solver walk the puzzle, each wait answered go.
