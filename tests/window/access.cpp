@@ -106,6 +106,8 @@ void Access::everythinghasaname() {
   user.press("Toolbar2_libreria");
   QStringList before;
   if (italian) user.press("cmdlan");
+  Frmlog::visible = frmactivity::visible = frmgeneratore::visible = true;
+  user.key(Qt::Key_Right);  // any event
   for (const char* window : {"Frmlog", "frmactivity", "frmgeneratore", "frmlivello"}) {
     QVERIFY2(toplevel(window) != nullptr, window);
     QVERIFY2(!toplevel(window)->accessibleDescription().isEmpty(), window);
@@ -146,6 +148,7 @@ void Access::cellsfollowtheboard() {
 void Access::languageswitch() {
   User user;
   user.open(easypuzzle);
+  frmactivity::visible = true;
   user.press("cmdlan");
   QCOMPARE(name(user, "Text1_0"), "casella r1c1, cifra 5, data");
   QCOMPARE(name(user, "Text1_2"), "casella r1c3, vuota, candidati 1 2 4");

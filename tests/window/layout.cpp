@@ -1,8 +1,12 @@
 // Where everything stands, and what a program just started shows. The numbers are written out here once more.
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopeGuard>
+#include <utility>
 
 #include "mainwindow.h"
+#include "screenreader.h"
+#include "startup.h"
 #include "user.h"
 
 using namespace gradino;
@@ -20,6 +24,7 @@ class Layout : public QObject {
   void colours_data();
   void colours();
   void stacking();
+  void covered();
   void fonts();
   void keys();
   void notyetshown();
@@ -180,6 +185,32 @@ void Layout::stacking() {
   QCOMPARE(user.find("main")->childAt(user.place("Picture1_2").center())->objectName(), "Picture1_2");
   QVERIFY(user.place("Picture1_2").top() < user.place("Toolbar1").bottom());
   QCOMPARE(user.find("main")->childAt(user.place("cmdlan").center())->objectName(), "cmdlan");
+}
+
+// What the digits cover comes behind the first picture, unless a reader listens, and stands where it would
+// stand had it been there from the start.
+void Layout::covered() {
+  QStringList inorder = {"candidate_0"};
+  for (int cell = 0; cell < 81; ++cell) {
+    inorder << QString("Text2_%1").arg(cell);
+    for (int k = 1; k <= 9; ++k) inorder << QString("candidate_%1").arg(cell * 10 + k);
+    inorder << QString("Text1_%1").arg(cell);
+  }
+  const auto cellboxes = [&inorder](const QWidget& window) {
+    QStringList names;
+    for (const QObject* box : window.findChild<QWidget*>("main")->children()) names << box->objectName();
+    return names.first(qMin(names.size(), inorder.size()));
+  };
+  {
+    User user;
+    QCOMPARE(cellboxes(user.window()), inorder);
+  }
+  startprogram();
+  QVERIFY(MainWindow().findChild<QWidget*>("Text2_0") == nullptr);
+  const auto listens = std::exchange(readerlistens, [] { return true; });
+  const auto again = qScopeGuard([listens] { readerlistens = listens; });
+  startprogram();
+  QCOMPARE(cellboxes(MainWindow()), inorder);
 }
 
 void Layout::fonts() {

@@ -43,6 +43,11 @@ QWidget* toplevel(const QString& name) {
   return nullptr;
 }
 
+/// A window that was never shown isn't there at all.
+bool visible(const QString& name) {
+  return toplevel(name) != nullptr && toplevel(name)->isVisible();
+}
+
 QPlainTextEdit* textof(const QString& name) {
   return toplevel(name)->findChild<QPlainTextEdit*>("Text3");
 }
@@ -115,7 +120,7 @@ void Steps::explained() {
   user.open(easypuzzle);
   user.acts = {[&] { user.press("Picthelp"); },
                [&] {
-                 QVERIFY(toplevel("frmactivity")->isVisible());
+                 QVERIFY(visible("frmactivity"));
                  QCOMPARE(toplevel("frmactivity")->windowTitle(),
                           "Explanations - Clik on green traffic lights to proceed");
                  const QStringList lines = textof("frmactivity")->toPlainText().split('\n');
@@ -129,7 +134,7 @@ void Steps::explained() {
                }};
   user.press(hintkey);
   QCOMPARE(user.asked, 2);
-  QVERIFY(!toplevel("frmactivity")->isVisible());
+  QVERIFY(!visible("frmactivity"));
   QCOMPARE(user.text("Text1_5"), "8");
   QCOMPARE(user.ground("Text1_20"), QColor(255, 255, 255));
 }
@@ -140,7 +145,7 @@ void Steps::explanationstopped() {
   user.acts = {[&] { user.press("Picthelp"); }, [&] { user.press("Pictalt"); }};
   user.press(hintkey);
   QCOMPARE(user.text("Text1_5"), "");
-  QVERIFY(toplevel("frmactivity")->isVisible());
+  QVERIFY(visible("frmactivity"));
   QCOMPARE(user.ground("Text1_20"), QColor(0, 255, 0));
   toplevel("frmactivity")->close();
   QVERIFY(!frmactivity::visible);
@@ -243,9 +248,9 @@ void Steps::languageinwait() {
 void Steps::logshown() {
   User user;
   user.open(easypuzzle);
-  QVERIFY(!toplevel("Frmlog")->isVisible());
+  QVERIFY(!visible("Frmlog"));
   user.press("Toolbar1_activity");
-  QVERIFY(toplevel("Frmlog")->isVisible());
+  QVERIFY(visible("Frmlog"));
   QVERIFY(user.menu("mnuactivity")->isChecked());
   QCOMPARE(toplevel("Frmlog")->windowTitle(), "Log - DOUBLE CLICK on one line to explain the technique ");
   QVERIFY(textof("Frmlog")->isReadOnly());
@@ -253,7 +258,7 @@ void Steps::logshown() {
   QCOMPARE(lines.value(0), "");
   QVERIFY(lines.size() > 51);
   user.choose("mnuactivity");
-  QVERIFY(!toplevel("Frmlog")->isVisible());
+  QVERIFY(!visible("Frmlog"));
   QVERIFY(!user.menu("mnuactivity")->isChecked());
 }
 
@@ -263,10 +268,10 @@ void Steps::logclosed() {
   user.open(easypuzzle);
   user.choose("mnuactivity");
   toplevel("Frmlog")->close();
-  QVERIFY(!toplevel("Frmlog")->isVisible());
+  QVERIFY(!visible("Frmlog"));
   QVERIFY(!user.menu("mnuactivity")->isChecked());
   user.choose("mnuactivity");
-  QVERIFY(toplevel("Frmlog")->isVisible());
+  QVERIFY(visible("Frmlog"));
 }
 
 void Steps::replay() {

@@ -66,6 +66,12 @@ QColor readable(const gradino::Box& box) {
   return box.fore == box.back ? text.darker(250) : text;
 }
 
+bool allcovered() {
+  for (int cell = 0; cell < 81; ++cell)
+    if (!frmmain::Text1(cell).visible) return false;
+  return true;
+}
+
 }  // namespace
 
 QPoint cellplace(int cell) {
@@ -81,6 +87,7 @@ DigitBox::DigitBox(QWidget* parent, int cell) : QLineEdit(parent), cell_(cell) {
   setFont(pixelfont(arial, 27, true));
   setMouseTracking(true);
   setFocusPolicy(Qt::ClickFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);  // what it covers isn't painted
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
     onevent([this, typed = text.toStdString()] { Text1_Typed(cell_, typed); });
   });
@@ -104,6 +111,7 @@ void DigitBox::setghost(bool ghost) {
   if (ghost == ghost_) return;
   ghost_ = ghost;
   setAttribute(Qt::WA_TransparentForMouseEvents, ghost);
+  setAttribute(Qt::WA_OpaquePaintEvent, !ghost);
   update();
 }
 
@@ -220,26 +228,38 @@ void CandidateBox::click() {
 }
 
 CellBoxes::CellBoxes(QWidget* client) {
-  candidates_[0] = new CandidateBox(client, 0);
+  for (std::size_t cell = 0; cell < 81; ++cell) digits_[cell] = new DigitBox(client, static_cast<int>(cell));
+}
+
+// Most of the window's boxes, and none of them can be seen or reached while all digits stand over them.
+void CellBoxes::addcovered() {
+  if (candidates_[0] != nullptr) return;
+  QWidget* client = digits_[0]->parentWidget();
   const QFont markfont = pixelfont(mssansserif, 11);
+  candidates_[0] = new CandidateBox(client, 0);
+  candidates_[0]->stackUnder(digits_[0]);
   for (std::size_t cell = 0; cell < 81; ++cell) {
     const int number = static_cast<int>(cell);
     marks_[cell] = new MarksBox(client, number);
+    marks_[cell]->stackUnder(digits_[cell]);
+    marks_[cell]->show();
     for (std::size_t k = 1; k <= 9; ++k) {
-      candidates_[cell * 10 + k] = new CandidateBox(client, number * 10 + static_cast<int>(k));
-      candidates_[cell * 10 + k]->setFont(markfont);
+      auto* candidate = new CandidateBox(client, number * 10 + static_cast<int>(k));
+      candidate->setFont(markfont);
+      candidate->stackUnder(digits_[cell]);
+      candidates_[cell * 10 + k] = candidate;
     }
-    digits_[cell] = new DigitBox(client, number);
   }
 }
 
 void CellBoxes::mirror() {
-  movefocus();
   const bool editable = modificacandidati || frmmain::Toolbar1::modifica.ticked;
+  if (editable || readerlistens() || !allcovered()) addcovered();
+  movefocus();
   for (std::size_t cell = 0; cell < 81; ++cell) {
     const int number = static_cast<int>(cell);
     const bool reachable = number == navcell && !frmmain::Text1(number).visible;
-    marks_[cell]->mirror(frmmain::Text2(number), editable, reachable);
+    if (marks_[cell] != nullptr) marks_[cell]->mirror(frmmain::Text2(number), editable, reachable);
     // The toolkit puts in order only what the Tab key can reach.
     if (editable && reachable) QWidget::setTabOrder(digits_[cell], marks_[cell]);
     digits_[cell]->mirror(frmmain::Text1(number), number == navcell);

@@ -79,6 +79,9 @@ class CellBoxes {
   explicit CellBoxes(QWidget* client);
   void mirror();
 
+  /// Adds what the digits cover, if it isn't there yet: done at the latest when some of it shows.
+  void addcovered();
+
  private:
   void movefocus();
 

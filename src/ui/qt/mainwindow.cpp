@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QScreen>
 
+#include "browser.h"
 #include "clock.h"
 #include "commands.h"
 #include "events.h"
@@ -64,6 +65,13 @@ QPoint startplace(const QScreen& screen, const QSize& window) {
           qMax(room.top(), room.center().y() - both.height() / 2)};
 }
 
+/// The other windows are made when they are first shown: most runs never see most of them.
+template <class Window, class... From>
+void mirrorwindow(std::optional<Window>& window, bool visible, From&... from) {
+  if (!window && visible) window.emplace(from...);
+  if (window) window->mirror();
+}
+
 }  // namespace
 
 MainWindow::MainWindow() {
@@ -71,6 +79,7 @@ MainWindow::MainWindow() {
   meetscreenreaders();
   setWindowTitle("Gradino");
   QWidget* client = newclient(*this);
+  client->installEventFilter(this);
   cells_ = std::make_unique<CellBoxes>(client);
   panel_ = std::make_unique<Panel>(client);
   toolbar2_ = new Toolbar(client, "Toolbar2", toolbar2y, toolbar2rows(), Toolbar2_ButtonClick);
@@ -103,10 +112,10 @@ void MainWindow::mirror() {
   toolbar1_->mirror();
   toolbar2_->mirror();
   menus_->mirror();
-  log_.mirror();
-  activity_.mirror();
-  generator_.mirror();
-  library_.mirror();
+  mirrorwindow(log_, Frmlog::visible);
+  mirrorwindow(activity_, frmactivity::visible);
+  mirrorwindow(generator_, frmgeneratore::visible);
+  mirrorwindow(library_, frmlivello::visible, *this);
   mirrornames();
   announcer_->mirror();
   if (timer2on == timer2_.isActive()) return;
@@ -122,6 +131,15 @@ void MainWindow::noteplace() const {
   frmmain::left = place.left();
   frmmain::top = place.top();
   frmmain::width = place.width();
+}
+
+// The window is on the screen sooner if what can't be seen yet waits for its first picture.
+bool MainWindow::eventFilter(QObject* client, QEvent* event) {
+  if (event->type() == QEvent::Paint) {
+    client->removeEventFilter(this);
+    QTimer::singleShot(0, this, [this] { onevent([this] { cells_->addcovered(); }); });
+  }
+  return QMainWindow::eventFilter(client, event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

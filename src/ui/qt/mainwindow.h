@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QTimer>
 #include <memory>
+#include <optional>
 
 #include "cellboxes.h"
 #include "librarywindow.h"
@@ -21,6 +22,7 @@ class MainWindow : public QMainWindow {
   ~MainWindow() override;
 
  protected:
+  bool eventFilter(QObject* client, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
 
@@ -33,10 +35,10 @@ class MainWindow : public QMainWindow {
   Toolbar *toolbar1_ = nullptr, *toolbar2_ = nullptr;
   std::unique_ptr<Menus> menus_;
   Announcer* announcer_ = nullptr;
-  LogWindow log_;
-  ActivityWindow activity_;
-  GeneratorWindow generator_;
-  LibraryWindow library_{*this};
+  std::optional<LogWindow> log_;
+  std::optional<ActivityWindow> activity_;
+  std::optional<GeneratorWindow> generator_;
+  std::optional<LibraryWindow> library_;
   QTimer timer2_;
 };
 

@@ -27,6 +27,9 @@ User::User() {
   window_ = std::make_unique<MainWindow>();
   window_->show();
   if (!QTest::qWaitForWindowActive(window_.get())) qFatal("the window doesn't come up");
+  // Behind its first picture the window adds what its digits cover.
+  const auto complete = [this] { return window_->findChild<QWidget*>("Text2_80") != nullptr; };
+  if (!QTest::qWaitFor(complete)) qFatal("the window stays without pencil marks");
   host.waitevents = [this, wait = host.waitevents] {
     waitasks();
     wait();
