@@ -16,7 +16,7 @@ declare -A groups=(
   [test]="libgtest-dev libbenchmark-dev librapidcheck-dev xz-utils clang-format-14 shellcheck
           poppler-utils desktop-file-utils appstream mandoc librsvg2-bin python3"
   [screen]="xvfb openbox xdotool imagemagick dbus-daemon at-spi2-core gir1.2-atspi-2.0
-            python3-gi"
+            python3-gi libxdamage1"
   [package]="dpkg-dev librsvg2-bin lintian mmdebstrap"
   [wayland]="qt6-wayland"
   [print]="cups-daemon cups-client poppler-utils"
