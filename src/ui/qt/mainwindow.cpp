@@ -1,9 +1,13 @@
 #include "mainwindow.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QEnterEvent>
 #include <QLayout>
 #include <QMenuBar>
 #include <QScreen>
+#include <QWindow>
 
 #include "browser.h"
 #include "clock.h"
@@ -64,6 +68,28 @@ QPoint startplace(const QScreen& screen, const QSize& window) {
   return {qMax(room.left(), room.center().x() - both.width() / 2),
           qMax(room.top(), room.center().y() - both.height() / 2)};
 }
+
+/// While it lives, the pointer is taken to be outside of the window. For every box that comes up in a window
+/// with the pointer in it the toolkit asks the screen where the pointer is, and waits for the answer.
+class PointerAway {
+ public:
+  explicit PointerAway(const QWidget& window) : window_(window), was_(window.underMouse()) {
+    QEvent leave(QEvent::Leave);
+    if (was_) QCoreApplication::sendEvent(window.windowHandle(), &leave);
+  }
+  ~PointerAway() {
+    const QPoint pointer = QCursor::pos();
+    const QPoint place = window_.mapFromGlobal(pointer);
+    QEnterEvent enter(place, place, pointer);
+    if (was_ && window_.rect().contains(place)) QCoreApplication::sendEvent(window_.windowHandle(), &enter);
+  }
+  PointerAway(const PointerAway&) = delete;
+  PointerAway& operator=(const PointerAway&) = delete;
+
+ private:
+  const QWidget& window_;
+  bool was_;
+};
 
 /// The other windows are made when they are first shown: most runs never see most of them.
 template <class Window, class... From>
@@ -137,7 +163,10 @@ void MainWindow::noteplace() const {
 bool MainWindow::eventFilter(QObject* client, QEvent* event) {
   if (event->type() == QEvent::Paint) {
     client->removeEventFilter(this);
-    QTimer::singleShot(0, this, [this] { onevent([this] { cells_->addcovered(); }); });
+    QTimer::singleShot(0, this, [this] {
+      const PointerAway away(*this);
+      onevent([this] { cells_->addcovered(); });
+    });
   }
   return QMainWindow::eventFilter(client, event);
 }
