@@ -3,53 +3,98 @@
 #include <algorithm>
 #include <bit>
 #include <initializer_list>
+#include <vector>
+
+#include "positions.h"
 
 namespace gradino {
 namespace {
 
-constexpr int rowhouse = 0, columnhouse = 9, blockhouse = 18;
+constexpr std::size_t rowhouse = 0, columnhouse = 9, blockhouse = 18;
 
-constexpr std::size_t lastcell = 80;
-
-struct Seen {
-  std::size_t row, column, block;
-};
-
-constexpr Seen housesof(std::size_t cell) {
-  return {rowhouse + cell / 9, columnhouse + cell % 9, blockhouse + cell / 27 * 3 + cell % 9 / 3};
-}
+constexpr int lastcell = 80;
 
 /// The cells of each house.
 const auto houses = [] {
   std::array<Bands, 27> cells{};
   for (std::size_t cell = 0; cell < 81; ++cell)
-    for (const Seen h = housesof(cell); std::size_t house : {h.row, h.column, h.block})
+    for (const std::size_t house :
+         {rowhouse + cell / 9, columnhouse + cell % 9, blockhouse + cell / 27 * 3 + cell % 9 / 3})
       cells[house] |= onecell(static_cast<int>(cell));
   return cells;
 }();
 
 int count(std::uint32_t houses27) {
-  return std::popcount(houses27);
+  return bitcounts[houses27 & 511] + bitcounts[houses27 >> 9 & 511] + bitcounts[houses27 >> 18];
+}
+
+/// The houses in which some of the cells lie: of their lying triads, those of a row stand side by side in a
+/// lane and those of a block one below the other.
+std::uint32_t housesof(Bands cells) {
+  const Bands lying = (cells | cells >> 1 | cells >> 2) & eachband(Lying::places);
+  const Bands rows = lying | lying >> 3 | lying >> 6, blocks = lying | lying >> 9 | lying >> 18;
+  const std::uint32_t stacks = cells[0] | cells[1] | cells[2];
+  std::uint32_t found = ((stacks | stacks >> 9 | stacks >> 18) & 511) << columnhouse;
+  for (int band = 0; band < 3; ++band) {
+    const std::uint32_t row = rows[band], block = blocks[band];
+    found |= ((row & 1) | (row >> 8 & 2) | (row >> 16 & 4)) << (rowhouse + 3 * band);
+    found |= ((block & 1) | (block >> 2 & 2) | (block >> 4 & 4)) << (blockhouse + 3 * band);
+  }
+  return found;
+}
+
+/// For each house in how many of the sets it is.
+template <class Sets>
+HouseNumbers addup(const Sets& sets) {
+  HouseNumbers sum{};
+  for (std::uint32_t carry : sets)
+    for (std::uint32_t& bit : sum) {
+      const std::uint32_t both = bit & carry;
+      bit ^= carry;
+      carry = both;
+    }
+  return sum;
+}
+
+/// The houses where a number is less than another, and where they are equal.
+struct Compared {
+  std::uint32_t less = 0, equal = ~0u;
+
+  Compared(const HouseNumbers& a, const HouseNumbers& b) {
+    for (std::size_t bit = a.size(); bit-- > 0;) {
+      less |= equal & ~a[bit] & b[bit];
+      equal &= ~(a[bit] ^ b[bit]);
+    }
+  }
+};
+
+/// The cells that share a house with it, itself among them.
+Bands seenby(int cell) {
+  Bands seen{};
+  for (const Bands house : houses)
+    if (any(house & onecell(cell))) seen |= house;
+  return seen;
 }
 
 }  // namespace
 
 ClashRules::ClashRules(const Digits& board) {
-  for (std::size_t cell = 0; cell < 81; ++cell)
-    if (board[cell] == 0) empty_ |= onecell(static_cast<int>(cell));
-  start_.of.fill(empty_);
-  for (std::size_t cell = 0; cell < 81; ++cell) {
-    const Seen h = housesof(cell);
-    if (board[cell] != 0)
-      start_.of[board[cell] - 1u] &= ~(houses[h.row] | houses[h.column] | houses[h.block]);
-    else
-      for (std::size_t house : {h.row, h.column, h.block}) ++holes_[house];
+  std::vector<std::uint32_t> holes;
+  for (int cell = 0; cell < 81; ++cell) {
+    if (board[static_cast<std::size_t>(cell)] != 0) continue;
+    empty_ |= onecell(cell);
+    holes.push_back(housesof(onecell(cell)));
   }
-  const Seen last = housesof(lastcell);
-  const Bands itself = onecell(lastcell);
-  lasthouses_ = 1u << last.row | 1u << last.column | 1u << last.block;
-  seenbylast_ = empty_ & (houses[last.row] | houses[last.column] | houses[last.block]) & ~itself;
-  for (std::size_t d = 0; d < 9; ++d) lastdigits_[d] = any(start_.of[d] & itself);
+  holes_ = addup(holes);
+  start_.of.fill(empty_);
+  for (int cell = 0; cell < 81; ++cell)
+    if (const std::size_t digit = board[static_cast<std::size_t>(cell)]; digit != 0)
+      start_.of[digit - 1] &= ~seenby(cell);
+  const Bands last = onecell(lastcell);
+  lasthouses_ = housesof(last);
+  seenbylast_ = empty_ & seenby(lastcell) & ~last;
+  for (std::size_t d = 0; d < 9; ++d) lastdigits_[d] = any(start_.of[d] & last);
+  can_.fill((1u << houses.size()) - 1);
 }
 
 /// A digit that r9c9 could take at the start, and that no cell it sees can take any more, is one it takes at
@@ -60,58 +105,70 @@ bool ClashRules::refuse(const Boards& boards) const {
   return open > 1;
 }
 
-/// Where all houses of r9c9 have digits to spare, whether it is left with one digit is found out there and
-/// nowhere else.
-Bands ClashRules::first() const {
-  for (std::size_t d = 0; d < 9; ++d)
-    if (lastdigits_[d] && !(must_[d] & lasthouses_)) return seenbylast_ | onecell(lastcell);
-  return Bands{};
-}
-
 /// A house with as many holes as digits that it can still take must take them all. A digit goes into as many
 /// houses of each kind: at least into the most that must take it in some kind, at most into the fewest that
 /// can. Where the two meet, every house of the kind that can must take it, or none that need not does.
 ///
 /// Without this a search would walk for ever: where digits are to spare, that there are too few of them for
 /// the holes is seen by no cell and no digit alone.
+///
+/// What was known of the board that this one has grown out of still holds, and a digit whose houses are as
+/// they were when it was last settled has nothing new to say.
 Tightened ClashRules::tighten(Boards& boards) {
   const auto known = must_;
-  must_.fill(0);
-  for (std::size_t d = 0; d < 9; ++d) {
-    can_[d] = 0;
-    for (std::size_t house = 0; house < 27; ++house)
-      can_[d] |= static_cast<std::uint32_t>(any(boards.of[d] & houses[house])) << house;
-  }
+  auto settledcan = can_, settledmust = must_;
+  std::transform(boards.of.begin(), boards.of.end(), can_.begin(), housesof);
   const auto could = can_;
   for (bool changed = true; changed;) {
-    const auto can = can_, must = must_;
+    changed = false;
     if (!settlehouses()) return Tightened::dead;
-    for (std::size_t d = 0; d < 9; ++d)
+    for (std::size_t d = 0; d < 9; ++d) {
+      if (can_[d] == settledcan[d] && must_[d] == settledmust[d]) continue;
+      changed = true;
+      settledcan[d] = can_[d];
+      settledmust[d] = must_[d];
       if (!settledigit(d) || !settlelast(d)) return Tightened::dead;
-    changed = can != can_ || must != must_;
+    }
   }
   if (could == can_ && known == must_) return Tightened::same;
   for (std::size_t d = 0; d < 9; ++d)
-    for (std::size_t house = 0; house < 27; ++house)
-      if (!(can_[d] >> house & 1)) boards.of[d] &= ~houses[house];
-  tellneeds(lying_, rowhouse);
-  tellneeds(standing_, columnhouse);
+    for (std::uint32_t gone = could[d] & ~can_[d]; gone != 0; gone &= gone - 1)
+      boards.of[d] &= ~houses[static_cast<std::size_t>(std::countr_zero(gone))];
+  tellneeds();
   return Tightened::more;
 }
 
+std::optional<ClashRules::Need> ClashRules::openneed() const {
+  std::array<std::uint32_t, 9> open{};
+  for (std::size_t d = 0; d < 9; ++d) open[d] = can_[d] & ~must_[d];
+  const HouseNumbers numbers = addup(open);
+  std::uint32_t fewest = numbers[0] | numbers[1] | numbers[2] | numbers[3];
+  if (fewest == 0) return std::nullopt;
+  for (std::size_t bit = numbers.size(); bit-- > 0;)
+    if ((fewest & ~numbers[bit]) != 0) fewest &= ~numbers[bit];
+  const auto house = static_cast<std::size_t>(std::countr_zero(fewest));
+  std::size_t digit = 0;
+  while (!(open[digit] >> house & 1)) ++digit;
+  return Need{house, digit};
+}
+
+void ClashRules::insist(Need need) {
+  must_[need.digit] |= 1u << need.house;
+  can_[need.digit] = (1u << houses.size()) - 1;  // to be settled anew
+  tellneeds();
+}
+
+void ClashRules::leaveout(Boards& boards, Need need) const {
+  boards.of[need.digit] &= ~houses[need.house];
+}
+
 bool ClashRules::settlehouses() {
-  for (std::size_t house = 0; house < 27; ++house) {
-    const std::uint32_t bit = 1u << house;
-    int can = 0, must = 0;
-    for (std::size_t d = 0; d < 9; ++d) {
-      can += (can_[d] & bit) != 0;
-      must += (must_[d] & bit) != 0;
-    }
-    if (can < holes_[house] || must > holes_[house]) return false;
-    if (can == holes_[house])
-      for (std::size_t d = 0; d < 9; ++d) must_[d] |= can_[d] & bit;
-    else if (must == holes_[house])
-      for (std::size_t d = 0; d < 9; ++d) can_[d] &= must_[d] | ~bit;
+  const HouseNumbers can = addup(can_), must = addup(must_);
+  const Compared room(can, holes_), load(holes_, must);
+  if ((room.less | load.less) != 0) return false;
+  for (std::size_t d = 0; d < 9; ++d) {
+    must_[d] |= can_[d] & room.equal;
+    can_[d] &= must_[d] | ~load.equal;
   }
   return true;
 }
@@ -166,19 +223,23 @@ bool ClashRules::balance(std::size_t digit, std::initializer_list<std::uint32_t>
   return true;
 }
 
+void ClashRules::tellneeds() {
+  tellneeds(lying_, rowhouse);
+  tellneeds(standing_, columnhouse);
+}
+
 template <class T>
-void ClashRules::tellneeds(Needs<T>& needs, int line) const {
+void ClashRules::tellneeds(Needs<T>& needs, std::size_t line) const {
   needs = {};
   for (std::size_t d = 0; d < 9; ++d) {
     const int slot = static_cast<int>(d % 3) * T::slot;
-    for (int position = 0; position < 9; ++position) {
-      const auto add = [&](Bands& into, int house) {
-        if (must_[d] >> house & 1)
-          into |= (houses[static_cast<std::size_t>(house)] & eachband(T::places)) << slot;
-      };
-      add(needs.line[d / 3], line + position);
-      add(needs.block[d / 3], blockhouse + position);
-    }
+    const auto add = [&](Bands& into, std::size_t kind) {
+      for (std::uint32_t rest = must_[d] >> kind & 511; rest != 0; rest &= rest - 1)
+        into |= (houses[kind + static_cast<std::size_t>(std::countr_zero(rest))] & eachband(T::places))
+                << slot;
+    };
+    add(needs.line[d / 3], line);
+    add(needs.block[d / 3], blockhouse);
   }
 }
 

@@ -7,11 +7,18 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 
 #include "completions.h"
 #include "deduction.h"
 
 namespace gradino {
+
+/// `more`: there is more to deduce than before. `dead`: the board can't be completed.
+enum class Tightened { same, more, dead };
+
+/// A number from 0 to 15 for each house: a word for each bit of it, in the word a bit for each house.
+using HouseNumbers = std::array<std::uint32_t, 4>;
 
 /// The rules of one such board, see CleanRules. Its boards hold the empty cells alone.
 class ClashRules {
@@ -35,8 +42,19 @@ class ClashRules {
     return empty_ & empty_ >> T::step & empty_ >> 2 * T::step & eachband(T::places);
   }
   bool refuse(const Boards& boards) const;
-  Bands first() const;
+
+  /// Adapts rules and board to each other; the board has been settled.
   Tightened tighten(Boards& boards);
+
+  struct Need {
+    std::size_t house, digit;  ///< rows, columns, blocks; the digit less one
+  };
+  /// A digit that a house may take or leave out, of a house where fewest are; none if all is decided.
+  std::optional<Need> openneed() const;
+  /// Decides it: the house takes the digit.
+  void insist(Need need);
+  /// Or leaves it out.
+  void leaveout(Boards& boards, Need need) const;
 
  private:
   /// In the slots of triads, as the deduction wants them.
@@ -47,7 +65,8 @@ class ClashRules {
   template <class T>
   const Needs<T>& needs() const;
   template <class T>
-  void tellneeds(Needs<T>& needs, int line) const;
+  void tellneeds(Needs<T>& needs, std::size_t line) const;
+  void tellneeds();
 
   bool settlehouses();
   bool settledigit(std::size_t digit);
@@ -56,15 +75,15 @@ class ClashRules {
 
   Bands empty_{};
   Boards start_;
-  std::array<int, 27> holes_{};  ///< the empty cells of each house: rows, columns, blocks
+  HouseNumbers holes_{};  ///< how many empty cells
   Needs<Lying> lying_;
   Needs<Standing> standing_;
   std::uint32_t lasthouses_ = 0;      ///< those of r9c9, a bit each
   std::array<bool, 9> lastdigits_{};  ///< what r9c9 takes at the start, if it is empty
   Bands seenbylast_{};                ///< the empty cells that it sees
 
-  // By digit less one, a bit a house: it can still take the digit; it must.
-  std::array<std::uint32_t, 9> can_{}, must_{};
+  // By digit less one, a bit a house: it can still take the digit; it must. At first nothing is known.
+  std::array<std::uint32_t, 9> can_, must_{};
 };
 
 template <>

@@ -1,23 +1,14 @@
 #include "completions.h"
 
 #include <algorithm>
-#include <bit>
 
 #include "clash.h"
+#include "clashsearch.h"
 #include "deduction.h"
+#include "guess.h"
 
 namespace gradino {
 namespace {
-
-Digits digitsof(const Boards& boards, const Digits& board) {
-  Digits digits = board;
-  for (std::size_t d = 0; d < 9; ++d)
-    for (int band = 0; band < 3; ++band)
-      for (std::uint32_t bits = boards.of[d][band]; bits != 0; bits &= bits - 1)
-        digits[static_cast<std::size_t>(band * 27 + std::countr_zero(bits))] =
-            static_cast<std::uint8_t>(d + 1);
-  return digits;
-}
 
 /// The cells of houses that hold two or more of the cells, by rows, columns and blocks.
 struct Crowded {
@@ -40,47 +31,12 @@ Crowded crowded(Bands cells) {
   return {(rows << 9) - rows, Standing::spread(columns), Standing::spread(Lying::spread(blocks))};
 }
 
-struct Guess {
-  int cell;
-  std::size_t digit;
-};
-
-Guess lowestdigit(const Boards& boards, Bands cells) {
-  const int cell = firstcell(cells);
-  std::size_t digit = 0;
-  while (!any(boards.of[digit] & onecell(cell))) ++digit;
-  return {cell, digit};
-}
-
-/// The cells with at least two, three, four digits.
-struct Many {
-  Bands two{}, three{}, four{};
-
-  explicit Many(const Boards& boards) {
-    Bands one{};
-    for (const Bands x : boards.of) {
-      four |= three & x;
-      three |= two & x;
-      two |= one & x;
-      one |= x;
-    }
-  }
-};
-
 /// A cell where a guess settles most: of two digits if there is one, best where rows, columns and blocks hold
-/// more such cells, which then follow. Within `first` if a cell is open there.
-Guess bestguess(const Boards& boards, Bands first) {
-  Many many(boards);
-  if (any(many.two & first)) {
-    many.two &= first;
-    many.three &= first;
-    many.four &= first;
-  }
+/// more such cells, which then follow.
+Guess bestguess(const Boards& boards) {
+  const Many many(boards);
   const Bands pairs = many.two & ~many.three;
-  if (!any(pairs)) {
-    const Bands triples = many.three & ~many.four;
-    return lowestdigit(boards, any(triples) ? triples : many.four);
-  }
+  if (!any(pairs)) return lowestdigit(boards, many.fewest());
   const Crowded in = crowded(pairs);
   for (const Bands where : {in.rows & in.columns & in.blocks, twoof(in.rows, in.columns, in.blocks),
                             in.rows | in.columns | in.blocks})
@@ -88,11 +44,42 @@ Guess bestguess(const Boards& boards, Bands first) {
   return lowestdigit(boards, pairs);
 }
 
-template <class Rules>
+/// Completions of a board without a clash, in any order.
+class CleanSearch {
+ public:
+  CleanSearch(const Digits& board, std::vector<Digits>& found) : board_(board), found_(found) {}
+
+  /// Appends completions as they come. False: there are more than make up `most` with those found before.
+  bool some(Boards boards, CleanRules rules, std::size_t most) {
+    for (;;) {
+      switch (settle(boards, rules)) {
+        case Outcome::dead:
+          return true;
+        case Outcome::complete:
+          found_.push_back(digitsof(boards, board_));
+          return found_.size() <= most;
+        case Outcome::open:
+          break;
+      }
+      const Guess guess = bestguess(boards);
+      Boards branch = boards;
+      branch.place(guess.cell, guess.digit);
+      if (!some(branch, rules, most)) return false;
+      boards.of[guess.digit] &= ~onecell(guess.cell);
+    }
+  }
+
+ private:
+  const Digits& board_;
+  std::vector<Digits>& found_;
+};
+
+/// The first completions in ascending order.
+template <class Rules, class Inanyorder>
 class Search {
  public:
   Search(const Digits& board, std::size_t limit, std::vector<Digits>& found)
-      : board_(board), limit_(limit), found_(found) {}
+      : board_(board), limit_(limit), found_(found), inanyorder_(board, found) {}
 
   /// The next cell, its digits ascending. False: the limit is reached.
   ///
@@ -107,7 +94,7 @@ class Search {
     for (bool alive = witness != nullptr;;) {
       if (!alive && vain_ >= patience) {
         const std::size_t before = found_.size();
-        const bool all = anyorder(boards, rules, before + few);
+        const bool all = inanyorder_.some(boards, rules, before + few);
         std::sort(found_.begin() + static_cast<std::ptrdiff_t>(before), found_.end());
         if (all) {
           if (found_.size() > before) vain_ = 0;
@@ -139,29 +126,6 @@ class Search {
     }
   }
 
-  /// Appends completions as they come. False: there are more than `most` in all.
-  bool anyorder(Boards boards, Rules rules, std::size_t most) {
-    for (;;) {
-      switch (settle(boards, rules)) {
-        case Outcome::dead:
-          return true;
-        case Outcome::complete:
-          found_.push_back(digitsof(boards, board_));
-          return found_.size() <= most;
-        case Outcome::open:
-          break;
-      }
-      const Tightened tightened = rules.tighten(boards);
-      if (tightened == Tightened::dead) return true;
-      if (tightened == Tightened::more) continue;
-      const Guess guess = bestguess(boards, rules.first());
-      Boards branch = boards;
-      branch.place(guess.cell, guess.digit);
-      if (!anyorder(branch, rules, most)) return false;
-      boards.of[guess.digit] &= ~onecell(guess.cell);
-    }
-  }
-
  private:
   // By measurement: of 1 to 64 both, on boards of two to more than 500 solutions.
   static constexpr std::size_t few = 3;
@@ -170,6 +134,7 @@ class Search {
   const Digits& board_;
   std::size_t limit_;
   std::vector<Digits>& found_;
+  Inanyorder inanyorder_;
   int vain_ = patience;  ///< steps since the last completion; most boards have one or none, so ask at once
 };
 
@@ -204,10 +169,10 @@ Boards cleanboards(Boards givens) {
 void firstcompletions(const Digits& board, std::size_t limit, std::vector<Digits>& found) {
   found.clear();
   if (const Boards given = givenboards(board); !clash(given)) {
-    Search<CleanRules>(board, limit, found).inorder(cleanboards(given), {}, nullptr);
+    Search<CleanRules, CleanSearch>(board, limit, found).inorder(cleanboards(given), {}, nullptr);
   } else {
     const ClashRules rules(board);
-    Search<ClashRules>(board, limit, found).inorder(rules.start(), rules, nullptr);
+    Search<ClashRules, ClashSearch>(board, limit, found).inorder(rules.start(), rules, nullptr);
   }
 }
 
@@ -216,7 +181,7 @@ bool completesotherwise(const Digits& board, int cell, int digit) {
   found.clear();
   Boards boards = cleanboards(givenboards(board));
   boards.of[static_cast<std::size_t>(digit - 1)] &= ~onecell(cell);
-  return !Search<CleanRules>(board, 1, found).anyorder(boards, {}, 0);
+  return !CleanSearch(board, found).some(boards, {}, 0);
 }
 
 }  // namespace gradino

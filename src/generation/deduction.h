@@ -19,9 +19,6 @@ struct Boards {
   }
 };
 
-/// `more`: there is more to deduce than before. `dead`: the board can't be completed.
-enum class Tightened { same, more, dead };
-
 /// What holds on every board whose digits don't clash; the boards hold the givens too, as decided cells. A
 /// board with a clash has rules of its own with the same members (clash.h).
 struct CleanRules {
@@ -43,10 +40,6 @@ struct CleanRules {
   }
   /// Whether something else forbids the board.
   GRADINO_STEP static bool refuse(const Boards&) { return false; }
-  /// The cells to guess in before all others, none for any.
-  GRADINO_STEP static Bands first() { return Bands{}; }
-  /// Adapts rules and board to each other before a guess.
-  GRADINO_STEP static Tightened tighten(Boards&) { return Tightened::same; }
 };
 
 /// What is known of the triads of one kind, by packs of three digits.
