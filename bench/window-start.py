@@ -19,7 +19,7 @@ import time
 from pathlib import Path
 
 SCREEN = "1280x800x24"
-WINDOW_AREA = 300 * 300  # a picture of less than that is none of the window
+WINDOW_AREA = 300 * 300  # less than that is not yet the window's picture
 WAIT, SETTLING, REST = 20.0, 0.5, 3.0
 
 
@@ -80,9 +80,10 @@ class Screen:
         list(self.drawn())
 
     def wait_for_window(self, process):
-        end = time.monotonic() + WAIT
+        end, area = time.monotonic() + WAIT, 0
         while time.monotonic() < end and process.poll() is None:
-            if any(area >= WINDOW_AREA for area in self.drawn()):
+            area += sum(self.drawn())  # without shared memory a picture comes in stripes
+            if area >= WINDOW_AREA:
                 return
             select.select([self.x11.XConnectionNumber(self.display)], [], [], 0.2)
         raise SystemExit(f"window-start: no window of {process.args[0]} came up")
