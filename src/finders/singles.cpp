@@ -134,8 +134,7 @@ char figureof(int n) {
 
 /// The house with eight digits placed: its open cell, the first that still has candidates.
 template <class CellAt>
-std::string lastof(char letter, int used, CellAt cellat) {
-  if (!issingle(static_cast<unsigned>(fullmask - used))) return {};
+std::string lastof(char letter, CellAt cellat) {
   for (int position = 0; position < 9; ++position) {
     const int cell = cellat(position);
     if (candmask(cell) <= 0) continue;
@@ -158,15 +157,17 @@ std::string onlyplace(Grid<Positions, HI, HI>& positions) {
 }  // namespace
 
 std::string findOneMissing() {
+  // Nearly all houses lack more than one digit.
+  const auto lacksone = [](int slot) { return issingle(static_cast<unsigned>(fullmask - usedmask(slot))); };
   for (int b = 0; b < 9; ++b)
-    if (auto r = lastof('b', usedmask(blockslot + b), [b](int p) { return blockcells(b, p); }); !r.empty())
-      return r;
+    if (lacksone(blockslot + b))
+      if (auto r = lastof('b', [b](int p) { return blockcells(b, p); }); !r.empty()) return r;
   for (int row = 0; row < 9; ++row)
-    if (auto r = lastof('r', usedmask(rowslot + row), [row](int p) { return row * 9 + p; }); !r.empty())
-      return r;
+    if (lacksone(rowslot + row))
+      if (auto r = lastof('r', [row](int p) { return row * 9 + p; }); !r.empty()) return r;
   for (int col = 0; col < 9; ++col)
-    if (auto r = lastof('c', usedmask(columnslot + col), [col](int p) { return p * 9 + col; }); !r.empty())
-      return r;
+    if (lacksone(columnslot + col))
+      if (auto r = lastof('c', [col](int p) { return p * 9 + col; }); !r.empty()) return r;
   return {};
 }
 
