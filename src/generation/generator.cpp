@@ -113,11 +113,10 @@ std::optional<Single> quicksingle() {
 }
 
 /// Fills what follows from the board by singles, intersections and naked pairs. What it places stays on the
-/// board as filled, but is not shown and not entered.
+/// board as filled, but is not shown and not entered. The position index is whole: placing keeps it.
 void risolvirapido() {
   cleargrade();
   boardfinished = false;
-  rebuildpositions();
   updatetext2();  // what was placed last: nobody could look before, and what follows is not shown
   suppresschange = true;
   for (;;) {
