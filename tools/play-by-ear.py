@@ -182,6 +182,15 @@ class Ears:
 
         return until(f"not heard: {what}", heard)
 
+    def insertion(self, name, text):
+        """A box of this name is reported to have taken this text, before the announcement of it or behind."""
+
+        def reported():
+            self.listen()
+            return (name, text) in self.inserted
+
+        until(f"not reported as the text of {name!r}: {text!r}", reported)
+
 
 # ---- the game -----------------------------------------------------------------------------------------------
 
@@ -243,8 +252,7 @@ def take_step(ears, head, number):
     ears.inserted.clear()
     ears.press("hint")
     sentence = ears.announcement("the hint")
-    if ("step", sentence) not in ears.inserted:
-        raise Missed(f"{sentence!r} was not reported as the text of the step: {ears.inserted}")
+    ears.insertion("step", sentence)
     cell, digit = head.single(sentence)
     place = PLACES[cell]
     until(f"{place}: {ears.cell(place)!r}", lambda: ears.cell(place) == head.cell(cell, green=digit), seconds=5)
