@@ -14,6 +14,8 @@ constexpr std::size_t rowhouse = 0, columnhouse = 9, blockhouse = 18;
 
 constexpr int lastcell = 80;
 
+constexpr std::uint32_t unknown = ~0u;  ///< no set of houses that a board can have
+
 /// The cells of each house.
 const auto houses = [] {
   std::array<Bands, 27> cells{};
@@ -94,7 +96,7 @@ ClashRules::ClashRules(const Digits& board) {
   lasthouses_ = housesof(last);
   seenbylast_ = empty_ & seenby(lastcell) & ~last;
   for (std::size_t d = 0; d < 9; ++d) lastdigits_[d] = any(start_.of[d] & last);
-  can_.fill((1u << houses.size()) - 1);
+  can_.fill(unknown);
 }
 
 /// A digit that r9c9 could take at the start, and that no cell it sees can take any more, is one it takes at
@@ -154,7 +156,7 @@ std::optional<ClashRules::Need> ClashRules::openneed() const {
 
 void ClashRules::insist(Need need) {
   must_[need.digit] |= 1u << need.house;
-  can_[need.digit] = (1u << houses.size()) - 1;  // to be settled anew
+  can_[need.digit] = unknown;  // to be settled anew
   tellneeds();
 }
 
