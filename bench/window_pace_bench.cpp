@@ -1,8 +1,9 @@
 // What the window costs the continuous generator: puzzles a second while it runs in the window, shown and
 // listed and kept in a library, and the same run without a window.
 //
-//   build/dev/bench/window_pace [SECONDS]      10; on the screen of the desktop, or
-//   QT_QPA_PLATFORM=offscreen
+//   build/dev/bench/window_pace [SECONDS]      10 of each
+//
+// On the screen of the desktop; without one under QT_QPA_PLATFORM=offscreen.
 //
 // The first few puzzles take longer than the later ones, so that both runs last equally long.
 #include <QApplication>

@@ -1,4 +1,8 @@
 // The grader, the level report, the log and the replay.
+#include <string>
+#include <vector>
+
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "captions.h"
@@ -390,6 +394,29 @@ TEST_F(Program, ASnapshotHoldsDigitsMasksAndTheNishioFlag) {
   EXPECT_EQ(logcands(1), masktext);
   EXPECT_TRUE(masktext.starts_with("0,984,"));
   EXPECT_TRUE(logflags(1));
+}
+
+// No board should hold such numbers; told they are as they stand, wherever they are.
+TEST_F(Program, ASnapshotOfNumbersThatAreNoDigitsAndNoSetsHoldsThemAsTheyStand) {
+  for (const int odd : {10, 16, -1}) {
+    for (const int cell : {0, 40, 80}) {
+      put(emptyboard);
+      std::vector<std::string> values(81, "0"), cands(81, "1022,");
+      cellvalue(cell) = odd;
+      values[static_cast<std::size_t>(cell)] = std::to_string(odd);
+      logcount = 1;
+      logsnapshot();
+      EXPECT_EQ(logvalues(1), fmt::format("{}", fmt::join(values, ""))) << odd << ' ' << cell;
+      EXPECT_EQ(logcands(1), fmt::format("{}", fmt::join(cands, ""))) << odd << ' ' << cell;
+      const int set = odd > 0 ? 1024 + odd : odd;
+      cellvalue(cell) = 0;
+      candmask(cell) = set;
+      cands[static_cast<std::size_t>(cell)] = std::to_string(set) + ",";
+      logsnapshot();
+      EXPECT_EQ(logvalues(1), std::string(81, '0')) << odd << ' ' << cell;
+      EXPECT_EQ(logcands(1), fmt::format("{}", fmt::join(cands, ""))) << set << ' ' << cell;
+    }
+  }
 }
 
 TEST_F(Program, MoreThan650LinesAreAFault) {

@@ -584,11 +584,10 @@ INSTANTIATE_TEST_SUITE_P(Nishio, EachNishio,
 class LiteralNishio {
  public:
   int steps = 81;
-  int cell = 0, digit = 0;  ///< of the best trial
-  std::string log;          ///< of the best trial, in English
-  std::array<int, 27>
-      unions{};          ///< of the last check; which slots of the board hold them is nobody's business
-  int cellandhouse = 0;  ///< states with an empty cell and a lost digit both
+  int cell = 0, digit = 0;       ///< of the best trial
+  std::string log;               ///< of the best trial, in English
+  std::array<int, 27> unions{};  ///< of the last check
+  int cellandhouse = 0;          ///< states with an empty cell and a lost digit both
 
   LiteralNishio() {
     for (int c = 0; c < 81; ++c) value_[c] = cellvalue(c), mask_[c] = candmask(c);
