@@ -145,6 +145,7 @@ std::function<bool()> addsheet(CLI::App& app) {
       ->add_option("--from-library", options->levels,
                    "LEVEL or LEVEL:N: the N hardest of a level, or a page of them; may stand several times")
       ->expected(1)
+      ->allow_extra_args(false)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   command->add_option("--library", options->library, "The library's file; else the program's own");
   command->add_option("-o,--output", options->output, "The PDF to write")->required();

@@ -170,6 +170,12 @@ wide=$(pdftotext -bbox narrow.pdf - | sed -n 's/.*xMin="\([0-9.]*\)" yMin="\([0-
   awk '$2 < 750 && $3 > ($1 < 306 ? 258 : 535)')
 same "what is wider than its grid" "$wide" ""
 same "levels from the library" "$(words library.pdf | grep -o 'level [0-9]*')" "$(lines "level 5" "level 5" "level 5")"
+# What follows the level is a file, and another level wants the option again.
+run 0 "" "" "$cli" sheet --library schemigenerati.mdb --from-library 5:3 "$data/formats/line.txt" -o library.pdf
+same "puzzles of the library and of a file" "$(words library.pdf | grep -o 'level [0-9]*')" \
+  "$(lines "level 5" "level 5" "level 5" "level 1")"
+run 0 "" "" "$cli" sheet --library schemigenerati.mdb --from-library 5 --from-library 3:1 -o library.pdf
+same "levels from the library" "$(words library.pdf | grep -o 'level [0-9]*')" "$(lines "level 5" "level 5" "level 3")"
 
 echo "cli-test: selftest"
 run 0 "$(<"$data/exchange/selftest.expected")" "" "$cli" selftest --jobs 2 hard.sdm "$data/formats/line.txt"
