@@ -37,12 +37,16 @@ std::optional<std::string> bytesof(const std::string& name) {
 
 }  // namespace
 
+std::string shownname(const std::string& file) {
+  return file == "-" ? "standard input" : file;
+}
+
 bool eachpuzzlefile(
     const std::vector<std::string>& files,
     const std::function<void(const std::string& file, const std::vector<formats::Puzzle>& puzzles)>& use) {
   bool good = true;
   const auto readone = [&](const std::string& file) {
-    const std::string name = file == "-" ? "standard input" : file;
+    const std::string name = shownname(file);
     const std::optional<std::string> bytes = bytesof(file);
     if (!bytes) {
       complain(fmt::format("{}: can't be read: {}", name, std::strerror(errno)));

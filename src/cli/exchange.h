@@ -9,6 +9,9 @@
 
 namespace gradino::cli {
 
+/// The file as messages name it: "-" is standard input.
+std::string shownname(const std::string& file);
+
 /// Hands over the puzzles of each file ("-" or none: standard input). A file that isn't read in full is left
 /// out and standard error is told its line and what was expected; the others go on. False: there was one.
 bool eachpuzzlefile(

@@ -18,6 +18,9 @@ constexpr Words numbered = {"Sudoku {number}", "Sudoku {number}"};
 constexpr Words graded = {"livello {level}, {name} · difficoltà {difficulty}",
                           "level {level}, {name} · difficulty {difficulty}"};
 constexpr Words ungraded = {"livello {level}, oltre le tecniche", "level {level}, beyond the techniques"};
+constexpr Words severalsolutions = {"più di una soluzione", "more than one solution"};
+constexpr Words nosolutionatall = {"nessuna soluzione", "no solution"};
+constexpr Words fullboard = {"schema completo", "full board"};
 constexpr Words solutionshead = {"Soluzioni", "Solutions"};
 constexpr Words nosolution = {"non una soluzione", "not one solution"};
 
@@ -126,6 +129,7 @@ Rectangle field(const PageOptions& options, int k, int columns, int rows, double
 }
 
 std::string caption(const Printed& puzzle) {
+  if (puzzle.standing != Standing::single) return std::string(ingradesplace(puzzle.standing));
   const std::string name(inlanguage(levelname(puzzle.level)));
   if (puzzle.difficulty < 0) return say(ungraded, hole("level", puzzle.level));
   return say(graded, hole("level", puzzle.level), hole("name", std::string_view(name)),
@@ -172,6 +176,20 @@ void drawsolutions(Pages& pages, const std::vector<Printed>& puzzles, const Page
 }
 
 }  // namespace
+
+std::string_view ingradesplace(Standing standing) {
+  switch (standing) {
+    case Standing::several:
+      return inlanguage(severalsolutions);
+    case Standing::none:
+      return inlanguage(nosolutionatall);
+    case Standing::full:
+      return inlanguage(fullboard);
+    case Standing::single:
+      break;
+  }
+  return {};
+}
 
 void drawpages(const std::string& file, const std::vector<Printed>& puzzles, const PageOptions& options) {
   Pages pages(options);

@@ -25,9 +25,13 @@
 #include "session.h"
 #include "store.h"
 #include "tables.h"
+#include "words.h"
 
 namespace gradino::cli {
 namespace {
+
+constexpr Words libraryrow = {"riga {row} della libreria", "row {row} of the library"};
+constexpr Words ungraded = {"{from}: {what} (Sudoku {number})", "{from}: {what} (Sudoku {number})"};
 
 struct SheetOptions {
   std::vector<std::string> files, levels;
@@ -35,13 +39,21 @@ struct SheetOptions {
   PageOptions page;
 };
 
+/// Behind a count.
+Standing standing(const std::string& puzzle) {
+  if (puzzle.find('.') == std::string::npos) return Standing::full;
+  if (numerosoluzioni == 1) return Standing::single;
+  return numerosoluzioni == 0 ? Standing::none : Standing::several;
+}
+
 /// The puzzle with its solution, level and difficulty, as opening its file grades it.
 Printed graded(const std::string& puzzle, const std::string& language) {
   Session session;
   startsession(session, language);
-  Printed printed{puzzle, "", 0, -1};
+  Printed printed{puzzle, "", 0, -1, Standing::single};
   runguarded(session, [&] {
     putup(puzzle);
+    printed.standing = standing(puzzle);
     if (numerosoluzioni == 1)
       for (int cell = 0; cell < cells; ++cell) printed.solution += solutiontext(cell);
     settleboard();
@@ -50,6 +62,14 @@ Printed graded(const std::string& puzzle, const std::string& language) {
   });
   printed.level = runninglevel;
   return printed;
+}
+
+/// A puzzle takes its place on the sheet. One that has no grade is told with where it comes from.
+void add(std::vector<Printed>& puzzles, const Printed& printed, const std::string& from) {
+  puzzles.push_back(printed);
+  if (printed.standing == Standing::single) return;
+  complain(say(ungraded, hole("from", from), hole("what", ingradesplace(printed.standing)),
+               hole("number", puzzles.size())));
 }
 
 /// "5" or "5:12".
@@ -94,7 +114,7 @@ void fromlibrary(const SheetOptions& options, std::vector<Printed>& puzzles) {
       Printed printed = graded(stringa.substr(0, cells), options.language);
       printed.level = level;
       printed.difficulty = difficultyin(record.row[field::difficolta]);
-      puzzles.push_back(printed);
+      add(puzzles, printed, say(libraryrow, hole("row", record.key)));
       progress.step();
     }
   }
@@ -109,13 +129,15 @@ bool sheet(SheetOptions options) {
   fromlibrary(options, puzzles);
   bool good = true;
   if (!options.files.empty() || options.levels.empty()) {
-    std::vector<std::string> read;
-    good = eachpuzzlefile(options.files, [&](const std::string&, const std::vector<formats::Puzzle>& some) {
-      for (const formats::Puzzle& puzzle : some) read.push_back(puzzle.cells);
-    });
+    std::vector<std::pair<std::string, formats::Puzzle>> read;
+    good =
+        eachpuzzlefile(options.files, [&](const std::string& file, const std::vector<formats::Puzzle>& some) {
+          for (const formats::Puzzle& puzzle : some) read.emplace_back(file, puzzle);
+        });
     Progress progress("graded", read.size());
-    for (const std::string& puzzle : read) {
-      puzzles.push_back(graded(puzzle, options.language));
+    for (const auto& [file, puzzle] : read) {
+      add(puzzles, graded(puzzle.cells, options.language),
+          fmt::format("{}:{}", shownname(file), puzzle.line));
       progress.step();
     }
   }

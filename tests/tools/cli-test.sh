@@ -176,6 +176,20 @@ same "puzzles of the library and of a file" "$(words library.pdf | grep -o 'leve
   "$(lines "level 5" "level 5" "level 5" "level 1")"
 run 0 "" "" "$cli" sheet --library schemigenerati.mdb --from-library 5 --from-library 3:1 -o library.pdf
 same "levels from the library" "$(words library.pdf | grep -o 'level [0-9]*')" "$(lines "level 5" "level 5" "level 3")"
+# A puzzle without a grade is called what it is, on the page and here.
+full=$("$cli" grade --json "$data/formats/line.txt" | sed -n 's/.*"solution": *"\([1-9]*\)".*/\1/p')
+impossible=123456...........................7........8.................9....................
+lines "$puzzle" "${puzzle/45/..}" "$impossible" "$full" >odd.sdm
+captions() { words "$1" | sed -n '/Sudoku/{n;p}' | sed 's/^ //;s/ · .*//'; }
+run 0 "" "$(lines "odd.sdm:2: more than one solution (Sudoku 2)" "odd.sdm:3: no solution (Sudoku 3)" \
+  "odd.sdm:4: full board (Sudoku 4)")" "$cli" sheet --per-page 1 odd.sdm -o odd.pdf
+same "captions" "$(captions odd.pdf)" \
+  "$(lines "level 1, hidden single" "more than one solution" "no solution" "full board")"
+run 0 "" "$(lines "odd.sdm:2: più di una soluzione (Sudoku 2)" "odd.sdm:3: nessuna soluzione (Sudoku 3)" \
+  "odd.sdm:4: schema completo (Sudoku 4)")" "$cli" sheet --per-page 1 --lang it odd.sdm -o odd.pdf
+same "captions in Italian" "$(captions odd.pdf)" \
+  "$(lines "livello 1, singolo nascosto" "più di una soluzione" "nessuna soluzione" "schema completo")"
+run 0 "" "standard input:1: full board (Sudoku 1)" bash -c "echo $full | $cli sheet -o odd.pdf"
 
 echo "cli-test: selftest"
 run 0 "$(<"$data/exchange/selftest.expected")" "" "$cli" selftest --jobs 2 hard.sdm "$data/formats/line.txt"
