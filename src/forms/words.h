@@ -52,6 +52,15 @@ std::string say(const Words& words, std::same_as<Hole> auto const&... holes) {
   return filled(inlanguage(words), {holes...});
 }
 
+/// A sentence of a number of things, each form with the hole {n}: "{n} schema", "{n} puzzle" for one of them,
+/// "{n} schemi", "{n} puzzles" for any other number.
+struct Counted {
+  Words one, many;
+};
+inline std::string say(const Counted& sentence, std::convertible_to<long long> auto const& n) {
+  return say(n == 1 ? sentence.one : sentence.many, hole("n", n));
+}
+
 /// What a fault was, for the user.
 std::string faulttext(const Fault& fault);
 
