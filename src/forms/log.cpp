@@ -19,6 +19,9 @@ namespace {
 constexpr Words logcaption = {"Log - DOPPIO CLICK su una linea per il dettaglio dell'evento",
                               "Log - DOUBLE CLICK on one line to explain the technique "};
 
+int emptied = 0;                                  ///< how often the text was emptied
+Table<int, 0, 650> snapshottext{"snapshottext"};  ///< `emptied` when the snapshot was taken
+
 }  // namespace
 
 void loadlogwindow() {
@@ -115,6 +118,16 @@ void logsnapshot() {
   writevalues(logvalues(logcount), Numbers(cellvalue.begin(), cells));
   writemasks(logcands(logcount), Numbers(candmask.begin(), cells));
   logflags(logcount) = nishioflag;
+  snapshottext(logcount) = emptied;
+}
+
+bool hassnapshot(int line) {
+  return line <= decltype(logvalues)::high && !logvalues(line).empty() && snapshottext(line) == emptied;
+}
+
+void emptylogtext() {
+  Frmlog::Text3.text.clear();
+  ++emptied;
 }
 
 void clearlog() {
@@ -124,7 +137,7 @@ void clearlog() {
   }
   logcount = 0;
   loadlogwindow();
-  Frmlog::Text3.text.clear();
+  emptylogtext();
 }
 
 }  // namespace gradino

@@ -16,6 +16,7 @@
 #include "intersections.h"
 #include "library.h"
 #include "light.h"
+#include "log.h"
 #include "pairs.h"
 #include "reduction.h"
 #include "singles.h"
@@ -161,7 +162,7 @@ void finish() {
 /// The board that a try starts from.
 void wipe() {
   frmactivity::Text3.text.clear();
-  Frmlog::Text3.text.clear();
+  emptylogtext();
   suppresschange = true;
   for (int cell = 0; cell < cells; ++cell) {
     cellvalue(cell) = 0;

@@ -24,6 +24,9 @@ constexpr Words lightfirst = {"per continuare click sul semaforo verde",
                               "to proceed, click on green traffic light"};
 constexpr Words nodetail = {"selezionare una linea senza l'asterisco iniziale",
                             "select a line without initial asterisk"};
+constexpr Words nosnapshot = {
+    "per questa linea non è stato conservato lo schema: non c'è nulla a cui tornare",
+    "no board was kept for this line: there is nothing to go back to"};
 
 /// The line around the caret: between the last line break before it and the next at or behind it.
 std::string_view lineat(std::string_view text, std::size_t caret) {
@@ -40,14 +43,26 @@ int breaksbefore(std::string_view text, std::size_t caret) {
   return count;
 }
 
-}  // namespace
-
-void Text3_DblClick(std::size_t caret) {
+/// Acts on the line of the log that has byte `caret`, unless a step waits or the line is a detail.
+void choose(std::size_t caret, void (*act)()) {
   if (waiting()) return host.message(std::string(inlanguage(lightfirst)));
   const std::string_view text = Frmlog::Text3.text;
   logline = breaksbefore(text, caret);
   if (lineat(text, caret).starts_with(" *")) return host.message(std::string(inlanguage(nodetail)));
-  ritrova();
+  act();
+}
+
+}  // namespace
+
+void Text3_DblClick(std::size_t caret) {
+  choose(caret, ritrova);
+}
+
+void Text3_Return(std::size_t caret) {
+  choose(caret, [] {
+    if (!hassnapshot(logline)) return host.message(std::string(inlanguage(nosnapshot)));
+    ritrova();
+  });
 }
 
 void ritrova() {

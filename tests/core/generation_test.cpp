@@ -232,6 +232,20 @@ TEST_F(Generation, TheLogOfAGeneratedPuzzleHasLinesButNoSnapshots) {
   EXPECT_EQ(values(), emptyboard);
 }
 
+TEST_F(Generation, ReturnInItsLogDoesNotLeadToThePuzzleBefore) {
+  open("..45...6..6..94..39.......78.....67..5...219..1..4.2.....875...2..31.....89......");
+  ASSERT_EQ(logvalues(5).size(), 81U);
+  host.random = seededrandom(5);
+  player.event(frmmain::nuovoschema);
+  const Board made = theboard();
+  std::size_t line = 0;
+  for (int n = 0; n < 5; ++n) line = Frmlog::Text3.text.find("\r\n", line) + 2;
+  player.event([&] { Text3_Return(line); });
+  EXPECT_EQ(player.boxes,
+            std::vector<std::string>{"no board was kept for this line: there is nothing to go back to"});
+  EXPECT_EQ(theboard(), made);
+}
+
 TEST_F(Generation, NewClearsWhatTheGeneratorLocked) {
   host.random = seededrandom(5);
   player.event(frmmain::nuovoschema);

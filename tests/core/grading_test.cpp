@@ -558,6 +558,77 @@ TEST_F(Program, ALineWithoutSnapshotEmptiesAllCells) {
   }
 }
 
+// As many lines as the snapshots have places and one more, no board kept for any but the lines 2 and 650.
+TEST_P(Grading, ReturnOnALineWithoutSnapshotSaysSoAndChangesNothing) {
+  frmmain::filetxt.text = "x";
+  for (int n = 0; n < 651; ++n) Frmlog::Text3.text += "\r\nx";
+  put(without(fullboard, {0, 40}));
+  for (const int kept : {2, 650}) {
+    logcount = kept;
+    logsnapshot();
+  }
+  put(fullboard);
+  const Board before = theboard();
+  for (const int line : {0, 1, 3, 649, 651}) {
+    player.boxes.clear();
+    player.event([&] { Text3_Return(caretof(line)); });
+    EXPECT_EQ(player.boxes,
+              Strings{in("per questa linea non è stato conservato lo schema: non c'è nulla a cui tornare",
+                         "no board was kept for this line: there is nothing to go back to")})
+        << line;
+    EXPECT_EQ(theboard(), before) << line;
+    EXPECT_TRUE(player.frames.empty()) << line;
+  }
+  player.boxes.clear();
+  for (const int line : {2, 650}) {
+    put(fullboard);
+    player.script = {stop};
+    player.event([&] { Text3_Return(caretof(line)); });
+    EXPECT_EQ(values(), without(fullboard, {0, 40})) << line;
+    EXPECT_EQ(logline, line);
+  }
+  EXPECT_EQ(player.frames.size(), 2u);
+  EXPECT_EQ(player.boxes, Strings{});
+}
+
+TEST_P(Grading, ReturnOnALineOfAnEarlierLogGoesNowhere) {
+  for (const bool generated : {false, true}) {
+    put(without(fullboard, {0, 40}));
+    logcount = 200;
+    logsnapshot();
+    generated ? emptylogtext() : clearlog();  // neither clears that entry
+    for (int n = 0; n < 200; ++n) appendline("x");
+    put(fullboard);
+    const Board before = theboard();
+    player.boxes.clear();
+    player.event([] { Text3_Return(caretof(200)); });
+    EXPECT_EQ(player.boxes,
+              Strings{in("per questa linea non è stato conservato lo schema: non c'è nulla a cui tornare",
+                         "no board was kept for this line: there is nothing to go back to")});
+    EXPECT_EQ(theboard(), before);
+  }
+}
+
+TEST_P(Grading, ReturnIsRefusedWhereADoubleClickIs) {
+  open(easy);
+  const std::string text = Frmlog::Text3.text;
+  player.script = {[&] {
+                     Text3_Return(3);
+                     EXPECT_EQ(player.boxes, Strings{in("per continuare click sul semaforo verde",
+                                                        "to proceed, click on green traffic light")});
+                     EXPECT_TRUE(waiting());
+                   },
+                   stop};
+  player.event(mnuposition_Click);
+  player.boxes.clear();
+  Frmlog::Text3.text = "\r\nhead\r\n * detail";
+  const Board before = theboard();
+  player.event([] { Text3_Return(10); });
+  EXPECT_EQ(player.boxes, Strings{in("selezionare una linea senza l'asterisco iniziale",
+                                     "select a line without initial asterisk")});
+  EXPECT_EQ(theboard(), before);
+}
+
 TEST_F(Program, ALineBeyondTheTablesIsAFaultThatLeavesChangeHandlingWorking) {
   for (int n = 0; n < 651; ++n) Frmlog::Text3.text += "\r\nx";
   frmmain::filetxt.text = "x";

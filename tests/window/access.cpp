@@ -343,6 +343,13 @@ void Access::logbykeyboard() {
   auto* log = toplevel("Frmlog")->findChild<QPlainTextEdit*>("Text3");
   QVERIFY(log->isReadOnly());
   log->setFocus();
+  QCOMPARE(log->textCursor().blockNumber(), 0);  // empty, and nobody has pointed at it
+  QTest::keyClick(log, Qt::Key_Return);
+  QCOMPARE(user.boxes, QStringList{"no board was kept for this line: there is nothing to go back to"});
+  QCOMPARE(user.asked, 0);
+  QCOMPARE(user.text("txtesposti"), "30");
+  for (int cell = 0; cell < 81; ++cell)
+    QCOMPARE(user.text(QString("Text1_%1").arg(cell)), QString(easypuzzle).mid(cell, 1).remove('.'));
   QTest::keyClick(log, Qt::Key_Down);
   QTest::keyClick(log, Qt::Key_Down);
   QCOMPARE(log->textCursor().blockNumber(), 2);

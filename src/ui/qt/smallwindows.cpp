@@ -24,7 +24,7 @@ constexpr int listedlines = 1000;  ///< of the generator's list: a run lasts for
 /// What the window manager will put around a window: not known before it was shown once.
 constexpr QSize unseenframe{12, 40};
 
-/// The text of the log, which tells where it was double-clicked. The Return key does the same at the caret.
+/// The text of the log, which tells where it was double-clicked or where the caret stood at the Return key.
 class LogText : public QPlainTextEdit {
  public:
   using QPlainTextEdit::QPlainTextEdit;
@@ -32,20 +32,17 @@ class LogText : public QPlainTextEdit {
  protected:
   void mouseDoubleClickEvent(QMouseEvent* event) override {
     QPlainTextEdit::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton) choose();
+    const std::size_t caret = datacaret();
+    if (event->button() == Qt::LeftButton) onevent([caret] { Text3_DblClick(caret); });
   }
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
       return QPlainTextEdit::keyPressEvent(event);
-    choose();
+    const std::size_t caret = datacaret();
+    onevent([caret] { Text3_Return(caret); });
   }
 
  private:
-  void choose() {
-    const std::size_t caret = datacaret();
-    onevent([caret] { Text3_DblClick(caret); });
-  }
-
   /// The caret in bytes of the log's text, whose lines end in two characters and not in one.
   std::size_t datacaret() const {
     const QString before = toPlainText().left(textCursor().selectionStart());
