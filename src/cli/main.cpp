@@ -1,11 +1,13 @@
 // gradino-cli: the grader, the counter, the step solver and the generator for batches.
 #include <cstdio>
+#include <limits>
 #include <random>
 #include <stdexcept>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include "commandline.h"
 #include "convert.h"
 #include "input.h"
 #include "jobs.h"
@@ -102,7 +104,7 @@ int main(int argc, char** argv) try {
   CLI::App* walkcommand = json(sub("walk", "Each step that the hint shows, to the end"));
   walkcommand->add_flag("--explain", options.explain, "With the explanation of each step");
   walkcommand->add_option("--stop", options.stop, "Answer stop at the first wait of this step")
-      ->check(CLI::PositiveNumber);
+      ->check(CLI::Range(1, std::numeric_limits<int>::max(), "POSITIVE"));
   CLI::App* generatecommand = json(app.add_subcommand("generate", "New puzzles, graded"));
   std::size_t number = 1;
   generatecommand->add_option("-n", number, "How many")->check(CLI::Range(1, 100'000'000));
@@ -115,7 +117,11 @@ int main(int argc, char** argv) try {
       sub("techniques", "What each technique alone does on boards given as JSON lines");
   const auto runlibrary = addlibrary(app), runconvert = addconvert(app), runselftest = addselftest(app),
              runsheet = addsheet(app);
-  CLI11_PARSE(app, argc, argv);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return answer(app, error);
+  }
 
   bool good = runlibrary() && runconvert() && runselftest() && runsheet();
   if (*techniquescommand) good = boards(files, options);

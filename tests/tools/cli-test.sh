@@ -110,6 +110,22 @@ run 105 "" "$(lines "--output: Directory does not exist: none" "Run with --help 
 run 105 "" "$(lines "--to: txt not in {sav,lgc,sdm,ss,sdk}" "Run with --help for more information.")" \
   "$cli" convert --to txt "$data/formats/line.txt"
 
+echo "cli-test: command lines that aren't understood"
+misread() { run "$1" "" "$(lines "$2" "Run with --help for more information.")" "${@:3}"; }
+commands="grade, count, walk, generate, techniques, library, convert, selftest, sheet"
+misread 106 "foo: no such subcommand; there are $commands" "$cli" foo
+misread 106 "s: no such subcommand; there are $commands" "$cli" s
+misread 106 "graed: no such subcommand; the nearest one is grade" "$cli" graed own.txt
+misread 106 "wlak: no such subcommand; the nearest one is walk" "$cli" wlak --lang it
+misread 106 "tech: no such subcommand; the nearest one is techniques" "$cli" tech
+misread 106 "foo: no such subcommand; there are stats, list, export, check, import, fill" "$cli" library foo
+misread 106 "lsit: no such subcommand; the nearest one is list" "$cli" library --file library.mdb lsit
+misread 106 "--versoin: no such option" "$cli" --versoin
+misread 106 "A subcommand is required" "$cli" library
+misread 106 "--output is required" "$cli" sheet
+misread 105 "--stop: Value 0 not in range 1 to 2147483647" "$cli" walk --stop 0
+misread 105 "--stop: Value third not in range 1 to 2147483647" "$cli" walk --stop third
+
 echo "cli-test: what can't be written leaves no half"
 # No file may grow: as on a full disk, but for the error's name. (What measures coverage complains, too.)
 full() { (trap '' XFSZ && ulimit -f 0 && "$@" 2>&1 | grep -v ^profiling:); }
