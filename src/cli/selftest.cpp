@@ -59,8 +59,9 @@ struct Summary {
     for (const auto& [name, tally] : tallies)
       fmt::print("{:<6} {:<32} {:>9} {:>9} {:>9} {:>14}\n", name.first, name.second, tally.steps,
                  tally.placed, tally.deleted, tally.wrong);
-    fmt::print("{} puzzles: {} checked, {} left out for want of a single solution; {} contradictions\n",
-               puzzles, puzzles - unchecked, unchecked, wrong);
+    fmt::print("{} {}: {} checked, {} left out for want of a single solution; {} {}\n", puzzles,
+               puzzles == 1 ? "puzzle" : "puzzles", puzzles - unchecked, unchecked, wrong,
+               wrong == 1 ? "contradiction" : "contradictions");
   }
 };
 

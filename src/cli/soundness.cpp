@@ -93,12 +93,16 @@ class Watch {
   Moment before_;
 };
 
-/// The level whose counter rose; level 0 has none.
+/// By the level whose counter rose; level 0 has none, and the highest is of two techniques.
 std::string gradertechnique(const Moment& before) {
   for (int level = 21; level >= 1; --level)
     if (levelcount(level) != before.counts[static_cast<std::size_t>(level)])
-      return std::string(levelname(level).en);
+      return std::string(level == 21 && nishioflag ? techniquename("impossible").en : levelname(level).en);
   return std::string(levelname(0).en);
+}
+
+std::string walktechnique(const Moment&) {
+  return std::string(techniquename(steptag).en);
 }
 
 std::string lastlogline() {
@@ -156,7 +160,7 @@ void checkwalk(const std::string& puzzle, bool explained, const OnStep& use) {
     first = true;
     session.fault.reset();
     runguarded(session, [] { stepsolver(); });
-    const bool changed = watch.look([](const Moment&) { return steptag; }, [&] { return hint; });
+    const bool changed = watch.look(walktechnique, [&] { return hint; });
     if (!waited || session.fault) return;
     idle = changed ? 0 : idle + 1;
   }
