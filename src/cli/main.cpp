@@ -115,6 +115,8 @@ int main(int argc, char** argv) try {
   addjobs(generatecommand);
   CLI::App* techniquescommand =
       sub("techniques", "What each technique alone does on boards given as JSON lines");
+  techniquescommand->add_flag("--json", options.json,
+                              "One JSON object a line, which is what it always prints");
   const auto runlibrary = addlibrary(app), runconvert = addconvert(app), runselftest = addselftest(app),
              runsheet = addsheet(app);
   try {

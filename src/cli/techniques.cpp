@@ -53,10 +53,16 @@ std::array<int, 81> masks(const std::string& text) {
   return numbers;
 }
 
+/// A solution that nobody knows is left out, null or empty.
+bool hassolution(const Json& line) {
+  const auto solution = line.find("solution");
+  return solution != line.end() && !solution->is_null() && *solution != "";
+}
+
 Position parse(const std::string& text) {
   try {
     const Json line = Json::parse(text);
-    return {digits(line, "values"), line.contains("solution") ? digits(line, "solution") : "",
+    return {digits(line, "values"), hassolution(line) ? digits(line, "solution") : "",
             masks(line.value("cands", std::string())), line.value("nishio", false)};
   } catch (const Json::exception&) {
     throw std::invalid_argument("not an object with values, cands, solution and nishio");
