@@ -58,15 +58,18 @@ Json countersjson() {
   return counters;
 }
 
-Json logjson() {
-  Json lines = Json::array();
-  const std::string& text = Frmlog::Text3.text;
+std::vector<std::string> linesof(const std::string& text) {
+  std::vector<std::string> lines;
   for (std::size_t begin = 0;;) {
     const std::size_t end = text.find(newline, begin);
     lines.push_back(text.substr(begin, end - begin));
     if (end == std::string::npos) return lines;
     begin = end + newline.size();
   }
+}
+
+Json logjson() {
+  return linesof(Frmlog::Text3.text);
 }
 
 }  // namespace gradino::cli

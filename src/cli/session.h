@@ -27,6 +27,9 @@ void runguarded(Session& session, const std::function<void()>& event);
 /// Puts a puzzle (81 symbols) up as opening a file does with what its scanner read, up to and with the count.
 void putup(const std::string& puzzle);
 
+/// A text of a box, split at its line breaks.
+std::vector<std::string> linesof(const std::string& text);
+
 // The board as JSON speaks of it.
 std::string valuestext();  ///< 81 digits of cellvalue
 Json candsjson();          ///< 81 masks

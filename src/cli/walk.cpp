@@ -1,6 +1,9 @@
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include "boxes.h"
 #include "explain.h"
@@ -77,6 +80,7 @@ class Walk {
   void wait() {
     ++waits_;
     const bool first = depth_ == 0 && ++waitsinstep_ == 1;
+    if (first) argued_.clear();
     tellwait();
     if (first && options_.stop == steps_ + 1) return Pictalt_Click();
     if (first && options_.explain) {
@@ -103,7 +107,18 @@ class Walk {
                        {"Text2", paintof(frmmain::Text2, 0, 80)},
                        {"candidate", paintof(frmmain::candidate, 1, 809)}};
     if (depth_ > 0) record["nested"] = true;
-    tell(record, depth_ > 0 ? indented(frmactivity::Text3.text) : steptext());
+    if (depth_ == 0) return tell(record, steptext());
+    const std::string fresh = whatisnew(frmactivity::Text3.text);
+    if (options_.json || !fresh.empty()) tell(record, indented(fresh));
+  }
+
+  /// The lines of the explanation that the last wait didn't have: it grows from wait to wait.
+  std::string whatisnew(const std::string& text) {
+    const std::vector<std::string> lines = linesof(text);
+    const std::string fresh =
+        fmt::format("{}", fmt::join(std::ranges::mismatch(lines, argued_).in1, lines.end(), newline));
+    argued_ = lines;
+    return fresh;
   }
 
   std::string steptext() const {
@@ -137,6 +152,7 @@ class Walk {
   const Options& options_;
   Session session_;
   std::string out_;
+  std::vector<std::string> argued_;  ///< what the step's explanation has said, as lines
   int waits_ = 0, steps_ = 0, waitsinstep_ = 0, depth_ = 0;
 };
 

@@ -219,6 +219,33 @@ run 1 "$(head -1 "$data/exchange/selftest.expected")
 same "how many were checked" "$(tail -1 out.txt)" \
   "2 puzzles: 1 checked, 1 left out for want of a single solution; 0 contradictions"
 
+"$cli" selftest <(lines "$puzzle") >out.txt || fail "one puzzle isn't checked"
+same "one puzzle" "$(tail -1 out.txt)" \
+  "1 puzzle: 1 checked, 0 left out for want of a single solution; 0 contradictions"
+
+echo "cli-test: walks and techniques"
+# An explanation of several waits, each of which adds to it: what it comes to is printed once.
+grep -v -m 40 '^#' "$data/corpus/hard.txt" >explained.sdm
+for language in en it; do
+  "$cli" walk --explain --lang $language explained.sdm | grep '^       ' | sort >out.txt
+  "$cli" walk --explain --json --lang $language explained.sdm | python3 -c '
+import json, sys
+steps = []
+for record in map(json.loads, sys.stdin):
+    if record.get("nested"):
+        steps[-1] = record["activity"].split("\r\n")
+    elif "wait" in record:
+        steps.append([])
+print("\n".join("       " + line for step in steps for line in step))' | sort >wanted.txt
+  (($(wc -l <wanted.txt) > 5000)) || fail "hardly any explanation: $(wc -l <wanted.txt) lines"
+  cmp -s out.txt wanted.txt || fail "explanations in $language: $(diff out.txt wanted.txt | head -5)"
+done
+board="{\"values\": \"${puzzle//./0}\", \"cands\": \"$(printf '1022,%.0s' {1..81})\""
+lines "$board}" "$board, \"solution\": null}" "$board, \"solution\": \"\"}" >boards.jsonl
+run 0 "$(for _ in 1 2 3; do "$cli" techniques <<<"$board}"; done)" "" "$cli" techniques boards.jsonl
+run 0 "$("$cli" techniques boards.jsonl)" "" "$cli" techniques --json boards.jsonl
+run 1 "" "standard input:1: solution: not 81 digits" bash -c "$cli techniques <<<'$board, \"solution\": \"1\"}'"
+
 echo "cli-test: the library"
 puzzles=library.mdb
 printf '{"stringa": "%s", "livello": "5", "numeri": "30", "difficolta": "%s", "progressivo": "%s"}\n' \
