@@ -68,7 +68,7 @@ void frmmain::steplinks() {
   deletecandidate(cell, digit);
   pencilmark(cell, digit).back = white;
   chain.paint(white);
-  settledeletions();  // the pencil mark itself stays until the next repaint
+  showdeletions();
   nishioflag = false;
 }
 

@@ -30,7 +30,6 @@ struct FoundChain {
   void (*twin)();
   Drawn drawn;
   int cell, digit;      ///< what the step takes away
-  bool markstays;       ///< its pencil mark is still to be seen behind the step
   bool twinendsnishio;  ///< the twin clears nishioflag, as the step does
   Said hint;
   std::vector<int> yellow;  ///< boxes

@@ -1,0 +1,120 @@
+// Whole walks of the reference puzzles, hint after hint: what holds at each step, whatever technique it is.
+#include <fstream>
+#include <functional>
+
+#include <gtest/gtest.h>
+
+#include "counter.h"
+#include "grid.h"
+#include "host.h"
+#include "light.h"
+#include "player.h"
+#include "replay.h"
+#include "stepsolver.h"
+
+namespace gradino::tests {
+namespace {
+
+constexpr int idlelimit = 3;  ///< so many hints in a row that change nothing end a walk
+
+/// Where a cell shows other pencil marks than it should, "r1c3 shows 15, not 5".
+std::string wrongmarks(const std::function<std::string(int cell)>& candidates) {
+  std::string wrong;
+  for (int cell = 0; cell < cells; ++cell)
+    if (const std::string has = candidates(cell), shown = visiblemarks(cell); shown != has)
+      wrong += "r" + std::to_string(cellrow(cell)) + "c" + std::to_string(cellcol(cell)) + " shows " + shown +
+               ", not " + has + "; ";
+  return wrong;
+}
+
+std::string maskdigits(int cell) {
+  std::string digits;
+  for (int digit = 1; digit <= 9; ++digit)
+    if (candmask(cell) & bitvalue(digit)) digits += std::to_string(digit);
+  return digits;
+}
+
+class Walks : public Program {
+ protected:
+  Walks() {
+    host.waitevents = [this] {
+      frames.push_back(look());
+      player.event(answer);
+    };
+  }
+
+  static std::vector<std::string> puzzles() {
+    std::ifstream file(std::string(TESTDATA) + "/reference/walk.puzzles.txt");
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(file, line);) lines.push_back(line);
+    return lines;
+  }
+
+  /// Puts a puzzle up with its solution known.
+  void start(const std::string& puzzle) {
+    clearboard();
+    clearcolours();
+    put(puzzle);
+    conta();
+    put(puzzle);
+    frames.clear();
+  }
+
+  /// Asks for hints until there is none, and looks on after each. Told not to go on, it doesn't.
+  void walk(
+      const std::string& puzzle, const Act& after,
+      const std::function<bool()>& goeson = [] { return true; }) {
+    start(puzzle);
+    for (int idle = 0; idle < idlelimit && goeson();) {
+      const std::string values0 = values();
+      const std::vector<int> masks0 = masks();
+      const std::size_t waits = frames.size();
+      player.event(mnuposition_Click);
+      if (frames.size() == waits) return;
+      after();
+      idle = values() == values0 && masks() == masks0 ? idle + 1 : 0;
+    }
+  }
+
+  Act answer = go;            ///< at each wait
+  std::vector<Frame> frames;  ///< one for each wait
+};
+
+// ---- pencil marks -----------------------------------------------------------------------------------------
+
+class WalkedMarks : public Walks {
+ protected:
+  void expectmarksof(const std::function<std::string(int)>& candidates) {
+    for (const std::string& puzzle : puzzles()) {
+      walk(puzzle, [&] { EXPECT_EQ(wrongmarks(candidates), "") << puzzle << " " << frames.back().hint; });
+      if (HasFailure()) return;
+    }
+  }
+};
+
+TEST_F(WalkedMarks, AreTheCandidatesAfterEachStep) {
+  expectmarksof(maskdigits);
+}
+
+TEST_F(WalkedMarks, AreTheCandidatesAfterEachStepThatWasExplained) {
+  bool explaining = false;
+  answer = [&] {
+    if (!explaining) {
+      explaining = true;
+      help();
+      explaining = false;
+    }
+    if (lightresult == 0) go();
+  };
+  expectmarksof(maskdigits);
+}
+
+// A hidden pair narrows the masks ahead of its wait: stopped, it shows what candstr still has.
+TEST_F(WalkedMarks, AreTheCandidatesWhenEachSecondWaitIsStopped) {
+  int waits = 0;
+  answer = [&] { (++waits % 2 == 0 ? stop : go)(); };
+  expectmarksof([](int cell) { return candstr(cell); });
+}
+
+}  // namespace
+}  // namespace gradino::tests
