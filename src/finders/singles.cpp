@@ -241,30 +241,30 @@ const std::array<SingleRung, 5> singlerungs{{
 }};
 // clang-format on
 
-// From the sentence on, the step speaks of curcell and curdigit: a command that came in during the wait may
-// have moved them, and then the step is that command's.
+// A command that comes in during the wait may move curcell and curdigit: the step goes by its own find.
 bool frmmain::single(const SingleRung& rung) {
   const std::string result = rung.find();
   if (result.empty()) return false;
   const Single found = rung.read(result);
-  curdigit = found.digit;
-  curcell = found.cell;
+  const int digit = found.digit, cell = found.cell;
+  curdigit = digit;
+  curcell = cell;
   if (found.house == 'b') curblock = found.number;
   if (found.house == 'r') currow = found.number;
   if (found.house == 'c') curcol = found.number;
   if (rung.find != findOneMissing) {  // which has no explanation
-    stepdigit = curdigit;
-    stepcell = curcell;
+    stepdigit = digit;
+    stepcell = cell;
   }
   txthint.text = tell(rung, rung.hint, found);
-  candidate(curcell * 10 + curdigit).back = green;
-  Text1(curcell).back = yellow;
-  Text5.text = std::to_string(curdigit);
+  candidate(cell * 10 + digit).back = green;
+  Text1(cell).back = yellow;
+  Text5.text = std::to_string(digit);
   if (stopped()) return true;  // the colours stay until some later repaint
-  candidate(curcell * 10 + curdigit).back = white;
-  Text1(curcell).back = white;
-  writetext1(curcell, std::to_string(curdigit));
-  Text1(curcell).visible = true;
+  candidate(cell * 10 + digit).back = white;
+  Text1(cell).back = white;
+  writetext1(cell, std::to_string(digit));
+  Text1(cell).visible = true;
   return true;
 }
 

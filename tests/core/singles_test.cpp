@@ -5,13 +5,16 @@
 
 #include <gtest/gtest.h>
 
+#include "editing.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "grid.h"
+#include "intersections.h"
 #include "log.h"
 #include "player.h"
 #include "step.h"
 #include "stepsolver.h"
+#include "technique.h"
 
 namespace gradino::tests {
 namespace {
@@ -171,6 +174,22 @@ TEST_P(EachSingle, IsPlacedAlsoWhereTheCellIsCoveredByPencilMarks) {
   player.script = {go};
   player.event(mnuposition_Click);
   EXPECT_TRUE(frmmain::Text1(one().cell).visible);
+}
+
+// As the techniques of the menu move them, which nothing keeps out of a wait.
+TEST_P(EachSingle, IsPlacedInItsOwnCellWhateverOtherStepsWereShownMeanwhile) {
+  std::string after = boxtexts();
+  after.at(static_cast<std::size_t>(one().cell)) = static_cast<char>('0' + one().digit);
+  player.script = {[] {
+                     curdigit = 9;
+                     curcell = 72;
+                     curblock = currow = curcol = 3;
+                   },
+                   go};
+  player.event(mnuposition_Click);
+  EXPECT_EQ(boxtexts(), after);
+  EXPECT_EQ(values(), after);
+  expectnopaint();
 }
 
 TEST_P(EachSingle, GraderWritesItsHeadlineAndSnapshotAndPlacesItSilently) {
@@ -365,6 +384,26 @@ TEST_F(Program, ASingleSetsOnlyTheHouseItWasFoundIn) {
   EXPECT_EQ(step(inrowboard), (std::vector<int>{5, 0, 77, 0, 77}));
   EXPECT_EQ(step(incolumnboard), (std::vector<int>{5, 0, 77, 77, 0}));
   EXPECT_EQ(step(incellboard), (std::vector<int>{5, 40, 77, 77, 77}));
+}
+
+TEST_F(Program, ATechniqueDuringASinglesWaitActsAsWellAndMovesNothing) {
+  const std::string puzzle =
+      "71.....3.....725......3.2.1.215..8...9..4..2...3..819.1.7.8......972.....3.....58";
+  put(puzzle);
+  eliminate(at(1, 6), "5");
+  eliminate(at(3, 6), "5");
+  Text1_Typed(at(1, 3), "2");
+  const Board after = theboard();
+  put(puzzle);
+  player.script = {frmmain::intersections, go};
+  player.event(mnuposition_Click);
+  ASSERT_EQ(player.frames.size(), 2u);
+  EXPECT_EQ(player.frames[0].hint, "hidden single in block 1, in r1c3");
+  EXPECT_EQ(player.frames[0].number, "2");
+  EXPECT_EQ(player.frames[1].hint, "INTERSECTION - in block 8 is present only on column 6");
+  EXPECT_EQ(theboard(), after);
+  expectmarks(after);
+  expectnopaint();
 }
 
 TEST_F(Program, TheLastDigitOfAHouseLeavesTheEarlierSingleForTheExplanation) {
