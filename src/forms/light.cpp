@@ -2,6 +2,7 @@
 
 #include "boxes.h"
 #include "host.h"
+#include "step.h"
 
 namespace gradino {
 
@@ -36,9 +37,11 @@ void letevents() {
 
 bool stopped() {
   const int board = boardnumber;
+  const bool found = foundflag;
   lightresult = 0;
   aspetta();
   if (board != boardnumber) throw BoardLost{};
+  foundflag = found;
   return lightresult == 2;
 }
 

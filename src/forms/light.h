@@ -27,7 +27,8 @@ struct BoardLost {};
 /// Lets the waiting events run in the middle of a long job. Throws BoardLost when they cleared the board.
 void letevents();
 
-/// Sets lightresult to 0, waits, and tells whether the answer was stop.
+/// Sets lightresult to 0, waits, and tells whether the answer was stop. foundflag is then as it was before,
+/// whatever the commands that came in have found: the ladder asks it what the step that waited has found.
 bool stopped();
 
 /// True while a wait is open: the commands and clicks that could disturb a step then refuse.

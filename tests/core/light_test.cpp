@@ -11,6 +11,7 @@
 #include "menu.h"
 #include "player.h"
 #include "replay.h"
+#include "step.h"
 #include "stepsolver.h"
 #include "view.h"
 
@@ -67,6 +68,16 @@ TEST_F(Program, AStepInsideAnothersWaitIsAnsweredTogetherWithIt) {
   EXPECT_EQ(player.frames.size(), 2u);
   EXPECT_FALSE(lightshown());
   EXPECT_EQ(values().front(), '1');
+}
+
+TEST_F(Program, WhatCommandsFindDuringAWaitIsNotForTheStepThatWaits) {
+  for (const bool before : {false, true})
+    for (const bool command : {false, true}) {
+      foundflag = before;
+      player.script = {[&] { foundflag = command; }, go};
+      player.event([] { EXPECT_FALSE(stopped()); });
+      EXPECT_EQ(foundflag, before);
+    }
 }
 
 class DuringAWait : public Bilingual {

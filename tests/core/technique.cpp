@@ -314,6 +314,18 @@ TEST_P(EachExample, AStopInTheExplanationStopsTheStepAndLeavesTheWindowOpen) {
   }
 }
 
+TEST_P(EachExample, WhatOtherCommandsFindDuringTheWaitIsNotTheSteps) {
+  for (const bool found : {false, true})
+    for (const bool stopped : {false, true}) {
+      put(emptyboard);
+      leave(one().held);
+      player.script = {[&] { foundflag = found; }, stopped ? stop : go};
+      player.event(one().step);
+      EXPECT_TRUE(player.script.empty());
+      EXPECT_EQ(foundflag, !stopped || one().foundbystop);
+    }
+}
+
 // Menus work during a wait, and what they start in the generator's form has no window of its own. Rows and
 // columns exchanged, the technique finds something else.
 TEST_P(EachExample, ATwinDuringTheWaitLeavesTheExplanationAlone) {

@@ -1,15 +1,18 @@
 // Whole walks of the reference puzzles, hint after hint: what holds at each step, whatever technique it is.
 #include <fstream>
 #include <functional>
+#include <set>
 
 #include <gtest/gtest.h>
 
 #include "counter.h"
 #include "grid.h"
 #include "host.h"
+#include "intersections.h"
 #include "light.h"
 #include "player.h"
 #include "replay.h"
+#include "step.h"
 #include "stepsolver.h"
 
 namespace gradino::tests {
@@ -114,6 +117,56 @@ TEST_F(WalkedMarks, AreTheCandidatesWhenEachSecondWaitIsStopped) {
   int waits = 0;
   answer = [&] { (++waits % 2 == 0 ? stop : go)(); };
   expectmarksof([](int cell) { return candstr(cell); });
+}
+
+// ---- commands in a wait that find nothing -----------------------------------------------------------------
+
+/// What a walk shows and does.
+struct Walked {
+  std::vector<Frame> frames;
+  std::vector<std::string> values;
+  std::vector<std::vector<int>> masks;
+  bool operator==(const Walked&) const = default;
+};
+
+class CommandInVain : public Walks {
+ protected:
+  /// A walk whose techniques are stopped at each second wait. The command comes in at their waits.
+  Walked walked(const std::string& puzzle, const Act& command) {
+    Walked seen;
+    int waits = 0;
+    answer = [&] {
+      const std::string tag = steptag;
+      if (tag == "intersections" || tag.starts_with("findSingle") || tag == "findOneMissing") return go();
+      command();
+      steptag = tag;
+      (++waits % 2 == 1 ? stop : go)();
+    };
+    walk(puzzle, [&] {
+      seen.values.push_back(values());
+      seen.masks.push_back(masks());
+    });
+    seen.frames = frames;
+    return seen;
+  }
+};
+
+// The ladder has been at the intersections before it came to any of these, so there are none.
+TEST_F(CommandInVain, LeavesTheLadderItsAnswer) {
+  std::set<std::string> disturbed;
+  for (const std::string& puzzle : puzzles()) {
+    const Walked plain = walked(puzzle, [] {});
+    const Walked seen = walked(puzzle, [&] {
+      disturbed.insert(steptag);
+      frmmain::intersections();
+    });
+    EXPECT_EQ(seen.frames, plain.frames) << puzzle;
+    ASSERT_TRUE(seen == plain) << puzzle;
+  }
+  EXPECT_EQ(disturbed,
+            (std::set<std::string>{"nakedpair", "hiddenpair", "findtriple", "findquad", "findxywing",
+                                   "findxyzwing", "findxwing", "findswordfish", "findjellyfish", "colors",
+                                   "ur", "bug", "xychain", "links", "xlinks"}));
 }
 
 }  // namespace
