@@ -74,9 +74,11 @@ void eachof() {
   (techniques(), ...);
 }
 
-/// Techniques from the toolbar: each only if the one before found nothing.
+/// Techniques from the toolbar: each only if the one before found nothing. Not every technique clears
+/// foundflag itself, and what an earlier command found is none of this one's.
 template <auto... techniques>
 bool untilfound() {
+  foundflag = false;
   static_cast<void>(((techniques(), foundflag) || ...));
   return true;
 }

@@ -4,9 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include "commands.h"
 #include "gradestate.h"
 #include "grid.h"
 #include "log.h"
+#include "menu.h"
 #include "player.h"
 #include "step.h"
 #include "stepsolver.h"
@@ -699,6 +701,24 @@ TEST_F(Subsets, NoneOnAnEmptyBoardAndTheStepLeavesFoundflagWhileTheTwinClearsIt)
   EXPECT_EQ(Frmlog::Text3.text, "");
   EXPECT_EQ(logcount, 0);
   EXPECT_EQ(runninglevel, 0);
+}
+
+// findtriple leaves foundflag as the command before has set it.
+TEST_F(Subsets, TheKeyLooksForAQuadWhateverWasFoundBefore) {
+  for (const Example* quad : {&nakedquadrow, &nakedquadcolumn}) {
+    put(emptyboard);
+    leave(quad->held);
+    for (const KeyRow& row : toolbar1rows())
+      if (row.control == &frmmain::Toolbar1::nakedtriple) {
+        player.script = {go};
+        player.event([&] { Toolbar1_ButtonClick(row); });
+      }
+    EXPECT_EQ(done(), quad->done.en);
+    EXPECT_TRUE(foundflag);
+  }
+  ASSERT_EQ(player.frames.size(), 2u);
+  EXPECT_EQ(player.frames[0].hint, nakedquadrow.hint.en);
+  EXPECT_EQ(player.frames[1].hint, nakedquadcolumn.hint.en);
 }
 
 TEST_F(Subsets, AHouseWithFiveOpenDigitsIsTooSmallForATriple) {
