@@ -311,9 +311,8 @@ std::vector<int> paint(const FishKind& fish, const Fish& find) {
 void step(const FishKind& fish) {
   steptag = fish.tag;
   foundflag = false;
-  const Fish find = scan(fish);
+  const Fish find = shown = scan(fish);
   if (find.kind == Fish::none) return;
-  shown = find;
   const std::vector<int> painted = paint(fish, find);
   foundflag = true;
   curdigit = find.digit;
@@ -355,40 +354,41 @@ void twin(const FishKind& fish) {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 /// X-Wing: the digit stands in one of two opposite pairs of corners, the blue or the green.
-void arguecorners(Lesson& lesson) {
-  const std::vector<int> corner = crossings(shown);
-  pencilmark(corner[1], shown.digit).back = cyan;
-  pencilmark(corner[2], shown.digit).back = cyan;
+void arguecorners(const Fish& find, Lesson& lesson) {
+  const std::vector<int> corner = crossings(find);
+  pencilmark(corner[1], find.digit).back = cyan;
+  pencilmark(corner[2], find.digit).back = cyan;
   lesson.line(inlanguage(ourcase));
   for (std::size_t k = 0; k < 2; ++k) {
-    const Hole line = hole("line", shown.lines[k] + 1), digit = hole("digit", shown.digit);
-    lesson.line(say(shown.of(onlyin), line, digit, hole("first", cellname(corner[2 * k])),
+    const Hole line = hole("line", find.lines[k] + 1), digit = hole("digit", find.digit);
+    lesson.line(say(find.of(onlyin), line, digit, hole("first", cellname(corner[2 * k])),
                     hole("second", cellname(corner[2 * k + 1]))));
-    lesson.line(say(shown.of(blueorgreen), line, digit));
+    lesson.line(say(find.of(blueorgreen), line, digit));
   }
-  lesson.line(tell(shown.of(wedontknow), shown)).line(tell(butsurely, shown));
+  lesson.line(tell(find.of(wedontknow), find)).line(tell(butsurely, find));
 }
 
-void arguelines(Lesson& lesson) {
-  lesson.line(tell(shown.of(onlygreen), shown, inlanguage(joiner)));
-  lesson.line(tell(shown.of(consequence), shown, inlanguage(joiner)));
+void arguelines(const Fish& find, Lesson& lesson) {
+  lesson.line(tell(find.of(onlygreen), find, inlanguage(joiner)));
+  lesson.line(tell(find.of(consequence), find, inlanguage(joiner)));
   lesson.line(inlanguage(forcedgreen));
 }
 
 void explain(const FishKind& fish) {
-  if (static_cast<int>(shown.lines.size()) != fish.n) return;  // the tag was set, but no such fish was found
+  const Fish find = shown;              // a command that comes in during a wait may show another, or none
+  if (find.kind == Fish::none) return;  // a search without a result was started during another step's wait
   Lesson lesson;
   lesson.line(inlanguage(fish.rule)).line(fish.ruleline);
   if (fish.n == 2)
-    arguecorners(lesson);
+    arguecorners(find, lesson);
   else
-    arguelines(lesson);
+    arguelines(find, lesson);
   if (lesson.stopped()) return;
 
-  lesson.line(tell(shown.of(fish.candelete), shown, inlanguage(deletejoiner)));
-  lesson.line(inlanguage(shown.of(fish.from)));
-  victims(shown, [&](int cell) {
-    pencilmark(cell, shown.digit).back = red;
+  lesson.line(tell(find.of(fish.candelete), find, inlanguage(deletejoiner)));
+  lesson.line(inlanguage(find.of(fish.from)));
+  victims(find, [&](int cell) {
+    pencilmark(cell, find.digit).back = red;
     lesson.words(at(redcell, cell));
   });
   if (lesson.stopped()) return;

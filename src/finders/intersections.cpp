@@ -236,6 +236,7 @@ void keep(const Intersection& find) {
 void frmmain::intersections() {
   foundflag = false;
   steptag = "intersections";
+  shown = {};
   scan([](const Intersection& find) {
     keep(find);
     paintholder(find, green);
@@ -275,20 +276,21 @@ void frmgenerazione::intersections() {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 void explainintersections() {
-  if (shown.kind == nullptr) return;  // the tag was set, but nothing was ever found
-  const KindWords& kind = *shown.kind;
+  const Intersection find = shown;   // a command that comes in during the wait may show another, or none
+  if (find.kind == nullptr) return;  // a search without a result was started during another step's wait
+  const KindWords& kind = *find.kind;
   Lesson lesson;
   lesson.line(inlanguage(kind.title)).line(inlanguage(kind.rule)).line(ruleline);
-  lesson.line(tell(kind.present, shown)).line(tell(kind.forced, shown)).line(inlanguage(wecandelete));
-  victims(shown, [&](int cell) {
-    pencilmark(cell, shown.digit).back = red;
+  lesson.line(tell(kind.present, find)).line(tell(kind.forced, find)).line(inlanguage(wecandelete));
+  victims(find, [&](int cell) {
+    pencilmark(cell, find.digit).back = red;
     lesson.words(named(redcell, cell));
   });
   if (lesson.stopped()) return;
 
-  frmmain::txthint.text = tell(closing, shown);
-  for (int cell : housecells(kind.target, shown.target))
-    if (pencilmark(cell, shown.digit).back == red) frmmain::txthint.text += named(deletedcell, cell);
+  frmmain::txthint.text = tell(closing, find);
+  for (int cell : housecells(kind.target, find.target))
+    if (pencilmark(cell, find.digit).back == red) frmmain::txthint.text += named(deletedcell, cell);
   closelesson();
   clearcolours();
 }

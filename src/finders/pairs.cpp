@@ -221,7 +221,6 @@ Pair findhidden() {
 Pair shown;
 
 void keep(const Pair& pair) {
-  shown = pair;
   curcell = pair.first;
   keephouse(pair.kind, pair.house);
 }
@@ -256,7 +255,7 @@ void narrow(const Pair& hidden) {
 void frmmain::nakedpair() {
   foundflag = false;
   steptag = "nakedpair";
-  const Pair pair = findnaked();
+  const Pair pair = shown = findnaked();
   if (!pair.found()) return;
   keep(pair);
   paintnaked(pair, yellow);
@@ -278,7 +277,7 @@ void frmmain::nakedpair() {
 void frmmain::hiddenpair() {
   foundflag = false;
   steptag = "hiddenpair";
-  const Pair pair = findhidden();
+  const Pair pair = shown = findhidden();
   if (!pair.found()) return;
   keep(pair);
   curdigit = pair.one;
@@ -335,38 +334,40 @@ const HouseWords& housewords(HouseKind kind) {
 }  // namespace
 
 void explainnakedpair() {
-  if (!shown.found()) return;  // the tag was set, but nothing was ever found
-  const HouseWords& inhouse = housewords(shown.kind);
+  const Pair pair = shown;    // a command that comes in during the wait may show another, or none
+  if (!pair.found()) return;  // a search without a result was started during another step's wait
+  const HouseWords& inhouse = housewords(pair.kind);
   Lesson lesson;
   lesson.line(inlanguage(nakedtitle)).line(inlanguage(nakedrule)).line(ruleline);
-  lesson.line(tell(inhouse.yellowcells, shown)).line(tell(containonly, shown));
-  lesson.line(tell(inhouse.forced, shown)).line(tell(inhouse.deletefrom, shown));
+  lesson.line(tell(inhouse.yellowcells, pair)).line(tell(containonly, pair));
+  lesson.line(tell(inhouse.forced, pair)).line(tell(inhouse.deletefrom, pair));
   lesson.line(inlanguage(wecandelete));
-  victims(shown, [&](int cell, int digit) {
+  victims(pair, [&](int cell, int digit) {
     pencilmark(cell, digit).back = red;
     lesson.words(tellcandidate(redcandidate, cell, digit));
   });
   if (lesson.stopped()) return;
 
-  frmmain::txthint.text = tell(nakedclosing, shown);
-  for (int cell : housecells(shown.kind, shown.house))
-    if (pencilmark(cell, shown.one).back == red || pencilmark(cell, shown.other).back == red)
+  frmmain::txthint.text = tell(nakedclosing, pair);
+  for (int cell : housecells(pair.kind, pair.house))
+    if (pencilmark(cell, pair.one).back == red || pencilmark(cell, pair.other).back == red)
       frmmain::txthint.text += say(closingcell, hole("cell", cellname(cell)));
   closelesson();
   clearcolours();
 }
 
 void explainhiddenpair() {
-  if (!shown.found()) return;  // the tag was set, but nothing was ever found
-  const HouseWords& inhouse = housewords(shown.kind);
+  const Pair pair = shown;    // a command that comes in during the wait may show another, or none
+  if (!pair.found()) return;  // a search without a result was started during another step's wait
+  const HouseWords& inhouse = housewords(pair.kind);
   Lesson lesson;
   lesson.line(inlanguage(hiddentitle)).line(inlanguage(hiddenrule)).line(ruleline);
-  lesson.line(tell(inhouse.greencells, shown)).line(tell(onlyones, shown));
-  lesson.line(tell(inhouse.onemust, shown)).line(tell(inhouse.othermust, shown));
-  lesson.line(inlanguage(fromtwocells)).line(tell(anyother, shown));
+  lesson.line(tell(inhouse.greencells, pair)).line(tell(onlyones, pair));
+  lesson.line(tell(inhouse.onemust, pair)).line(tell(inhouse.othermust, pair));
+  lesson.line(inlanguage(fromtwocells)).line(tell(anyother, pair));
   if (lesson.stopped()) return;
 
-  frmmain::txthint.text = tell(hiddenclosing, shown);
+  frmmain::txthint.text = tell(hiddenclosing, pair);
   closelesson();
   clearcolours();
 }

@@ -344,9 +344,9 @@ void step(const WingKind& kind) {
   steptag = kind.tag;
   Wing find;
   kind.scan(find);
+  kind.shown = find;
   if (find.kind.empty()) return;
   foundflag = true;
-  kind.shown = find;
   paint(find, red, yellow);
   frmmain::txthint.text = tell(kind.found, find);
   const bool stop = stopped();

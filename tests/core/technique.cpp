@@ -326,6 +326,25 @@ TEST_P(EachExample, WhatOtherCommandsFindDuringTheWaitIsNotTheSteps) {
     }
 }
 
+// An empty board has no technique on it.
+TEST_P(EachExample, ASearchInVainDuringTheExplanationLeavesTheExplanationAlone) {
+  explaineduntil(one().lesson.size() - 1, go);
+  player.script.insert(player.script.begin() + 1, [&] {
+    put(emptyboard);
+    one().step();
+    EXPECT_EQ(steptag, one().tag);
+    put(emptyboard);
+    leave(one().held);
+    for (int cell = 0; cell < cells; ++cell)
+      candmask(cell) = waiting().candmask[static_cast<std::size_t>(cell)];
+  });
+  player.event(one().step);
+  ASSERT_EQ(player.frames.size(), 2 + one().lesson.size());
+  for (std::size_t k = 0; k < one().lesson.size(); ++k) EXPECT_EQ(player.frames[2 + k], arguedframe(k)) << k;
+  EXPECT_EQ(theboard(), after);
+  EXPECT_EQ(frmmain::txthint.text, one().done.text());
+}
+
 // Menus work during a wait, and what they start in the generator's form has no window of its own. Rows and
 // columns exchanged, the technique finds something else.
 TEST_P(EachExample, ATwinDuringTheWaitLeavesTheExplanationAlone) {

@@ -5,15 +5,26 @@
 
 #include <gtest/gtest.h>
 
+#include "bug.h"
+#include "colouring.h"
 #include "counter.h"
+#include "fish.h"
+#include "forcing.h"
 #include "grid.h"
 #include "host.h"
 #include "intersections.h"
 #include "light.h"
+#include "loops.h"
+#include "nishio.h"
+#include "pairs.h"
 #include "player.h"
+#include "rectangles.h"
 #include "replay.h"
 #include "step.h"
 #include "stepsolver.h"
+#include "subsets.h"
+#include "wings.h"
+#include "xychains.h"
 
 namespace gradino::tests {
 namespace {
@@ -168,6 +179,84 @@ TEST_F(CommandInVain, LeavesTheLadderItsAnswer) {
                                    "findxyzwing", "findxwing", "findswordfish", "findjellyfish", "colors",
                                    "ur", "bug", "xychain", "links", "xlinks"}));
 }
+
+struct Technique {
+  const char* tag;
+  void (*step)();
+  void (*command)();  ///< as the menu runs it
+};
+
+void colouring() {
+  frmmain::stepcolors();
+  frmmain::stepxcolors();
+}
+
+// clang-format off
+constexpr Technique techniques[] = {
+    {"intersections", frmmain::intersections, frmmain::intersections},
+    {"nakedpair",     frmmain::nakedpair,     frmmain::nakedpair},
+    {"hiddenpair",    frmmain::hiddenpair,    frmmain::hiddenpair},
+    {"findtriple",    frmmain::findtriple,    frmmain::findtriple},
+    {"findquad",      frmmain::findquad,      frmmain::findquad},
+    {"findxywing",    frmmain::findxywing,    frmmain::findxywing},
+    {"findxyzwing",   frmmain::findxyzwing,   frmmain::findxyzwing},
+    {"findxwing",     frmmain::findxwing,     frmmain::findxwing},
+    {"findswordfish", frmmain::findswordfish, frmmain::findswordfish},
+    {"findjellyfish", frmmain::findjellyfish, frmmain::findjellyfish},
+    {"colors",        frmmain::stepcolors,    colouring},
+    {"colors",        frmmain::stepxcolors,   colouring},
+    {"ur",            frmmain::stepur,        frmmain::stepur},
+    {"bug",           frmmain::stepbug,       frmmain::stepbug},
+    {"xychain",       frmmain::stepxychain,   frmmain::stepxychain},
+    {"links",         frmmain::steplinks,     frmmain::steplinks},
+    {"xlinks",        frmmain::stepforcing,   frmmain::stepforcing},
+    {"impossible",    frmmain::stepnishio,    frmmain::stepnishio},
+};
+// clang-format on
+
+class HelpAfterACommandInVain : public Walks, public testing::WithParamInterface<Technique> {
+ protected:
+  /// Walks until the technique has found something.
+  bool foundonce() {
+    bool found = false;
+    const auto findsnothing = [&] {
+      const std::size_t waits = frames.size();
+      answer = stop;
+      player.event(GetParam().step);
+      answer = go;
+      found = frames.size() > waits;
+      return !found;
+    };
+    for (const std::string& puzzle : puzzles()) {
+      walk(
+          puzzle, [] {}, findsnothing);
+      if (found) break;
+    }
+    return found;
+  }
+};
+
+TEST_P(HelpAfterACommandInVain, ExplainsNothing) {
+  ASSERT_TRUE(foundonce());
+  clearcolours();
+  put(without(fullboard, {0}));
+  player.play();
+  player.script = {GetParam().command, help, go};
+  player.event(mnuposition_Click);
+  ASSERT_EQ(player.frames.size(), 3u);
+  const Frame waiting = {.tag = GetParam().tag,
+                         .hint = "1 last digit in  block , r1c1",
+                         .number = "1",
+                         .activity = {},
+                         .Text1 = {{0, "yellow"}},
+                         .Text2 = {},
+                         .candidate = {{1, "green"}}};
+  EXPECT_EQ(player.frames[1], waiting);
+  EXPECT_EQ(player.frames[2], waiting);
+  EXPECT_EQ(values(), fullboard);
+}
+INSTANTIATE_TEST_SUITE_P(Technique, HelpAfterACommandInVain, testing::ValuesIn(techniques),
+                         [](const auto& p) { return std::to_string(p.index + 1) + p.param.tag; });
 
 }  // namespace
 }  // namespace gradino::tests
