@@ -55,6 +55,23 @@ bool solve() {
   return true;
 }
 
+/// The digits on the board and what they rule out, put back when it ends: a count leaves in the tables what
+/// its search ended on, and the user works on with the board.
+class KeptDigits {
+ public:
+  KeptDigits() = default;
+  ~KeptDigits() {
+    cellvalue = values_;
+    usedmask = used_;
+  }
+  KeptDigits(const KeptDigits&) = delete;
+  KeptDigits& operator=(const KeptDigits&) = delete;
+
+ private:
+  const decltype(cellvalue) values_ = cellvalue;
+  const decltype(usedmask) used_ = usedmask;
+};
+
 /// A command that never refuses.
 template <void (*command)()>
 bool run() {
@@ -200,6 +217,7 @@ void mnusolve_Click() {
 bool countsolutions() {
   if (boardfull()) return false;
   const Job job(countcommand);
+  const KeptDigits digits;
   conta();
   return true;
 }

@@ -40,7 +40,8 @@ void mnurefresh_Click();
 void mnunumber_Click();
 void mnusolve_Click();
 
-/// The key `conta`: counts the solutions of the givens and reports. False: the board was full.
+/// The key `conta`: counts the solutions of the givens and reports; the board stays as it stands. False: it
+/// was full.
 bool countsolutions();
 
 /// Writes the givens back into all digit boxes.

@@ -11,12 +11,16 @@
 #include <nlohmann/json.hpp>
 
 #include "commands.h"
+#include "editing.h"
+#include "files.h"
 #include "gradestate.h"
 #include "grid.h"
 #include "literalcounter.h"
 #include "menu.h"
 #include "player.h"
 #include "step.h"
+#include "stepsolver.h"
+#include "technique.h"
 #include "view.h"
 
 namespace gradino::tests {
@@ -247,6 +251,72 @@ TEST_P(CountKey, ForgetsItsJobEvenWhenTheCountFaults) {
   press();
   EXPECT_EQ(player.boxes.size(), 1u);
   EXPECT_EQ(comandocorrente, "");
+}
+
+TEST_P(CountKey, LeavesTheBoardThatTheUserWorksOnAsItStands) {
+  for (const char* puzzle : {unique, five}) {
+    put(puzzle);
+    eliminate(1, "7");
+    player.event([] { Text1_Typed(79, "3"); });
+    const Board before = theboard();
+    press();
+    EXPECT_EQ(theboard(), before) << puzzle;
+    expectmarks(before);
+    EXPECT_EQ(frmmain::txtesposti.text, std::to_string(before.filledcount));
+    EXPECT_EQ(frmmain::txtvuoti.text, std::to_string(81 - before.filledcount));
+  }
+  put(impossible);
+  const Board before = theboard();
+  press();
+  EXPECT_EQ(theboard(), before);
+  expectmarks(before);
+  EXPECT_EQ(player.boxes, (Strings{"5 Solutions", "Invalid Puzzle", "0 Solutions"}));
+}
+
+TEST_P(CountKey, LeavesTheBoardAlsoWhenThereAreTooManySolutionsOrTheCountFaults) {
+  put(with({{40, '5'}}));
+  const Board before = theboard();
+  press();
+  EXPECT_EQ(player.boxes, Strings{"More than 500 solutions"});
+  EXPECT_EQ(theboard(), before);
+  expectmarks(before);
+
+  givens(0) = "12";
+  const Board faulty = theboard();
+  player.boxes.clear();
+  press();
+  EXPECT_EQ(player.boxes.size(), 1u);
+  EXPECT_EQ(theboard(), faulty);
+  expectmarks(faulty);
+}
+
+TEST_P(CountKey, TheHintsGoOnToTheEnd) {
+  open(unique);
+  const std::string whole = [] {
+    std::string text;
+    for (int cell = 0; cell < 81; ++cell) text += solutiontext(cell);
+    return text;
+  }();
+  press();
+  for (int hints = 0; hints < 200 && values() != whole; ++hints) {
+    player.script = {go, go};
+    player.event(mnuposition_Click);
+  }
+  EXPECT_EQ(values(), whole);
+  EXPECT_EQ(boxtexts(), whole);
+}
+
+// Of a puzzle that was typed nothing stands in the givens.
+TEST_P(CountKey, ATypedBoardKeepsItsPencilMarks) {
+  mnunew_Click();
+  for (int cell = 0; cell < 81; ++cell)
+    if (unique[cell] != '.') player.event([&] { Text1_Typed(cell, std::string(1, unique[cell])); });
+  press();
+  EXPECT_EQ(player.boxes, Strings{"More than 500 solutions"});
+  player.event([] { Text1_Typed(0, "1"); });
+  EXPECT_EQ(values(), "1" + std::string(unique + 1));
+  EXPECT_EQ(visiblemarks(1), candstr(1));
+  EXPECT_NE(visiblemarks(1), "");
 }
 
 // ---- judged by the plain search
