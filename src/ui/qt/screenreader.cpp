@@ -1,9 +1,15 @@
 #include "screenreader.h"
 
 #include <QAccessibleWidget>
+#include <QChildEvent>
+#include <QCoreApplication>
 #include <QPointer>
 #include <utility>
 #include <vector>
+#ifdef QT_DBUS_LIB
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#endif
 
 #include "boxes.h"
 #include "cellboxes.h"
@@ -70,6 +76,52 @@ QAccessibleInterface* newreader(const QString&, QObject* object) {
   return nullptr;
 }
 
+#ifdef QT_DBUS_LIB
+constexpr const char* statusservice = "org.a11y.Bus";
+
+/// The toolkit's bridge to the readers asks the desktop once whether a reader is wanted, and then never
+/// again: who calls his reader when the program runs already would hear nothing. The bridge asks anew in a
+/// slot of its own, which has only to be called whenever the desktop's answer changes. It belongs to nobody
+/// who could be asked for it, but it can be seen to come into being. Where there is no such bridge, nothing
+/// happens.
+class BridgeWatch : public QObject {
+ public:
+  BridgeWatch() {
+    QCoreApplication::instance()->installEventFilter(this);
+    QAccessible::isActive();  // makes the bridge
+    QCoreApplication::instance()->removeEventFilter(this);
+    // On a screen that knows where readers are found, the bridge takes it from there that one is wanted, but
+    // doesn't become active: what the desktop says then would be no news to it.
+    if (bridge_ && QDBusConnection::sessionBus().interface()->isServiceRegistered(statusservice))
+      QMetaObject::invokeMethod(bridge_, "serviceRegistered");
+  }
+
+  // This is before the bridge asks, so no change can fall between.
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() == QEvent::ChildAdded && asks(*object)) {
+      bridge_ = object;
+      QDBusConnection::sessionBus().connect(statusservice, "/org/a11y/bus", "org.freedesktop.DBus.Properties",
+                                            "PropertiesChanged", object, SLOT(serviceRegistered()));
+    }
+    return false;
+  }
+
+ private:
+  static bool asks(const QObject& object) {
+    const QMetaObject& its = *object.metaObject();
+    return its.indexOfSlot("serviceRegistered()") >= 0 && its.indexOfSignal("enabledChanged(bool)") >= 0;
+  }
+
+  QPointer<QObject> bridge_;
+};
+
+void hearlatereaders() {
+  const BridgeWatch watch;
+}
+#else
+void hearlatereaders() {}
+#endif
+
 }  // namespace
 
 void nameby(QWidget& widget, std::function<Telling()> tell) {
@@ -129,6 +181,7 @@ void meetscreenreaders() {
   static const bool met = [] {
     QAccessible::installFactory(newreader);
     QAccessible::installActivationObserver(&newcomers);
+    hearlatereaders();
     return true;
   }();
   static_cast<void>(met);
