@@ -270,6 +270,10 @@ done
 echo "cli-test: progress on a terminal only"
 grep -v -m 500 '^#' "$data/corpus/hard.txt" >long.sdm
 run 0 "$("$cli" selftest --jobs 2 long.sdm 2>/dev/null)" "" "$cli" selftest long.sdm
+script -qec true /dev/null </dev/null >/dev/null 2>&1 || {
+  fail "this needs a pseudo-terminal, and there is none here: mount -t devpts devpts /dev/pts"
+  exit 1
+}
 # A line when a second is over, which is taken away at the end.
 shown=$(script -qec "$cli selftest long.sdm >/dev/null" /dev/null </dev/null) || fail "selftest on a terminal"
 [[ $shown == $'\r\033[Kchecked '*" of 500 ("*" %)"*$'\r\033[K' ]] || fail "no progress on a terminal, but: $shown"
