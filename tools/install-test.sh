@@ -13,7 +13,7 @@ trap 'rm -rf "$place"' EXIT
 share=$place/usr/share
 log=$place/log
 export HOME=$place/home
-unset XDG_DATA_HOME
+unset XDG_CONFIG_HOME XDG_CACHE_HOME XDG_DATA_HOME XDG_STATE_HOME
 mkdir "$HOME"
 
 step() { echo "install-test: $*"; }

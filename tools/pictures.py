@@ -9,20 +9,28 @@ digits. SAMPLES is the folder of the sample puzzles; its name can be read in the
 import re
 import subprocess
 import sys
-import tempfile
 import time
 from pathlib import Path
 
+sys.dont_write_bytecode = True  # nothing is left beside the sources
 import tour
-from tour import Missed, adopt_orphans, end_children, lay_desk, until, xdotool
+from tour import Missed, at_desk, until, xdotool
+
+SECONDS = 600  # for all of them
 
 
 def begin(program, puzzle):
-    process = tour.start(program, stdout=None, stderr=None)
+    process = tour.start_program(program)
     eyes = tour.Eyes(process.pid)
     tour.make_room(eyes)
     tour.open_puzzle(eyes, puzzle)
     return process, eyes
+
+
+def end(process):
+    tour.watched.remove(process)
+    process.kill()
+    process.wait()
 
 
 def take(eyes, windows, picture):
@@ -54,7 +62,7 @@ def hint(program, samples, folder):
     process, eyes = begin(program, samples / "hard.sdk")
     go_to(eyes, "(?i)chain")
     take(eyes, [eyes.main], folder / "window.png")
-    process.kill()
+    end(process)
 
 
 def explanation(program, samples, folder):
@@ -66,7 +74,7 @@ def explanation(program, samples, folder):
     tour.click(eyes, tour.WHY)
     paper = until("no explanation", lambda: eyes.other_window(lambda window: window.get_name().startswith("Spieg")))
     take(eyes, [eyes.main, paper], folder / "explanation-it.png")
-    process.kill()
+    end(process)
 
 
 def ring(program, samples, folder):
@@ -75,24 +83,23 @@ def ring(program, samples, folder):
     xdotool("mousemove", cell.x + 20, cell.y + 20, "click", 1)
     until("no ring", lambda: eyes.state(eyes.key("digit 7"), "SHOWING"))
     take(eyes, [eyes.main], folder / "ring.png")
-    process.kill()
+    end(process)
 
 
 def main():
     if len(sys.argv) != 4:
         sys.exit(__doc__)
     program, samples, pictures = (Path(name).resolve() for name in sys.argv[1:])
-    adopt_orphans()
-    with tempfile.TemporaryDirectory() as folder:
-        lay_desk(folder)
-        try:
-            for picture in (hint, explanation, ring):
-                picture(str(program), samples, pictures)
-        except (Missed, OSError, subprocess.SubprocessError) as why:
-            print(f"The pictures failed: {why}", file=sys.stderr)
-            return 1
-        finally:
-            end_children()
+
+    def take_all():
+        for picture in (hint, explanation, ring):
+            picture(str(program), samples, pictures)
+
+    try:
+        at_desk(take_all, SECONDS)
+    except (Missed, OSError, subprocess.SubprocessError) as why:
+        print(f"The pictures failed: {why}", file=sys.stderr)
+        return 1
     return 0
 
 

@@ -9,16 +9,14 @@ already. He keeps a board of his own in his head, and every sentence that he hea
 word. The exit status is 0 only when the puzzle was solved that way.
 """
 import re
-import signal
 import subprocess
 import sys
-import tempfile
-import time
 from pathlib import Path
 
-from tour import Missed, adopt_orphans, end_children, lay_desk, start, type_line, until, xdotool
+sys.dont_write_bytecode = True  # nothing is left beside the sources
+from tour import PATIENCE, Missed, at_desk, await_end, start_program, tell_desktop, type_line, until, up, xdotool
 
-SECONDS = 120  # for the whole game; it takes less than thirty
+SECONDS = 600  # for the whole game; it takes less than thirty
 EXPLAINED = 2  # the step whose explanation he asks for
 
 PLACES = [f"r{row}c{col}" for row in range(1, 10) for col in range(1, 10)]
@@ -86,11 +84,11 @@ class Ears:
         self.atspi, self.pid, self.loop = Atspi, pid, GLib.MainContext.default()
         self.announced, self.focused, self.inserted = [], [], []
         Atspi.init()
-        Atspi.set_timeout(5000, 5000)
+        Atspi.set_timeout(PATIENCE, PATIENCE)
         self.listener = Atspi.EventListener.new(self.hear)
         for event in self.EVENTS:
             self.listener.register(event)
-        self.main = until("no window", lambda: self.windows()[0])
+        self.main = until("no window", lambda: next(iter(self.windows()), None))
         until("nothing has a name", self.learn)
 
     def hear(self, event):
@@ -121,7 +119,7 @@ class Ears:
             if app and app.get_process_id() == self.pid:
                 app.set_cache_mask(self.atspi.Cache.NONE)
                 return [app.get_child_at_index(n) for n in range(app.get_child_count())]
-        return [None]
+        return []
 
     def below(self, thing):
         for i in range(thing.get_child_count()):
@@ -195,17 +193,6 @@ class Ears:
 # ---- the game -----------------------------------------------------------------------------------------------
 
 
-def switch_reader_on():
-    """As the desktop does when its user calls the screen reader."""
-    from gi.repository import Gio, GLib
-
-    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-    for state in ("IsEnabled", "ScreenReaderEnabled"):
-        value = GLib.Variant("(ssv)", ("org.a11y.Status", state, GLib.Variant("b", True)))
-        where = ("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set")
-        bus.call_sync(*where, value, None, 0, 5000)
-
-
 def same(heard, expected):
     if heard != expected:
         raise Missed(f"heard {heard!r} instead of {expected!r}")
@@ -219,9 +206,7 @@ def open_puzzle(ears, puzzle):
 
 def read_board(ears, head):
     for cell, place in enumerate(PLACES):
-        until(
-            f"{head.cell(cell)!r}, but {ears.cell(place)!r}", lambda: ears.cell(place) == head.cell(cell), seconds=5
-        )
+        until(f"{head.cell(cell)!r}, but {ears.cell(place)!r}", lambda: ears.cell(place) == head.cell(cell))
 
 
 def walk_first_row(ears, head):
@@ -230,7 +215,7 @@ def walk_first_row(ears, head):
         ears.listen()
         ears.focused.clear()
         xdotool("key", "Right")
-        until(f"the focus did not come to {PLACES[cell]}", lambda: ears.listen() or ears.focused, seconds=3)
+        until(f"the focus did not come to {PLACES[cell]}", lambda: ears.listen() or ears.focused)
         same(ears.focused[0], head.cell(cell))
 
 
@@ -255,12 +240,12 @@ def take_step(ears, head, number):
     ears.insertion("step", sentence)
     cell, digit = head.single(sentence)
     place = PLACES[cell]
-    until(f"{place}: {ears.cell(place)!r}", lambda: ears.cell(place) == head.cell(cell, green=digit), seconds=5)
+    until(f"{place}: {ears.cell(place)!r}", lambda: ears.cell(place) == head.cell(cell, green=digit))
     if number == EXPLAINED:
         hear_explanation(ears, place)
     ears.press("go")
     head.digits[cell] = digit
-    until(f"{place}: {ears.cell(place)!r}", lambda: ears.cell(place) == head.cell(cell), seconds=5)
+    until(f"{place}: {ears.cell(place)!r}", lambda: ears.cell(place) == head.cell(cell))
     until("the light did not go out", lambda: not ears.has("go"))
     if number == EXPLAINED:
         ears.press("pencil marks")
@@ -286,15 +271,15 @@ def change_language(ears, head):
     ears.press("change to Italian")
     for cell, place in enumerate(PLACES):
         name = f"casella {place}, cifra {head.digits[cell]}" + (", data" if head.given[cell] else "")
-        until(f"{name!r}, but {ears.cell(place, 'casella')!r}", lambda: ears.cell(place, "casella") == name, seconds=5)
+        until(f"{name!r}, but {ears.cell(place, 'casella')!r}", lambda: ears.cell(place, "casella") == name)
     print(f"He changed the language, and the board spoke Italian: {ears.cell('r1c1', 'casella')}")
 
 
 def game(program, puzzle):
     head = Head(puzzle)
-    process = start(program, stdout=None, stderr=None)
-    time.sleep(1)  # it is up before anybody listens
-    switch_reader_on()
+    process = start_program(program)
+    until("no window on the screen", lambda: up("Gradino"))
+    tell_desktop("ScreenReaderEnabled", True)
     ears = Ears(process.pid)
     print(f"A scripted player started {program}, then his screen reader.")
     read_empty = [ears.cell(place) for place in PLACES]
@@ -309,8 +294,7 @@ def game(program, puzzle):
     print(f"After {steps} steps the puzzle was solved; each was announced, found true, and answered with go.")
     change_language(ears, head)
     xdotool("key", "alt+F4")
-    until("closing the window did not end the program", lambda: process.poll() is not None)
-    same(process.returncode, 0)
+    await_end(process)
 
 
 def main():
@@ -318,20 +302,8 @@ def main():
         sys.exit(__doc__)
     program, puzzle = (Path(name).resolve() for name in sys.argv[1:])
 
-    def stop(number, _):
-        raise Missed("the game took too long" if number == signal.SIGALRM else "the game was broken off")
-
-    for number in (signal.SIGALRM, signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
-        signal.signal(number, stop)
-    signal.alarm(SECONDS)
-    adopt_orphans()
     try:
-        with tempfile.TemporaryDirectory() as folder:
-            lay_desk(folder, reader=False)
-            try:
-                game(str(program), puzzle)
-            finally:
-                end_children()
+        at_desk(lambda: game(str(program), puzzle), SECONDS, reader=False)
     except (Missed, OSError, subprocess.SubprocessError) as why:
         print(f"The game failed: {why}", file=sys.stderr)
         return 1

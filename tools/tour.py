@@ -18,7 +18,8 @@ import tempfile
 import time
 from pathlib import Path
 
-SECONDS = 180  # for the whole lesson; it takes less than ten
+SECONDS = 600  # for the whole lesson; it takes less than ten
+PATIENCE = 60_000  # milliseconds for one answer of the program
 SCREEN = "1280x800x24"
 TITLE, EDGE = 22, 2  # what the window manager puts around a window
 
@@ -30,9 +31,18 @@ LOADING = "bkg"  # the label that shows while a puzzle is being opened
 EXPLANATIONS = "Explanations"  # how the title of their window begins
 
 
+USERS_OWN = (
+    *("XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"),
+    *("DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY", "SESSION_MANAGER", "DBUS_SESSION_BUS_ADDRESS"),
+    *("AT_SPI_BUS_ADDRESS", "QT_QPA_PLATFORM", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON"),
+)
+
+
 class Missed(Exception):
     """Something that should have been seen was not."""
 
+
+watched, missing = [], "nothing was begun"  # the program, and what is being waited for
 
 # ---- processes ------------------------------------------------------------------------------------------
 
@@ -76,11 +86,34 @@ def start(*command, **how):
     return subprocess.Popen(command, stdin=subprocess.DEVNULL, **how)
 
 
-def lay_desk(folder, reader=True):
-    """A screen, a session bus, a window manager and the accessibility bus, on which a reader listens or not yet."""
-    for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "AT_SPI_BUS_ADDRESS"):
+def start_program(program):
+    """The one that is watched: nobody waits for what it should show when it has ended."""
+    watched.append(start(program, stdout=None, stderr=None))
+    return watched[-1]
+
+
+def await_end(process):
+    """The program was asked to end, and has to do so in peace."""
+    waits_for("closing the window did not end the program")
+    status = process.wait()
+    if status != 0:
+        raise Missed(f"closing the window ended the program with status {status}")
+
+
+def move_in(folder):
+    """A home in the folder for all that is started: whoever runs this finds no setting changed, and none of his
+    settings, sessions and screens has a part in what happens."""
+    for name in USERS_OWN:
         os.environ.pop(name, None)
-    os.environ["XDG_RUNTIME_DIR"] = folder
+    for name, place in (("HOME", "home"), ("XDG_RUNTIME_DIR", "run"), ("TMPDIR", "tmp")):
+        Path(folder, place).mkdir(mode=0o700)
+        os.environ[name] = str(Path(folder, place))
+
+
+def lay_desk(folder, reader=True, bus=True):
+    """A screen, a session bus, a window manager and the accessibility bus, on which a reader listens or not yet.
+    Without the bus it comes when somebody first asks for it."""
+    move_in(folder)
     if reader:
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
     read, write = os.pipe()
@@ -91,32 +124,50 @@ def lay_desk(folder, reader=True):
     if not number:
         raise Missed("Xvfb did not start")
     os.environ["DISPLAY"] = ":" + number
-    bus = start("dbus-daemon", "--session", "--nofork", "--print-address=1", stdout=subprocess.PIPE, text=True)
-    os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+    session = ("dbus-daemon", "--session", "--nofork", "--print-address=1", f"--address=unix:dir={folder}/run")
+    daemon = start(*session, stdout=subprocess.PIPE, text=True)
+    os.environ["DBUS_SESSION_BUS_ADDRESS"] = daemon.stdout.readline().strip()
+    if not os.environ["DBUS_SESSION_BUS_ADDRESS"]:
+        raise Missed("dbus-daemon did not start")
     ready = Path(folder, "openbox-ready")
     start("openbox", "--startup", f"touch {ready}")
     until("openbox did not start", ready.exists)
-    start("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
+    if bus:
+        start("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
 
 
 # ---- eyes -----------------------------------------------------------------------------------------------
 
 
-def until(what, look, seconds=20.0):
-    """Looks again and again until there is something to see. What goes away meanwhile is not there."""
+def waits_for(what):
+    """What is missed if it doesn't come as long as the whole may take."""
+    global missing
+    missing = what
+
+
+def until(what, look):
+    """Looks again and again until there is something to see. What goes away meanwhile is not there. It may take as
+    long as it likes on a busy machine, but the program has to live."""
     from gi.repository import GLib
 
-    end = time.monotonic() + seconds
     while True:
+        waits_for(what)
         try:
             seen = look()
             if seen:
                 return seen
         except GLib.Error:
             pass
-        if time.monotonic() > end:
-            raise Missed(what)
+        for process in watched:
+            if process.poll() is not None:
+                raise Missed(f"{what}: the program ended with status {process.returncode}")
         time.sleep(0.05)
+
+
+def up(title):
+    """Whether a window of this title is on the screen, for who needs no reader to see it."""
+    search = ("xdotool", "search", "--onlyvisible", "--name", f"^{title}$")
+    return subprocess.run(search, check=False, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
 
 
 class Eyes:
@@ -131,8 +182,8 @@ class Eyes:
         self.atspi, self.pid = Atspi, pid
         self.text_role, self.key_role = Atspi.Role.TEXT, Atspi.Role.PUSH_BUTTON
         Atspi.init()
-        Atspi.set_timeout(5000, 5000)
-        self.main = until("no window", lambda: self.windows()[0])
+        Atspi.set_timeout(PATIENCE, PATIENCE)
+        self.main = until("no window", lambda: next(iter(self.windows()), None))
         self.seen = time.monotonic()
         self.things = {}
         until("the window has not all of its boxes", self.learn)
@@ -149,7 +200,7 @@ class Eyes:
 
     def windows(self):
         app = self.program()
-        return [app.get_child_at_index(i) for i in range(app.get_child_count())] if app else [None]
+        return [app.get_child_at_index(i) for i in range(app.get_child_count())] if app else []
 
     def other_window(self, test):
         """The first window but the main one that passes the test."""
@@ -203,11 +254,21 @@ class Eyes:
         return any(self.state(field, "FOCUSED") for field in self.fields(window))
 
 
+def tell_desktop(state, value):
+    """What a desktop says of screen readers, "IsEnabled" or "ScreenReaderEnabled", as when its user calls one."""
+    from gi.repository import Gio, GLib
+
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    where = ("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set")
+    said = GLib.Variant("(ssv)", ("org.a11y.Status", state, GLib.Variant("b", value)))
+    bus.call_sync(*where, said, None, 0, PATIENCE)
+
+
 # ---- hands ----------------------------------------------------------------------------------------------
 
 
 def xdotool(*words, check=True):
-    subprocess.run(["xdotool", *map(str, words)], check=check, stdout=subprocess.DEVNULL, timeout=20)
+    subprocess.run(["xdotool", *map(str, words)], check=check, stdout=subprocess.DEVNULL)
 
 
 def click(eyes, key):
@@ -222,7 +283,7 @@ def type_line(text):
 
 def print_screen(picture, *crop):
     picture.parent.mkdir(parents=True, exist_ok=True)
-    return subprocess.run(["import", "-window", "root", *crop, picture], check=False, timeout=20).returncode == 0
+    return subprocess.run(["import", "-window", "root", *crop, picture], check=False).returncode == 0
 
 
 # ---- the lesson -----------------------------------------------------------------------------------------
@@ -304,7 +365,7 @@ def press_green(eyes, place):
 
 def lesson(program, puzzle, picture):
     started = time.monotonic()
-    process = start(program, stdout=None, stderr=None)
+    process = start_program(program)
     eyes = Eyes(process.pid)
     print(f"A scripted user started {program}; he saw the window after {eyes.seen - started:.1f} s.")
     make_room(eyes)
@@ -314,10 +375,28 @@ def lesson(program, puzzle, picture):
     take_picture(eyes, paper, picture)
     press_green(eyes, place)
     xdotool("key", "alt+F4")
-    until("closing the window did not end the program", lambda: process.poll() is not None)
-    if process.returncode != 0:
-        raise Missed(f"closing the window ended the program with status {process.returncode}")
+    await_end(process)
     print("He closed the window, and the program ended.")
+
+
+def at_desk(play, seconds, **how):
+    """Lays a desk in a folder of its own and lets somebody play there, for so many seconds at most."""
+
+    def stop(number, _):
+        why = "it took too long" if number == signal.SIGALRM else "it was broken off"
+        raise Missed(f"{missing}; {why}")
+
+    for number in (signal.SIGALRM, signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+        signal.signal(number, stop)
+    signal.alarm(seconds)
+    adopt_orphans()
+    with tempfile.TemporaryDirectory() as folder:
+        try:
+            lay_desk(folder, **how)
+            play()
+        finally:
+            signal.alarm(0)
+            end_children()
 
 
 def main():
@@ -325,25 +404,17 @@ def main():
         sys.exit(__doc__)
     program, puzzle, picture = (Path(name).resolve() for name in sys.argv[1:])
 
-    def stop(number, _):
-        raise Missed("the lesson took too long" if number == signal.SIGALRM else "the lesson was broken off")
+    def play():
+        try:
+            lesson(str(program), puzzle, picture)
+        except Missed:
+            failed = picture.with_stem(picture.stem + "-failed")
+            if print_screen(failed):
+                print(f"The screen when the lesson failed: {failed}", file=sys.stderr)
+            raise
 
-    for number in (signal.SIGALRM, signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
-        signal.signal(number, stop)
-    signal.alarm(SECONDS)
-    adopt_orphans()
     try:
-        with tempfile.TemporaryDirectory() as folder:
-            lay_desk(folder)
-            try:
-                lesson(str(program), puzzle, picture)
-            except Missed:
-                failed = picture.with_stem(picture.stem + "-failed")
-                if print_screen(failed):
-                    print(f"The screen when the lesson failed: {failed}", file=sys.stderr)
-                raise
-            finally:
-                end_children()
+        at_desk(play, SECONDS)
     except (Missed, OSError, subprocess.SubprocessError) as why:
         print(f"The lesson failed: {why}", file=sys.stderr)
         return 1

@@ -222,7 +222,7 @@ void Commands::clockruns() {
   user.press("picstart");
   QCOMPARE(user.find("picstart")->toolTip(), "pause timer ");
   QVERIFY(user.find("picstart")->grab().toImage() != lamp);
-  QTRY_VERIFY(user.text("tempotot").endsWith("s"));
+  QTRY_VERIFY_WITH_TIMEOUT(user.text("tempotot").endsWith("s"), patience);
   user.press("picstart");
   const QString paused = user.text("tempotot");
   QCOMPARE(user.find("picstart")->toolTip(), "start timer ");
@@ -234,7 +234,7 @@ void Commands::clockruns() {
 void Commands::clockresets() {
   User user;
   user.press("picstart");
-  QTRY_VERIFY(user.text("tempotot").endsWith("s"));
+  QTRY_VERIFY_WITH_TIMEOUT(user.text("tempotot").endsWith("s"), patience);
   user.press("Picture2");
   QCOMPARE(user.text("tempotot"), "0");
   QVERIFY(!timer2on);

@@ -50,7 +50,7 @@ class Window {
     for (QWidget* widget : QApplication::topLevelWidgets())
       if (widget->objectName() == "frmlivello" && widget->isVisible()) window = widget;
     if (window == nullptr) qFatal("no library window");
-    if (!QTest::qWaitForWindowExposed(window)) qFatal("the library window doesn't come up");
+    if (!QTest::qWaitForWindowExposed(window, patience)) qFatal("the library window doesn't come up");
   }
   template <class T = QWidget>
   T* get(const QString& name) const {

@@ -26,10 +26,10 @@ User::User() {
   startprogram();
   window_ = std::make_unique<MainWindow>();
   window_->show();
-  if (!QTest::qWaitForWindowActive(window_.get())) qFatal("the window doesn't come up");
+  if (!QTest::qWaitForWindowActive(window_.get(), patience)) qFatal("the window doesn't come up");
   // Behind its first picture the window adds what its digits cover.
   const auto complete = [this] { return window_->findChild<QWidget*>("Text2_80") != nullptr; };
-  if (!QTest::qWaitFor(complete)) qFatal("the window stays without pencil marks");
+  if (!QTest::qWaitFor(complete, patience)) qFatal("the window stays without pencil marks");
   host.waitevents = [this, wait = host.waitevents] {
     waitasks();
     wait();
@@ -181,7 +181,7 @@ void User::open(const QByteArray& puzzle) {
 // Where no window manager is, nothing gives the focus back when a dialog has gone.
 void User::comeback() {
   window_->activateWindow();
-  if (!QTest::qWaitForWindowActive(window_.get())) qFatal("the window doesn't come back");
+  if (!QTest::qWaitForWindowActive(window_.get(), patience)) qFatal("the window doesn't come back");
 }
 
 // No test comes out of the printer of whoever runs it.

@@ -26,6 +26,10 @@ namespace gradino {
 
 class MainWindow;
 
+/// Milliseconds for what has to come sooner or later, however busy the machine is: as long as ctest gives a
+/// test.
+constexpr int patience = 10 * 60 * 1000;
+
 class User : public QObject {
  public:
   User();

@@ -1,0 +1,55 @@
+#!/usr/bin/env bash
+# Runs the tests and proves that they wrote nothing outside the build folder.
+#
+#   tests/tools/nothing-outside.sh FOLDER COMMAND...     FOLDER is made anew
+#
+# Each test that starts programs has a home of its own, see at-home.sh. What gets out of that comes to the home, the
+# runtime folder and the folder for temporary files of whoever runs the tests. In their places are empty folders here
+# of which nobody else knows: whatever is in there at the end was a test. The real ones can't be compared, as on a
+# desktop the browser, the editor and the shell write there at any time.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+folder=$(realpath -m "$1")
+shift
+
+# Programs that don't ask the environment would still find the real home. There only such names count as only our
+# programs and those of the tests' desk use, and only where nothing stood before: a user may well play Gradino, or
+# change a setting of his desktop, while the tests run.
+reach() {
+  local name
+  for name in ~/.config/{dconf,gradino*,Gradino*,QtProject*} ~/.cache/{gradino*,openbox} ~/.local/share/gradino*; do
+    [[ ! -e $name ]] || echo "$name"
+  done
+}
+# What the tests read beside the sources: who changes that meanwhile doesn't know what was tested.
+touched() {
+  find library samples tests/data -newer "$folder/stamp"
+  find . -path ./build -prune -o -name __pycache__ -newer "$folder/stamp" -print
+}
+
+if [[ -e $folder ]]; then
+  chmod -R u+rwX "$folder"
+  rm -r "$folder"
+fi
+mkdir -p "$folder"
+mkdir -m 700 "$folder"/{home,run,tmp}
+touch "$folder/stamp"
+before=$(reach)
+
+status=0
+env -u XDG_CONFIG_HOME -u XDG_CACHE_HOME -u XDG_DATA_HOME -u XDG_STATE_HOME \
+  HOME="$folder/home" XDG_RUNTIME_DIR="$folder/run" TMPDIR="$folder/tmp" "$@" || status=$?
+
+written=$(
+  find "$folder"/{home,run,tmp} -mindepth 1
+  touched
+  comm -13 <(sort <<<"$before") <(reach | sort)
+)
+if [[ -n $written ]]; then
+  {
+    echo "The tests wrote outside the build folder:"
+    sed "s|^$folder/home|~|; s|^$folder/run|\$XDG_RUNTIME_DIR|; s|^$folder/tmp|\$TMPDIR|; s|^|  |" <<<"$written"
+  } >&2
+  ((status != 0)) || status=1
+fi
+exit $status
