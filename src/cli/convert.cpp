@@ -72,7 +72,7 @@ class Output {
       complain(error.what());
       return false;
     }
-    fmt::print("{}\n", name.string());
+    printrow(name.string() + "\n");
     return true;
   }
 
@@ -97,7 +97,7 @@ bool convert(const ConvertOptions& options) {
       options.files, [&](const std::string& file, const std::vector<formats::Puzzle>& puzzles) {
         if (options.form == "sdm")
           good = output.write(nameof(file, options, 1, 1), written(puzzles, options.form)) && good;
-        Progress progress("written", puzzles.size(), rowsarehidden());
+        Progress progress("written", puzzles.size());
         for (std::size_t i = 0; i < puzzles.size() && options.form != "sdm"; ++i) {
           const fs::path name = nameof(file, options, i + 1, puzzles.size());
           good = output.write(name, written({puzzles[i]}, options.form)) && good;

@@ -1,9 +1,11 @@
 #include "input.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include "progress.h"
 
@@ -52,6 +54,10 @@ bool eachline(const std::vector<std::string>& files,
     }
   }
   return good;
+}
+
+bool istyped(const std::vector<std::string>& files) {
+  return isatty(STDIN_FILENO) == 1 && (files.empty() || std::ranges::find(files, "-") != files.end());
 }
 
 bool eachpuzzle(const std::vector<std::string>& files, const std::function<void(const std::string&)>& use) {

@@ -85,9 +85,9 @@ bool eachinorder(std::size_t count, int jobs, const NumberedWork& work,
 }
 
 bool printinorder(std::size_t count, int jobs, const char* what, const NumberedWork& work) {
-  Progress progress(what, count, rowsarehidden());
+  Progress progress(what, count);
   return eachinorder(count, jobs, work, [&](const std::string& text) {
-    fmt::print("{}", text);
+    printrow(text);
     progress.step();
   });
 }

@@ -27,9 +27,9 @@ using Work = std::string (*)(const std::string& puzzle, const Options& options);
 bool batch(const std::vector<std::string>& files, int jobs, const char* done, Work work,
            const Options& options) {
   if (jobs == 1) {
-    Progress progress(done, 0, rowsarehidden());
+    Progress progress(done, 0, !istyped(files));
     return eachpuzzle(files, [&](const std::string& puzzle) {
-      fmt::print("{}", work(puzzle, options));
+      printrow(work(puzzle, options));
       progress.step();
     });
   }
@@ -45,9 +45,9 @@ bool make(std::size_t count, int jobs, const Options& options) {
   if (!options.json) fmt::print("{}", generateheading());
   if (jobs > 1)
     return printinorder(count, jobs, "made", [&](std::size_t number) { return generate(number, options); });
-  Progress progress("made", count, rowsarehidden());
+  Progress progress("made", count);
   for (std::size_t number = 0; number < count; ++number) {
-    fmt::print("{}", generate(number, options));
+    printrow(generate(number, options));
     progress.step();
   }
   return true;
@@ -55,11 +55,11 @@ bool make(std::size_t count, int jobs, const Options& options) {
 
 bool boards(const std::vector<std::string>& files, const Options& options) {
   bool good = true;
-  Progress progress("boards", 0, rowsarehidden());
+  Progress progress("boards", 0, !istyped(files));
   const bool read = eachline(files, [&](const std::string& file, long number, const std::string& line) {
     if (line.empty()) return;
     try {
-      fmt::print("{}", techniques(line, options));
+      printrow(techniques(line, options));
     } catch (const std::invalid_argument& error) {
       complain(fmt::format("{}:{}: {}", file, number, error.what()));
       good = false;

@@ -50,8 +50,10 @@ void complain(std::string_view line) {
   fmt::print(stderr, "{}\n", line);
 }
 
-bool rowsarehidden() {
-  return isatty(STDOUT_FILENO) != 1;
+void printrow(std::string_view text) {
+  static const bool seen = isatty(STDOUT_FILENO) == 1;
+  if (seen && onscreen != nullptr) onscreen->end();
+  fmt::print("{}", text);
 }
 
 }  // namespace gradino::cli

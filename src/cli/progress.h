@@ -31,8 +31,8 @@ class Progress {
 /// Tells standard error a line of its own: progress that is shown there gives way, and comes back behind it.
 void complain(std::string_view line);
 
-/// True when standard output is no terminal: where rows are seen as they come, they show that work goes on,
-/// and a line among them would only disturb.
-bool rowsarehidden();
+/// Prints a result. Where it is seen as it comes, progress on the same terminal gives way to it, and comes
+/// back below it.
+void printrow(std::string_view text);
 
 }  // namespace gradino::cli

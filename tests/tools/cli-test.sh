@@ -282,6 +282,11 @@ shown=$(script -qec "$cli selftest long.sdm >/dev/null" /dev/null </dev/null) ||
 shown=$(script -qec "$cli walk short-line.sdm >/dev/null" /dev/null </dev/null) || true
 [[ $shown == $'\r\033[Kwalked '*$'\r\033[Kshort-line.sdm:1001: 3 of 81 cells'* ]] ||
   fail "no line of its own, but: $shown"
+# Rows that are seen on the same terminal push the progress before them.
+shown=$(script -qec "{ echo $puzzle; sleep 1.2; echo $turned; echo $puzzle; } | $cli grade" /dev/null </dev/null)
+[[ $shown == *$'\r\033[Kgraded 2'* ]] || fail "no progress among rows, but: $shown"
+same "rows with progress" "$(sed $'s/\r\033\\[K\\(graded [0-9]*\\)\\?//g; s/\r$//' <<<"$shown")" \
+  "$("$cli" grade <<<"$(lines "$puzzle" "$turned" "$puzzle")")"
 same "a short run on a terminal" "$(script -qec "$cli selftest $data/formats/line.txt >/dev/null" /dev/null </dev/null)" ""
 
 ((failures == 0)) || exit 1
