@@ -14,8 +14,6 @@
 namespace gradino::cli {
 namespace {
 
-constexpr std::size_t largest = 256 << 20;  ///< bytes: three million puzzles of one line each
-
 /// All of it; none: it can't be read, and errno is why.
 std::optional<std::string> bytesof(const std::string& name) {
   using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
@@ -26,7 +24,7 @@ std::optional<std::string> bytesof(const std::string& name) {
   std::array<char, 1 << 16> buffer;
   while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
     bytes.append(buffer.data(), count);
-    if (bytes.size() > largest) {
+    if (bytes.size() > largestfile) {
       errno = EFBIG;
       return std::nullopt;
     }

@@ -1,6 +1,7 @@
 // Files of any form that puzzles are exchanged in, as the sub-commands take them.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -8,6 +9,9 @@
 #include "puzzles.h"
 
 namespace gradino::cli {
+
+/// In bytes: a file that is read as a whole may be as large, three million puzzles of one line each.
+inline constexpr std::size_t largestfile = 256 << 20;
 
 /// The file as messages name it: "-" is standard input.
 std::string shownname(const std::string& file);

@@ -3,19 +3,26 @@
 #include <algorithm>
 #include <fstream>
 #include <iostream>
+#include <sstream>
 
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include "exchange.h"
 #include "progress.h"
+#include "puzzles.h"
 
 namespace gradino::cli {
 namespace {
 
 constexpr std::size_t cellcount = 81;
 
+using UsePuzzle = std::function<void(const std::string&)>;
+
+/// Those of the line, which is none of a puzzle when it has none.
 std::string symbols(const std::string& line) {
   std::string puzzle;
+  if (line.starts_with('#')) return puzzle;
   for (char c : line) {
     if (puzzle.size() == cellcount) break;
     if (c >= '1' && c <= '9')
@@ -26,23 +33,100 @@ std::string symbols(const std::string& line) {
   return puzzle;
 }
 
+/// One file on its way in.
+class Reading {
+ public:
+  Reading(const std::string& name, const UsePuzzle& use) : name_(name), use_(use) {}
+
+  /// False: something wasn't read.
+  bool all(std::istream& in) {
+    long number = 0;
+    std::string line;
+    while (open_ && std::getline(in, line)) {
+      gather(line, in);
+      ++number;
+    }
+    if (open_)
+      readforms();
+    else
+      aslines(in, number + 1);
+    return good_;
+  }
+
+ private:
+  /// Takes a line as long as it is open what the file holds. A line of 81 symbols tells that it holds lines
+  /// of puzzles, but where it is a part of something structured, which may as well stand in a single line.
+  void gather(const std::string& line, std::istream& in) {
+    text_.append(line).append("\n");
+    const std::size_t count = symbols(line).size();
+    if (count == 0) return;
+    whole_ = whole_ || count == cellcount;
+    short_ += count < cellcount;
+    if (count == cellcount && !structured_)
+      structured_ =
+          formats::isstructured(text_) && (short_ > 0 || in.peek() == std::istream::traits_type::eof());
+    open_ = (!whole_ || structured_) && text_.size() < largestfile;
+    if (!open_) gatheredaslines();
+  }
+
+  void gatheredaslines() {
+    std::istringstream gathered(std::move(text_));
+    aslines(gathered, 1);
+  }
+
+  void aslines(std::istream& in, long number) {
+    std::string line;
+    for (; std::getline(in, line); ++number) {
+      const std::string puzzle = symbols(line);
+      if (puzzle.size() == cellcount)
+        use_(puzzle);
+      else if (!puzzle.empty())
+        refuse(number, fmt::format("{} of 81 cells", puzzle.size()));
+    }
+  }
+
+  /// The file has ended, and may be of any form.
+  void readforms() {
+    if (!whole_ && short_ == 0) return;
+    std::vector<formats::Puzzle> puzzles;
+    try {
+      puzzles = formats::readpuzzles(text_);
+    } catch (const formats::Unreadable& error) {
+      // One short line is a puzzle with a slip rather than another form.
+      if (whole_ || short_ == 1) return gatheredaslines();
+      return refuse(error.line, error.what());
+    }
+    for (const formats::Puzzle& puzzle : puzzles) use_(puzzle.cells);
+  }
+
+  void refuse(long number, const std::string& what) {
+    complain(fmt::format("{}:{}: {}", name_, number, what));
+    good_ = false;
+  }
+
+  const std::string& name_;
+  const UsePuzzle& use_;
+  std::string text_;  ///< what was gathered
+  long short_ = 0;    ///< lines in it with fewer than 81 symbols
+  bool whole_ = false, structured_ = false, open_ = true, good_ = true;
+};
+
 }  // namespace
 
-bool eachline(const std::vector<std::string>& files,
-              const std::function<void(const std::string&, long, const std::string&)>& use) {
+bool eachfile(const std::vector<std::string>& files,
+              const std::function<void(const std::string&, std::istream&)>& use) {
   bool good = true;
   const auto readall = [&](const std::string& name, std::istream& in) {
-    std::string line;
-    for (long number = 1; std::getline(in, line); ++number) use(name, number, line);
+    use(name, in);
     if (in.bad()) {
       complain(fmt::format("{}: reading failed", name));
       good = false;
     }
   };
-  if (files.empty()) readall("standard input", std::cin);
+  if (files.empty()) readall(shownname("-"), std::cin);
   for (const std::string& name : files) {
     if (name == "-") {
-      readall("standard input", std::cin);
+      readall(shownname("-"), std::cin);
       continue;
     }
     std::ifstream in(name);
@@ -60,16 +144,10 @@ bool istyped(const std::vector<std::string>& files) {
   return isatty(STDIN_FILENO) == 1 && (files.empty() || std::ranges::find(files, "-") != files.end());
 }
 
-bool eachpuzzle(const std::vector<std::string>& files, const std::function<void(const std::string&)>& use) {
+bool eachpuzzle(const std::vector<std::string>& files, const UsePuzzle& use) {
   bool good = true;
-  const bool read = eachline(files, [&](const std::string& file, long number, const std::string& line) {
-    if (line.starts_with('#')) return;
-    const std::string puzzle = symbols(line);
-    if (puzzle.empty()) return;
-    if (puzzle.size() == cellcount) return use(puzzle);
-    complain(fmt::format("{}:{}: {} of 81 cells", file, number, puzzle.size()));
-    good = false;
-  });
+  const bool read = eachfile(
+      files, [&](const std::string& name, std::istream& in) { good = Reading(name, use).all(in) && good; });
   return read && good;
 }
 

@@ -3,6 +3,9 @@
 #include <limits>
 #include <random>
 #include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -53,18 +56,68 @@ bool make(std::size_t count, int jobs, const Options& options) {
   return true;
 }
 
+/// A file of boards, one JSON object a line.
+class Boards {
+ public:
+  Boards(const std::string& file, const Options& options, Progress& progress)
+      : file_(file), options_(options), progress_(progress) {}
+
+  /// False: there was a line that is no board. Where none is, one line says so for all of them.
+  bool all(std::istream& in) {
+    std::string line;
+    for (long number = 1; std::getline(in, line); ++number)
+      if (!line.empty()) board(number, line);
+    if (none_.size() < 2) {
+      tellnone();
+      return good_;
+    }
+    complain(fmt::format(
+        "{}: {} lines and no board among them: techniques takes JSON objects with values and cands; puzzles "
+        "are for grade, count and walk",
+        file_, none_.size()));
+    return false;
+  }
+
+ private:
+  void board(long number, const std::string& line) {
+    try {
+      const std::string result = techniques(line, options_);
+      tellnone();
+      printrow(result);
+    } catch (const NoObject& error) {
+      none_.emplace_back(number, error.what());
+      if (any_) tellnone();
+    } catch (const std::invalid_argument& error) {
+      tellnone();
+      refuse(number, error.what());
+    }
+    progress_.step();
+  }
+
+  /// There are boards here, so that each line that is none is worth telling.
+  void tellnone() {
+    for (const auto& [number, what] : none_) refuse(number, what);
+    none_.clear();
+    any_ = true;
+  }
+
+  void refuse(long number, const std::string& what) {
+    complain(fmt::format("{}:{}: {}", file_, number, what));
+    good_ = false;
+  }
+
+  const std::string& file_;
+  const Options& options_;
+  Progress& progress_;
+  std::vector<std::pair<long, std::string>> none_;
+  bool any_ = false, good_ = true;
+};
+
 bool boards(const std::vector<std::string>& files, const Options& options) {
   bool good = true;
   Progress progress("boards", 0, !istyped(files));
-  const bool read = eachline(files, [&](const std::string& file, long number, const std::string& line) {
-    if (line.empty()) return;
-    try {
-      printrow(techniques(line, options));
-    } catch (const std::invalid_argument& error) {
-      complain(fmt::format("{}:{}: {}", file, number, error.what()));
-      good = false;
-    }
-    progress.step();
+  const bool read = eachfile(files, [&](const std::string& file, std::istream& in) {
+    good = Boards(file, options, progress).all(in) && good;
   });
   return read && good;
 }

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 
 namespace gradino::cli {
@@ -32,9 +33,14 @@ std::string generateheading();
 /// Lets the step solver walk the puzzle, each wait answered go.
 std::string walk(const std::string& puzzle, const Options& options);
 
+/// A line that is no object of a board.
+struct NoObject : std::invalid_argument {
+  using std::invalid_argument::invalid_argument;
+};
+
 /// What each technique alone does on the board that a JSON line tells:
 /// {"values": 81 digits, "cands": "m0,m1,...", "solution": 81 digits, "nishio": bool}.
-/// Throws std::invalid_argument with what is wrong with the line.
+/// Throws std::invalid_argument with what is wrong with the line; NoObject where it isn't an object.
 std::string techniques(const std::string& line, const Options& options);
 
 }  // namespace gradino::cli

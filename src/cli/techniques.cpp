@@ -65,7 +65,7 @@ Position parse(const std::string& text) {
     return {digits(line, "values"), hassolution(line) ? digits(line, "solution") : "",
             masks(line.value("cands", std::string())), line.value("nishio", false)};
   } catch (const Json::exception&) {
-    throw std::invalid_argument("not an object with values, cands, solution and nishio");
+    throw NoObject("not an object with values, cands, solution and nishio");
   }
 }
 

@@ -246,6 +246,46 @@ run 0 "$(for _ in 1 2 3; do "$cli" techniques <<<"$board}"; done)" "" "$cli" tec
 run 0 "$("$cli" techniques boards.jsonl)" "" "$cli" techniques --json boards.jsonl
 run 1 "" "standard input:1: solution: not 81 digits" bash -c "$cli techniques <<<'$board, \"solution\": \"1\"}'"
 
+echo "cli-test: grade, count and walk read every form"
+for sample in "${samples[@]}"; do
+  case $sample in
+    # Lines of 81 symbols are read as they come: what stands before the cells counts.
+    */library.txt) continue ;;
+    */collection.sdm | */first.opensudoku | */headings.txt) puzzles=$(lines "$puzzle" "$turned") ;;
+    *) puzzles=$puzzle ;;
+  esac
+  run 0 "$("$cli" grade <<<"$puzzles")" "" "$cli" grade "$sample"
+done
+tr -d '\n' <"$data/formats/second.opensudoku" >oneline.opensudoku
+tr -d '\n' <"$data/formats/savefile.json" >oneline.json
+for file in oneline.opensudoku oneline.json; do
+  run 0 "$("$cli" grade <<<"$puzzle")" "" "$cli" grade $file
+done
+run 0 "$("$cli" count <<<"$puzzle")" "" "$cli" count "$data/formats/dottedframe.txt"
+run 0 "$("$cli" walk <<<"$puzzle")" "" bash -c "$cli walk <'$data/formats/rows.csv'"
+run 0 "$("$cli" grade --json - <<<"$puzzle"; "$cli" grade --json <<<"$puzzle")" "" \
+  "$cli" grade --json --jobs 2 "$data/formats/blanks.txt" "$data/formats/simple.ss"
+heading=$("$cli" grade empty.txt)
+run 1 "$heading" "$data/exchange/lent-rows.txt:8: a blank or drawn line above this row and 6 rows of its puzzle before it: expected nine rows together, or bands of three, or each row alone" \
+  "$cli" grade "$data/exchange/lent-rows.txt"
+fold -w9 <<<"$puzzle" | head -8 >eight.txt
+run 1 "$heading" "eight.txt:1: 8 rows from here to line 8: expected nine to a puzzle" "$cli" grade eight.txt
+# Lines of puzzles stay what they are, whatever stands among them.
+run 1 "$heading" "short.txt:1: 80 of 81 cells" bash -c "echo ${puzzle%?} >short.txt; $cli grade short.txt"
+lines "Puzzles 2024" "${puzzle%?}" "" "# of 9" "$puzzle" "Grid 2" "$turned" >mixed.txt
+run 1 "$("$cli" grade <<<"$(lines "$puzzle" "$turned")")" "$(lines "mixed.txt:1: 4 of 81 cells" \
+  "mixed.txt:2: 80 of 81 cells" "mixed.txt:6: 1 of 81 cells")" "$cli" grade mixed.txt
+"$cli" generate --json -n 3 --seed 5 >made.jsonl
+run 0 "$("$cli" generate -n 3 --seed 5 | awk 'NR > 1 { print $4 }' | "$cli" grade)" "" "$cli" grade made.jsonl
+hint="no board among them: techniques takes JSON objects with values and cands; puzzles are for grade, count and walk"
+run 1 "" "$data/formats/dashes.txt: 11 lines and $hint" "$cli" techniques "$data/formats/dashes.txt"
+run 1 "" "own.txt:1: not an object with values, cands, solution and nishio" "$cli" techniques own.txt
+run 1 "$("$cli" techniques boards.jsonl)" "$(lines \
+  "standard input:1: not an object with values, cands, solution and nishio" \
+  "standard input:2: not an object with values, cands, solution and nishio" \
+  "standard input:6: not an object with values, cands, solution and nishio")" \
+  bash -c "(echo 1; echo 2; cat boards.jsonl; echo 3) | $cli techniques"
+
 echo "cli-test: the library"
 puzzles=library.mdb
 printf '{"stringa": "%s", "livello": "5", "numeri": "30", "difficolta": "%s", "progressivo": "%s"}\n' \

@@ -36,6 +36,12 @@ void checktext(std::string_view text) {
   }
 }
 
+/// Without the mark of UTF-8 at its beginning.
+std::string_view unmarked(std::string_view bytes) {
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  return bytes.starts_with(mark) ? bytes.substr(mark.size()) : bytes;
+}
+
 /// Every line end becomes a line feed: it may be CR LF, or CR alone.
 std::string plainlines(std::string_view text) {
   std::string out;
@@ -72,10 +78,15 @@ Puzzle checked(Puzzle puzzle) {
   return puzzle;
 }
 
+bool isstructured(std::string_view bytes) {
+  const std::string text = plainlines(unmarked(bytes));
+  const std::size_t first = text.find_first_not_of(" \t\n\f");
+  if (first == std::string::npos) return false;
+  return text[first] == '<' || text[first] == '{' || hassections(textlines(text));
+}
+
 std::vector<Puzzle> readpuzzles(std::string_view bytes, const std::function<void()>& heard) {
-  constexpr std::string_view mark = "\xEF\xBB\xBF";
-  if (bytes.starts_with(mark)) bytes.remove_prefix(mark.size());
-  const std::string text = plainlines(bytes);
+  const std::string text = plainlines(unmarked(bytes));
   checktext(text);
   const std::size_t first = text.find_first_not_of(" \t\n\f");
   if (first == std::string::npos) throw Unreadable(1, "nothing there: expected a puzzle");

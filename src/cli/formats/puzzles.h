@@ -35,6 +35,9 @@ struct Unreadable : std::runtime_error {
 std::vector<Puzzle> readpuzzles(
     std::string_view bytes, const std::function<void()>& heard = [] {});
 
+/// True when a text begins as a form of which no line is a puzzle by itself: XML, JSON or sections.
+bool isstructured(std::string_view bytes);
+
 /// The puzzle, if it is one: a digit at least, and none twice in a house. Throws Unreadable.
 Puzzle checked(Puzzle puzzle);
 
