@@ -154,6 +154,29 @@ TEST(Convert, RowsStandTogetherOrInBandsOrAlone) {
   EXPECT_EQ(refusal(parted.insert(20, "=========\n") + rows).substr(0, 15), "4: a blank or d");
 }
 
+TEST(Convert, AFieldOfTwoQuotesIsAnEmptyCell) {
+  std::string text;
+  for (std::size_t i = 0; i < puzzle.size(); ++i) {
+    text += puzzle[i] == '.' ? "\"\"" : std::string("\"") + puzzle[i] + "\"";
+    text += i % 9 == 8 ? '\n' : ',';
+  }
+  EXPECT_EQ(formats::readpuzzles(text).front().cells, puzzle);
+  for (char& c : text)
+    if (c == '\n') c = ',';
+  EXPECT_EQ(formats::readpuzzles(text).front().cells, puzzle);
+  EXPECT_EQ(refusal("\"\"\"" + text.substr(2)).substr(0, 24), "1: not a puzzle's line: ");
+}
+
+TEST(Convert, AFileOfDosMayEndInControlZ) {
+  const std::string rows = rowsof(puzzle, "");
+  for (const std::string end : {"\x1A", "\x1A\x1A\x1A"}) {
+    EXPECT_EQ(formats::readpuzzles(puzzle + end).front().cells, puzzle);
+    EXPECT_EQ(formats::readpuzzles(rows + end).front().cells, puzzle);
+  }
+  EXPECT_EQ(refusal("\x1A"), "1: nothing there: expected a puzzle");
+  EXPECT_EQ(refusal("\x1A\n" + rows).substr(0, 22), "1: a control character");
+}
+
 TEST(Convert, LineEndsOfAllSystemsAreRead) {
   for (const std::string end : {"\n", "\r\n", "\r"}) {
     std::string text = "# one" + end;

@@ -121,7 +121,8 @@ std::optional<Cells> separated(std::string_view line, std::size_t count) {
     if (fields.size() != count) continue;
     for (std::string_view& field : fields) {
       field = trimmed(field);
-      if (field.size() == 3 && field.front() == '"' && field.back() == '"') field = field.substr(1, 1);
+      const bool quoted = field.size() > 1 && field.front() == '"' && field.back() == '"';
+      if (quoted && field.size() < 4) field = field.substr(1, field.size() - 2);
     }
     return cellsof(fields, false);
   }

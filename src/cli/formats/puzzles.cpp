@@ -39,7 +39,10 @@ void checktext(std::string_view text) {
 /// Without the mark of UTF-8 at its beginning.
 std::string_view unmarked(std::string_view bytes) {
   constexpr std::string_view mark = "\xEF\xBB\xBF";
-  return bytes.starts_with(mark) ? bytes.substr(mark.size()) : bytes;
+  constexpr char endoftext = '\x1A';
+  if (bytes.starts_with(mark)) bytes.remove_prefix(mark.size());
+  while (bytes.ends_with(endoftext)) bytes.remove_suffix(1);
+  return bytes;
 }
 
 /// Every line end becomes a line feed: it may be CR LF, or CR alone.
