@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 struct ConvertOptions {
   std::vector<std::string> files;
   std::string form = "sav", folder = ".";
-  bool force = false;
+  bool force = false, keepgoing = false;
 };
 
 /// The window's own drawing, made of what stands in its boxes.
@@ -93,17 +93,17 @@ class Output {
 bool convert(const ConvertOptions& options) {
   Output output(options.force);
   bool good = true;
-  const bool read = eachpuzzlefile(
-      options.files, [&](const std::string& file, const std::vector<formats::Puzzle>& puzzles) {
-        if (options.form == "sdm")
-          good = output.write(nameof(file, options, 1, 1), written(puzzles, options.form)) && good;
-        Progress progress("written", puzzles.size());
-        for (std::size_t i = 0; i < puzzles.size() && options.form != "sdm"; ++i) {
-          const fs::path name = nameof(file, options, i + 1, puzzles.size());
-          good = output.write(name, written({puzzles[i]}, options.form)) && good;
-          progress.step();
-        }
-      });
+  const auto writeall = [&](const std::string& file, const std::vector<formats::Puzzle>& puzzles) {
+    if (options.form == "sdm")
+      good = output.write(nameof(file, options, 1, 1), written(puzzles, options.form)) && good;
+    Progress progress("written", puzzles.size());
+    for (std::size_t i = 0; i < puzzles.size() && options.form != "sdm"; ++i) {
+      const fs::path name = nameof(file, options, i + 1, puzzles.size());
+      good = output.write(name, written({puzzles[i]}, options.form)) && good;
+      progress.step();
+    }
+  };
+  const bool read = eachpuzzlefile(options.files, writeall, options.keepgoing);
   return read && good;
 }
 
@@ -139,6 +139,8 @@ std::function<bool()> addconvert(CLI::App& app) {
       ->check(CLI::ExistingDirectory)
       ->capture_default_str();
   command->add_flag("--force", options->force, "Write over files that are there");
+  command->add_flag("--keep-going", options->keepgoing,
+                    "Write what can be read of a file that can't be in full");
   return [options, command] { return !*command || convert(*options); };
 }
 

@@ -39,9 +39,7 @@ std::string shownname(const std::string& file) {
   return file == "-" ? "standard input" : file;
 }
 
-bool eachpuzzlefile(
-    const std::vector<std::string>& files,
-    const std::function<void(const std::string& file, const std::vector<formats::Puzzle>& puzzles)>& use) {
+bool eachpuzzlefile(const std::vector<std::string>& files, const UsePuzzles& use, bool keepgoing) {
   bool good = true;
   const auto readone = [&](const std::string& file) {
     const std::string name = shownname(file);
@@ -51,14 +49,21 @@ bool eachpuzzlefile(
       good = false;
       return;
     }
+    const auto tell = [&](const formats::Unreadable& error) {
+      complain(fmt::format("{}:{}: {}", name, error.line, error.what()));
+    };
+    const auto refuse = [&](const formats::Unreadable& error) {
+      tell(error);
+      good = false;
+    };
     std::vector<formats::Puzzle> puzzles;
     try {
       Progress progress("lines read");
-      puzzles = formats::readpuzzles(*bytes, [&] { progress.step(); });
+      formats::Listener listener{[&] { progress.step(); }, tell, {}};
+      if (keepgoing) listener.unread = refuse;
+      puzzles = formats::readpuzzles(*bytes, listener);
     } catch (const formats::Unreadable& error) {
-      complain(fmt::format("{}:{}: {}", name, error.line, error.what()));
-      good = false;
-      return;
+      return refuse(error);
     }
     use(file, puzzles);
   };

@@ -148,6 +148,48 @@ run 1 "" "gradino-cli: --from-library 22: expected a level 0 to 21, or LEVEL:N" 
 nothingnew sheet
 run 1 "" "standard output: No space left on device" bash -c "$cli convert --force -o . own.txt >/dev/full"
 
+echo "cli-test: convert keeps going"
+# Line by line: two slips, other words, a clash, an empty puzzle, two marks.
+clash=44${puzzle:2}
+lines "$puzzle" "${puzzle%?}" "$turned" "Grid two" "$clash" "$turned" "${puzzle//[1-9]/.}" "${puzzle/./x}" >slips.sdm
+run 1 "" "slips.sdm:2: not a puzzle's line: $expected" "$cli" convert -o here slips.sdm
+run 1 "here/slips.sdm" "$(lines "slips.sdm:2: not a puzzle's line: $expected" \
+  "slips.sdm:4: other words among puzzles of one line each: expected 81 cells in each line" \
+  'slips.sdm:8: empty cells are "x" as well as "." in the puzzle that begins here: expected one mark all over a puzzle' \
+  "slips.sdm:5: the puzzle that begins here has a 4 in both r1c1 and r1c2: expected no digit twice in a row, column or block" \
+  "slips.sdm:7: the puzzle that begins here is empty: expected a digit at least")" \
+  "$cli" convert --keep-going --to sdm -o here slips.sdm
+same "what is left of the slips" "$(tr -d '\r' <here/slips.sdm)" "$(lines "$puzzle" "$turned" "$turned")"
+# Rows: one with a slip in it, and one that is missing.
+rows() { fold -w9 <<<"$1" | sed "$2"; echo; }
+{ rows "$puzzle" ""; rows "$turned" "3s/./o/"; rows "$turned" ""; } >rows.txt
+run 1 "here/rows.sdm" "rows.txt:13: not a puzzle's line: $expected" \
+  "$cli" convert --keep-going --to sdm -o here rows.txt
+same "what is left of the rows" "$(tr -d '\r' <here/rows.sdm)" "$(lines "$puzzle" "$turned")"
+{ rows "$puzzle" ""; rows "$turned" 3d; rows "$turned" ""; } >gaps.txt
+run 1 "here/gaps.sdm" "gaps.txt:11: 8 rows from here to line 18: expected nine to a puzzle" \
+  "$cli" convert --keep-going --to sdm -o here gaps.txt
+same "what is left of the rows" "$(tr -d '\r' <here/gaps.sdm)" "$(lines "$puzzle" "$turned")"
+run 1 "" "$(lines "eight.txt:1: 8 rows from here to line 8: expected nine to a puzzle" "eight.txt:1: no puzzle: $expected")" \
+  bash -c "fold -w9 <<<$puzzle | head -8 >eight.txt; $cli convert --keep-going -o here eight.txt"
+run 1 "here/short-game.sdm" "$data/exchange/short-game.opensudoku:5: data of a game: expected 81 of the digits 0-9" \
+  "$cli" convert --keep-going --to sdm -o here "$data/exchange/short-game.opensudoku"
+{ rows "$puzzle" "1s/^/[Puzzle]\n/;3d"; rows "$turned" "1s/^/[Puzzle]\n/"; } >sections.sdk
+run 1 "here/sections.sdm" "sections.sdk:2: 8 rows from here to line 9: expected nine to a puzzle" \
+  "$cli" convert --keep-going --to sdm -o here sections.sdk
+same "what is left of the sections" "$(tr -d '\r' <here/sections.sdm)" "$turned"
+rm -f here/*
+many=$(for _ in {1..50}; do echo "$puzzle"; done)
+lines "$many" 5 "$many" | "$cli" convert --keep-going --to sdm -o here >/dev/null 2>err.txt || true
+same "one of a hundred and one" "$(wc -l <here/puzzle.sdm) $(<err.txt)" "100 standard input:51: not a puzzle's line: $expected"
+rm -f here/*
+
+echo "cli-test: convert tells a section that it leaves out"
+{ rows "$puzzle" "1s/^/[Puzzle]\n/"; rows "$turned" "1s/^/[Puzle]\n/"; rows "$puzzle" "1s/^/[State]\n/"; } >typo.sdk
+run 0 "here/typo.sdm" "typo.sdk:12: a section [Puzle] is left out: expected [Puzzle] or [State]" \
+  "$cli" convert --to sdm -o here typo.sdk
+rm -f here/*
+
 echo "cli-test: sheets"
 words() { pdftotext -layout "$@" - | tr '\f' '\n' | tr -s ' \n'; }
 for perpage in 1:7 2:4 4:2 6:2; do
@@ -248,14 +290,13 @@ run 1 "" "standard input:1: solution: not 81 digits" bash -c "$cli techniques <<
 
 echo "cli-test: grade, count and walk read every form"
 for sample in "${samples[@]}"; do
-  case $sample in
-    # Lines of 81 symbols are read as they come: what stands before the cells counts.
-    */library.txt) continue ;;
-    */collection.sdm | */first.opensudoku | */headings.txt) puzzles=$(lines "$puzzle" "$turned") ;;
-    *) puzzles=$puzzle ;;
-  esac
+  # Its line has 81 symbols, of which the cells aren't the first.
+  [[ $sample == */library.txt ]] && continue
+  "$cli" convert --force --to sdm -o here "$sample" >name.txt
+  puzzles=$(tr -d '\r' <"$(<name.txt)")
   run 0 "$("$cli" grade <<<"$puzzles")" "" "$cli" grade "$sample"
 done
+rm -f here/*
 tr -d '\n' <"$data/formats/second.opensudoku" >oneline.opensudoku
 tr -d '\n' <"$data/formats/savefile.json" >oneline.json
 for file in oneline.opensudoku oneline.json; do

@@ -36,7 +36,7 @@ void checktext(std::string_view text) {
   }
 }
 
-/// Without the mark of UTF-8 at its beginning.
+/// Without the mark of UTF-8 at its beginning, and without what DOS ends a text with.
 std::string_view unmarked(std::string_view bytes) {
   constexpr std::string_view mark = "\xEF\xBB\xBF";
   constexpr char endoftext = '\x1A';
@@ -88,22 +88,33 @@ bool isstructured(std::string_view bytes) {
   return text[first] == '<' || text[first] == '{' || hassections(textlines(text));
 }
 
-std::vector<Puzzle> readpuzzles(std::string_view bytes, const std::function<void()>& heard) {
+void readpart(const Listener& listener, const std::function<void()>& read) {
+  if (!listener.unread) return read();
+  try {
+    read();
+  } catch (const Unreadable& error) {
+    listener.unread(error);
+  }
+}
+
+std::vector<Puzzle> readpuzzles(std::string_view bytes, const Listener& listener) {
   const std::string text = plainlines(unmarked(bytes));
   checktext(text);
   const std::size_t first = text.find_first_not_of(" \t\n\f");
   if (first == std::string::npos) throw Unreadable(1, "nothing there: expected a puzzle");
   std::vector<Puzzle> puzzles;
   if (text[first] == '<') {
-    puzzles = readxml(text);
+    puzzles = readxml(text, listener);
   } else if (text[first] == '{') {
     puzzles = readjson(text);
   } else {
     const std::vector<TextLine> lines = textlines(text);
-    puzzles = hassections(lines) ? readsections(lines) : readgrids(lines, heard);
+    puzzles = hassections(lines) ? readsections(lines, listener) : readgrids(lines, listener);
   }
-  for (Puzzle& puzzle : puzzles) puzzle = checked(std::move(puzzle));
-  return puzzles;
+  std::vector<Puzzle> good;
+  for (Puzzle& puzzle : puzzles) readpart(listener, [&] { good.push_back(checked(std::move(puzzle))); });
+  if (good.empty()) throw Unreadable(1, "no puzzle left: expected one without a fault");
+  return good;
 }
 
 }  // namespace gradino::formats

@@ -29,11 +29,22 @@ struct Unreadable : std::runtime_error {
   long line;
 };
 
-/// All puzzles of a text, at least one, in their order; its lines end at LF, CR LF or CR. `heard` is called
-/// behind each line of grids, which a long file has many of. Throws Unreadable; then none of it is to be
-/// used.
-std::vector<Puzzle> readpuzzles(
-    std::string_view bytes, const std::function<void()>& heard = [] {});
+/// Who hears how a reading goes.
+struct Listener {
+  /// Each line of grids, which a long file has many of.
+  std::function<void()> line = [] {};
+  /// What is left out though it may have been meant as a puzzle; the reading goes on.
+  std::function<void(const Unreadable&)> leftout = [](const Unreadable&) {};
+  /// When there is one: what can't be read is told here, and the rest is read. Else it is thrown.
+  std::function<void(const Unreadable&)> unread;
+};
+
+/// A part of a reading, which the rest can do without when the listener goes on.
+void readpart(const Listener& listener, const std::function<void()>& read);
+
+/// All puzzles of a text, at least one, in their order; its lines end at LF, CR LF or CR. Throws Unreadable;
+/// then none of it is to be used.
+std::vector<Puzzle> readpuzzles(std::string_view bytes, const Listener& listener = {});
 
 /// True when a text begins as a form of which no line is a puzzle by itself: XML, JSON or sections.
 bool isstructured(std::string_view bytes);

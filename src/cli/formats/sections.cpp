@@ -37,24 +37,26 @@ bool isheader(std::string_view line) {
          std::isalpha(static_cast<unsigned char>(name.front())) != 0;
 }
 
+Puzzle onepuzzle(const std::vector<TextLine>& content, long begun) {
+  const std::vector<Puzzle> read = content.empty() ? std::vector<Puzzle>{} : readgrids(content, {});
+  if (read.size() != 1)
+    throw Unreadable(begun, fmt::format("a section [Puzzle] of {} puzzles: expected one", read.size()));
+  return read.front();
+}
+
 }  // namespace
 
 bool hassections(const std::vector<TextLine>& lines) {
   return std::ranges::any_of(lines, [](const TextLine& line) { return !headof(line.text).empty(); });
 }
 
-std::vector<Puzzle> readsections(const std::vector<TextLine>& lines) {
+std::vector<Puzzle> readsections(const std::vector<TextLine>& lines, const Listener& listener) {
   std::vector<Puzzle> puzzles;
   std::string section;
   long begun = 0;
   std::vector<TextLine> content;
   const auto end = [&] {
-    if (section == "puzzle") {
-      const std::vector<Puzzle> read = content.empty() ? std::vector<Puzzle>{} : readgrids(content);
-      if (read.size() != 1)
-        throw Unreadable(begun, fmt::format("a section [Puzzle] of {} puzzles: expected one", read.size()));
-      puzzles.push_back(read.front());
-    }
+    if (section == "puzzle") readpart(listener, [&] { puzzles.push_back(onepuzzle(content, begun)); });
     content.clear();
   };
   for (const TextLine& line : lines) {
@@ -62,6 +64,9 @@ std::vector<Puzzle> readsections(const std::vector<TextLine>& lines) {
       end();
       section = head;
       begun = line.number;
+      if (section != "puzzle" && section != "state")
+        listener.leftout({begun, fmt::format("a section {} is left out: expected [Puzzle] or [State]",
+                                             trimmed(line.text))});
     } else if (section == "puzzle") {
       if (!isheader(line.text)) content.push_back(line);
     } else if (section.empty() && !isheader(line.text)) {

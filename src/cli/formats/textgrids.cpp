@@ -15,7 +15,7 @@ constexpr std::size_t rowcount = 9;
 constexpr std::string_view expected =
     "expected a line of 81 cells, or a row of nine, each 1-9 or one of . 0 x X * _ - ? or blank for an empty one";
 
-enum class Kind { blank, comment, frame, heading, row, undecided, whole };
+enum class Kind { blank, comment, frame, heading, row, undecided, whole, unread };
 
 struct Line {
   Kind kind;
@@ -102,8 +102,8 @@ Puzzle joined(const std::vector<Line>& rows, std::size_t from) {
   return puzzle;
 }
 
-/// The lines between two headings that are rows, and the places of blank lines and of drawn ones: how many
-/// rows are above each.
+/// The lines between two headings that are rows, or in place of one that couldn't be read, and the places of
+/// blank lines and of drawn ones: how many rows are above each.
 struct Section {
   std::vector<Line> rows;
   std::set<std::size_t> gaps;
@@ -115,7 +115,7 @@ Section decided(const std::vector<Line>& lines) {
     if (line.kind == Kind::row) marks += line.cells.marks;
   Section section;
   for (const Line& line : lines) {
-    if (line.kind == Kind::row ||
+    if (line.kind == Kind::row || line.kind == Kind::unread ||
         (line.kind == Kind::undecided && marks.find(line.cells.marks[0]) != std::string::npos))
       section.rows.push_back(line);
     else if (line.kind != Kind::comment)
@@ -144,16 +144,63 @@ void checkgaps(const Section& section) {
   }
 }
 
-void readrows(const std::vector<Line>& lines, std::vector<Puzzle>& puzzles) {
+[[noreturn]] void notnine(const std::vector<Line>& rows, std::size_t from, std::size_t count) {
+  throw Unreadable(rows[from].number, fmt::format("{} rows from here to line {}: expected nine to a puzzle",
+                                                  count, rows[from + count - 1].number));
+}
+
+void checkrows(const Section& section) {
+  checkgaps(section);
+  const std::size_t count = section.rows.size(), over = count % rowcount;
+  if (over != 0) notnine(section.rows, count - over, over);
+}
+
+bool isread(const Line& line) {
+  return line.kind != Kind::unread;
+}
+
+/// Nine rows, but where one is among them that couldn't be read and was told.
+void takepuzzle(const std::vector<Line>& rows, std::size_t from, std::vector<Puzzle>& puzzles,
+                const Listener& listener) {
+  const auto begin = rows.begin() + static_cast<std::ptrdiff_t>(from);
+  if (!std::all_of(begin, begin + rowcount, isread)) return;
+  readpart(listener, [&] { puzzles.push_back(joined(rows, from)); });
+}
+
+/// Rows that as a whole don't come to puzzles: those are taken that stand together by nine.
+void taketogether(const Section& section, const Unreadable& fault, std::vector<Puzzle>& puzzles,
+                  const Listener& listener) {
+  std::set<std::size_t> ends = section.gaps;
+  ends.insert(section.rows.size());
+  ends.erase(0);
+  const std::size_t before = puzzles.size();
+  std::vector<Unreadable> others;
+  for (std::size_t from = 0; const std::size_t end : ends) {
+    if (end - from == rowcount)
+      takepuzzle(section.rows, from, puzzles, listener);
+    else
+      try {
+        notnine(section.rows, from, end - from);
+      } catch (const Unreadable& error) {
+        others.push_back(error);
+      }
+    from = end;
+  }
+  if (puzzles.size() == before) others = {fault};
+  for (const Unreadable& error : others) listener.unread(error);
+}
+
+void readrows(const std::vector<Line>& lines, std::vector<Puzzle>& puzzles, const Listener& listener) {
   const Section section = decided(lines);
   const std::vector<Line>& rows = section.rows;
-  if (rows.empty()) return;
-  checkgaps(section);
-  if (const std::size_t over = rows.size() % rowcount; over != 0)
-    throw Unreadable(
-        rows[rows.size() - over].number,
-        fmt::format("{} rows from here to line {}: expected nine to a puzzle", over, rows.back().number));
-  for (std::size_t from = 0; from < rows.size(); from += rowcount) puzzles.push_back(joined(rows, from));
+  if (std::ranges::none_of(rows, isread)) return;
+  try {
+    checkrows(section);
+  } catch (const Unreadable& fault) {
+    if (!listener.unread) throw;
+    return taketogether(section, fault, puzzles, listener);
+  }
+  for (std::size_t from = 0; from < rows.size(); from += rowcount) takepuzzle(rows, from, puzzles, listener);
 }
 
 void refuse(const Line& line, const char* found) {
@@ -161,40 +208,44 @@ void refuse(const Line& line, const char* found) {
                    fmt::format("{} among puzzles of one line each: expected 81 cells in each line", found));
 }
 
-std::vector<Puzzle> readcollection(const std::vector<Line>& lines) {
+void takeline(const Line& line, std::vector<Puzzle>& puzzles) {
+  if (line.kind == Kind::row || (line.kind == Kind::undecided && line.cells.marks == "."))
+    refuse(line, "a row of nine cells");
+  if (line.kind == Kind::heading) refuse(line, "other words");
+  if (line.kind != Kind::whole) return;
+  onemark(line.cells.marks, line.number);
+  puzzles.push_back({line.cells.symbols, line.number});
+}
+
+std::vector<Puzzle> readcollection(const std::vector<Line>& lines, const Listener& listener) {
   std::vector<Puzzle> puzzles;
-  for (const Line& line : lines) {
-    if (line.kind == Kind::row || (line.kind == Kind::undecided && line.cells.marks == "."))
-      refuse(line, "a row of nine cells");
-    if (line.kind == Kind::heading) refuse(line, "other words");
-    if (line.kind != Kind::whole) continue;
-    onemark(line.cells.marks, line.number);
-    puzzles.push_back({line.cells.symbols, line.number});
-  }
+  for (const Line& line : lines) readpart(listener, [&] { takeline(line, puzzles); });
   return puzzles;
 }
 
 }  // namespace
 
-std::vector<Puzzle> readgrids(const std::vector<TextLine>& text, const std::function<void()>& heard) {
+std::vector<Puzzle> readgrids(const std::vector<TextLine>& text, const Listener& listener) {
   std::vector<Line> lines;
   for (const TextLine& line : text) {
-    lines.push_back(linein(line));
-    heard();
+    lines.push_back({Kind::unread, line.number, {}});
+    readpart(listener, [&] { lines.back() = linein(line); });
+    listener.line();
   }
-  if (std::ranges::find(lines, Kind::whole, &Line::kind) != lines.end()) return readcollection(lines);
+  if (std::ranges::find(lines, Kind::whole, &Line::kind) != lines.end())
+    return readcollection(lines, listener);
 
   std::vector<Puzzle> puzzles;
   std::vector<Line> section;
   for (const Line& line : lines) {
     if (line.kind == Kind::heading) {
-      readrows(section, puzzles);
+      readrows(section, puzzles, listener);
       section.clear();
     } else {
       section.push_back(line);
     }
   }
-  readrows(section, puzzles);
+  readrows(section, puzzles, listener);
   if (puzzles.empty()) throw Unreadable(text.front().number, fmt::format("no puzzle: {}", expected));
   return puzzles;
 }

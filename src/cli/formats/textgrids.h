@@ -1,7 +1,6 @@
 // Puzzles as people type and draw them.
 #pragma once
 
-#include <functional>
 #include <vector>
 
 #include "puzzles.h"
@@ -14,9 +13,7 @@ namespace gradino::formats {
 ///
 /// An empty cell is one of . 0 x X * _ - ? or a blank, the same all over a puzzle. A line that could be drawn
 /// as well as a row without a digit (---|---|---, .........) is the row when the puzzle's other rows use its
-/// mark, else drawn. In a pencil-mark grid a cell of several digits is empty. `heard` is called behind each
-/// line.
-std::vector<Puzzle> readgrids(
-    const std::vector<TextLine>& lines, const std::function<void()>& heard = [] {});
+/// mark, else drawn. In a pencil-mark grid a cell of several digits is empty.
+std::vector<Puzzle> readgrids(const std::vector<TextLine>& lines, const Listener& listener);
 
 }  // namespace gradino::formats

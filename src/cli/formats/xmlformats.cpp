@@ -56,7 +56,7 @@ Puzzle game(const pugi::xml_node& node, long line) {
   return puzzle;
 }
 
-std::vector<Puzzle> opensudoku(const pugi::xml_node& root, std::string_view text) {
+std::vector<Puzzle> opensudoku(const pugi::xml_node& root, std::string_view text, const Listener& listener) {
   const auto line = [&](const pugi::xml_node& node) {
     return lineof(text, static_cast<std::size_t>(node.offset_debug()));
   };
@@ -64,10 +64,13 @@ std::vector<Puzzle> opensudoku(const pugi::xml_node& root, std::string_view text
   if (!version.empty() && version != "1" && version != "2")
     throw Unreadable(line(root), fmt::format("<opensudoku> of version {}: expected 1 or 2", version));
   std::vector<Puzzle> puzzles;
+  const auto take = [&](const pugi::xml_node& node) {
+    readpart(listener, [&] { puzzles.push_back(game(node, line(node))); });
+  };
   for (const pugi::xml_node& child : root.children()) {
-    if (child.name() == std::string_view("game")) puzzles.push_back(game(child, line(child)));
+    if (child.name() == std::string_view("game")) take(child);
     if (child.name() == std::string_view("folder"))
-      for (const pugi::xml_node& inner : child.children("game")) puzzles.push_back(game(inner, line(inner)));
+      for (const pugi::xml_node& inner : child.children("game")) take(inner);
   }
   if (puzzles.empty())
     throw Unreadable(line(root), "<opensudoku> without a game: expected <game data=\"...\">");
@@ -138,7 +141,7 @@ std::vector<Puzzle> ksudoku(const pugi::xml_node& root, std::string_view text) {
 
 }  // namespace
 
-std::vector<Puzzle> readxml(std::string_view text) {
+std::vector<Puzzle> readxml(std::string_view text, const Listener& listener) {
   pugi::xml_document document;
   const pugi::xml_parse_result result = document.load_buffer(
       text.data(), text.size(), pugi::parse_default | pugi::parse_fragment, pugi::encoding_utf8);
@@ -152,7 +155,7 @@ std::vector<Puzzle> readxml(std::string_view text) {
                      "more behind the end of the XML: expected one element");
   }
   const std::string_view name = root.name();
-  if (name == "opensudoku") return opensudoku(root, text);
+  if (name == "opensudoku") return opensudoku(root, text, listener);
   if (name == "ksudoku") return ksudoku(root, text);
   throw Unreadable(lineof(text, static_cast<std::size_t>(root.offset_debug())),
                    fmt::format("an element <{}>: expected <opensudoku> or <ksudoku>", name));
