@@ -10,9 +10,13 @@
 #include <fmt/format.h>
 
 #include "progress.h"
+#include "words.h"
 
 namespace gradino::cli {
 namespace {
+
+constexpr Words notread = {"{file}: impossibile leggere: {why}", "{file}: can't be read: {why}"};
+constexpr Words linesread = {"linee lette", "lines read"};
 
 /// All of it; none: it can't be read, and errno is why.
 std::optional<std::string> bytesof(const std::string& name) {
@@ -35,6 +39,10 @@ std::optional<std::string> bytesof(const std::string& name) {
 
 }  // namespace
 
+std::string told(const std::string& name, const formats::Unreadable& error) {
+  return fmt::format("{}:{}: {}", name, error.line, lingua == italian ? error.italian : error.what());
+}
+
 std::string shownname(const std::string& file) {
   return file == "-" ? "standard input" : file;
 }
@@ -45,20 +53,18 @@ bool eachpuzzlefile(const std::vector<std::string>& files, const UsePuzzles& use
     const std::string name = shownname(file);
     const std::optional<std::string> bytes = bytesof(file);
     if (!bytes) {
-      complain(fmt::format("{}: can't be read: {}", name, std::strerror(errno)));
+      complain(say(notread, hole("file", name), hole("why", std::strerror(errno))));
       good = false;
       return;
     }
-    const auto tell = [&](const formats::Unreadable& error) {
-      complain(fmt::format("{}:{}: {}", name, error.line, error.what()));
-    };
+    const auto tell = [&](const formats::Unreadable& error) { complain(told(name, error)); };
     const auto refuse = [&](const formats::Unreadable& error) {
       tell(error);
       good = false;
     };
     std::vector<formats::Puzzle> puzzles;
     try {
-      Progress progress("lines read");
+      Progress progress(inlanguage(linesread));
       formats::Listener listener{[&] { progress.step(); }, tell, {}};
       if (keepgoing) listener.unread = refuse;
       puzzles = formats::readpuzzles(*bytes, listener);

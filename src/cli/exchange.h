@@ -13,6 +13,9 @@ namespace gradino::cli {
 /// In bytes: a file that is read as a whole may be as large, three million puzzles of one line each.
 inline constexpr std::size_t largestfile = 256 << 20;
 
+/// "file:line: what", in the language in force.
+std::string told(const std::string& name, const formats::Unreadable& error);
+
 /// The file as messages name it: "-" is standard input.
 std::string shownname(const std::string& file);
 

@@ -5,16 +5,19 @@
 #include <iostream>
 #include <sstream>
 
-#include <fmt/format.h>
 #include <unistd.h>
 
 #include "exchange.h"
 #include "progress.h"
 #include "puzzles.h"
+#include "words.h"
 
 namespace gradino::cli {
 namespace {
 
+constexpr Words readingfailed = {"{file}: lettura interrotta", "{file}: reading failed"};
+constexpr Words notread = {"{file}: impossibile leggere", "{file}: can't be read"};
+constexpr Words tooshort = {"{file}:{line}: {n} celle su 81", "{file}:{line}: {n} of 81 cells"};
 constexpr std::size_t cellcount = 81;
 
 using UsePuzzle = std::function<void(const std::string&)>;
@@ -81,7 +84,7 @@ class Reading {
       if (puzzle.size() == cellcount)
         use_(puzzle);
       else if (!puzzle.empty())
-        refuse(number, fmt::format("{} of 81 cells", puzzle.size()));
+        refuse(say(tooshort, hole("file", name_), hole("line", number), hole("n", puzzle.size())));
     }
   }
 
@@ -90,17 +93,19 @@ class Reading {
     if (!whole_ && short_ == 0) return;
     std::vector<formats::Puzzle> puzzles;
     try {
-      puzzles = formats::readpuzzles(text_);
+      formats::Listener listener;
+      listener.leftout = [&](const formats::Unreadable& part) { complain(told(name_, part)); };
+      puzzles = formats::readpuzzles(text_, listener);
     } catch (const formats::Unreadable& error) {
       // One short line is a puzzle with a slip rather than another form.
       if (whole_ || short_ == 1) return gatheredaslines();
-      return refuse(error.line, error.what());
+      return refuse(told(name_, error));
     }
     for (const formats::Puzzle& puzzle : puzzles) use_(puzzle.cells);
   }
 
-  void refuse(long number, const std::string& what) {
-    complain(fmt::format("{}:{}: {}", name_, number, what));
+  void refuse(const std::string& message) {
+    complain(message);
     good_ = false;
   }
 
@@ -119,7 +124,7 @@ bool eachfile(const std::vector<std::string>& files,
   const auto readall = [&](const std::string& name, std::istream& in) {
     use(name, in);
     if (in.bad()) {
-      complain(fmt::format("{}: reading failed", name));
+      complain(say(readingfailed, hole("file", name)));
       good = false;
     }
   };
@@ -133,7 +138,7 @@ bool eachfile(const std::vector<std::string>& files,
     if (in && in.peek() != std::ifstream::traits_type::eof())
       readall(name, in);
     else if (!in.eof()) {
-      complain(fmt::format("{}: can't be read", name));
+      complain(say(notread, hole("file", name)));
       good = false;
     }
   }

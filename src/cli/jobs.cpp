@@ -11,9 +11,13 @@
 #include <unistd.h>
 
 #include "progress.h"
+#include "words.h"
 
 namespace gradino::cli {
 namespace {
+
+constexpr Words workerended = {"un processo è finito prima di aver fatto lo schema {number}",
+                               "a worker ended before puzzle {number} was done"};
 
 struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }
@@ -74,7 +78,7 @@ bool eachinorder(std::size_t count, int jobs, const NumberedWork& work,
     if (good)
       use(text);
     else
-      complain(fmt::format("a worker ended before puzzle {} was done", i + 1));
+      complain(say(workerended, hole("number", i + 1)));
   }
   for (Worker& worker : workers) worker.results.reset();  // all of them first: a worker may still be writing
   for (const Worker& worker : workers) {
@@ -84,7 +88,7 @@ bool eachinorder(std::size_t count, int jobs, const NumberedWork& work,
   return good;
 }
 
-bool printinorder(std::size_t count, int jobs, const char* what, const NumberedWork& work) {
+bool printinorder(std::size_t count, int jobs, std::string_view what, const NumberedWork& work) {
   Progress progress(what, count);
   return eachinorder(count, jobs, work, [&](const std::string& text) {
     printrow(text);

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace gradino::cli {
 
@@ -15,6 +16,6 @@ bool eachinorder(std::size_t count, int jobs, const NumberedWork& work,
                  const std::function<void(const std::string& result)>& use);
 
 /// Prints the results so; a line of progress says that so many are `what`.
-bool printinorder(std::size_t count, int jobs, const char* what, const NumberedWork& work);
+bool printinorder(std::size_t count, int jobs, std::string_view what, const NumberedWork& work);
 
 }  // namespace gradino::cli

@@ -17,20 +17,31 @@
 #include "librarycommand.h"
 #include "progress.h"
 #include "selftest.h"
+#include "session.h"
 #include "sheet.h"
 #include "subcommands.h"
+#include "words.h"
 
 namespace {
 
 using namespace gradino::cli;
+using gradino::hole, gradino::inlanguage, gradino::say, gradino::Words;
+
+constexpr Words gradeddone = {"valutati", "graded"}, counteddone = {"contati", "counted"},
+                walkeddone = {"percorsi", "walked"}, boardsdone = {"posizioni", "boards"};
+constexpr Words noboards = {
+    "{file}: {n} linee e tra esse nessuna posizione: techniques vuole oggetti JSON con values e "
+    "cands; gli schemi sono per grade, count e walk",
+    "{file}: {n} lines and no board among them: techniques takes JSON "
+    "objects with values and cands; puzzles are for grade, count and walk"};
 
 using Work = std::string (*)(const std::string& puzzle, const Options& options);
 
 /// One worker: each puzzle is done as it is read. More: all are read first.
-bool batch(const std::vector<std::string>& files, int jobs, const char* done, Work work,
+bool batch(const std::vector<std::string>& files, int jobs, const Words& done, Work work,
            const Options& options) {
   if (jobs == 1) {
-    Progress progress(done, 0, !istyped(files));
+    Progress progress(inlanguage(done), 0, !istyped(files));
     return eachpuzzle(files, [&](const std::string& puzzle) {
       printrow(work(puzzle, options));
       progress.step();
@@ -38,7 +49,7 @@ bool batch(const std::vector<std::string>& files, int jobs, const char* done, Wo
   }
   std::vector<std::string> puzzles;
   const bool read = eachpuzzle(files, [&](const std::string& puzzle) { puzzles.push_back(puzzle); });
-  return printinorder(puzzles.size(), jobs, done,
+  return printinorder(puzzles.size(), jobs, inlanguage(done),
                       [&](std::size_t number) { return work(puzzles[number], options); }) &&
          read;
 }
@@ -71,10 +82,7 @@ class Boards {
       tellnone();
       return good_;
     }
-    complain(fmt::format(
-        "{}: {} lines and no board among them: techniques takes JSON objects with values and cands; puzzles "
-        "are for grade, count and walk",
-        file_, none_.size()));
+    complain(say(noboards, hole("file", file_), hole("n", none_.size())));
     return false;
   }
 
@@ -115,7 +123,7 @@ class Boards {
 
 bool boards(const std::vector<std::string>& files, const Options& options) {
   bool good = true;
-  Progress progress("boards", 0, !istyped(files));
+  Progress progress(inlanguage(boardsdone), 0, !istyped(files));
   const bool read = eachfile(files, [&](const std::string& file, std::istream& in) {
     good = Boards(file, options, progress).all(in) && good;
   });
@@ -177,12 +185,13 @@ int main(int argc, char** argv) try {
   } catch (const CLI::ParseError& error) {
     return answer(app, error);
   }
+  speak(options.language);
 
   bool good = runlibrary() && runconvert() && runselftest() && runsheet();
   if (*techniquescommand) good = boards(files, options);
   if (*gradecommand) {
     if (!options.json) fmt::print("{}", gradeheading());
-    good = batch(files, jobs, "graded", grade, options);
+    good = batch(files, jobs, gradeddone, grade, options);
   }
   if (*generatecommand) {
     if (seed->empty()) options.seed = std::random_device{}();
@@ -190,9 +199,9 @@ int main(int argc, char** argv) try {
   }
   if (*countcommand) {
     if (!options.json) fmt::print("{}", countheading());
-    good = batch(files, 1, "counted", count, options);
+    good = batch(files, 1, counteddone, count, options);
   }
-  if (*walkcommand) good = batch(files, 1, "walked", walk, options);
+  if (*walkcommand) good = batch(files, 1, walkeddone, walk, options);
   if (std::fflush(stdout) != 0) {
     std::perror("standard output");
     return 1;

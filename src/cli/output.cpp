@@ -10,13 +10,17 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include "words.h"
+
 namespace gradino::cli {
 namespace {
+
+constexpr Words notwritten = {"{file}: impossibile scrivere: {why}", "{file}: can't be written: {why}"};
 
 namespace fs = std::filesystem;
 
 [[noreturn]] void failed(const std::string& name, int error) {
-  throw std::runtime_error(fmt::format("{}: can't be written: {}", name, std::strerror(error)));
+  throw std::runtime_error(say(notwritten, hole("file", name), hole("why", std::strerror(error))));
 }
 
 /// 0, or the error.

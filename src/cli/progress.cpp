@@ -1,24 +1,27 @@
 #include "progress.h"
 
 #include <cstdio>
-#include <utility>
 
 #include <fmt/format.h>
 #include <unistd.h>
+
+#include "words.h"
 
 namespace gradino::cli {
 namespace {
 
 using namespace std::chrono_literals;
 
+constexpr Words oftotal = {"{what} {done} di {total} ({percent} %)",
+                           "{what} {done} of {total} ({percent} %)"};
 constexpr std::chrono::milliseconds firstshown = 1s, between = 200ms;
 
 Progress* onscreen = nullptr;  ///< whose line stands on the terminal
 
 }  // namespace
 
-Progress::Progress(std::string what, std::size_t total, bool wanted)
-    : what_(std::move(what)),
+Progress::Progress(std::string_view what, std::size_t total, bool wanted)
+    : what_(what),
       total_(total),
       terminal_(wanted && isatty(STDERR_FILENO) == 1),
       next_(std::chrono::steady_clock::now() + firstshown) {}
@@ -39,7 +42,9 @@ void Progress::step() {
   next_ = std::chrono::steady_clock::now() + between;
   onscreen = this;
   if (total_ > 0)
-    fmt::print(stderr, "\r\033[K{} {} of {} ({} %)", what_, done_, total_, done_ * 100 / total_);
+    fmt::print(stderr, "\r\033[K{}",
+               say(oftotal, hole("what", what_), hole("done", done_), hole("total", total_),
+                   hole("percent", done_ * 100 / total_)));
   else
     fmt::print(stderr, "\r\033[K{} {}", what_, done_);
   std::fflush(stderr);

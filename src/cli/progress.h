@@ -12,7 +12,7 @@ namespace gradino::cli {
 class Progress {
  public:
   /// total 0: it isn't known. wanted false: nothing is shown.
-  explicit Progress(std::string what, std::size_t total = 0, bool wanted = true);
+  explicit Progress(std::string_view what, std::size_t total = 0, bool wanted = true);
   ~Progress();
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;

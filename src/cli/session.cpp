@@ -13,6 +13,10 @@
 
 namespace gradino::cli {
 
+void speak(const std::string& language) {
+  lingua = language == "it" ? italian : english;
+}
+
 void startsession(Session& session, const std::string& language) {
   session = {};
   host = {};

@@ -18,6 +18,9 @@ struct Session {
   std::optional<std::string> fault;  ///< the report of a run-time fault
 };
 
+/// The language, "en" or "it", of messages until a session starts, which goes on in its own.
+void speak(const std::string& language);
+
 /// A freshly started program in a language, "en" or "it"; its message boxes go to session.boxes.
 void startsession(Session& session, const std::string& language);
 

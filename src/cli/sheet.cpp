@@ -33,6 +33,20 @@ namespace {
 constexpr Words libraryrow = {"riga {row} della libreria", "row {row} of the library"};
 constexpr Words ungraded = {"{from}: {what} (Sudoku {number})", "{from}: {what} (Sudoku {number})"};
 
+constexpr Words levelexpected = {"--from-library {text}: atteso un livello da 0 a 21, o LIVELLO:N",
+                                 "--from-library {text}: expected a level 0 to 21, or LEVEL:N"};
+constexpr Words onlyone = {"la libreria ha {n} schema di livello {level}",
+                           "the library has {n} puzzle of level {level}"};
+constexpr Words onlysome = {"la libreria ha {n} schemi di livello {level}",
+                            "the library has {n} puzzles of level {level}"};
+constexpr Words nolibrary = {"nessuna libreria {file}", "no library {file}"};
+constexpr Words rowwithout = {"la riga {row} della libreria non ha uno schema",
+                              "row {row} of the library has no puzzle"};
+constexpr Words readitself = {"{file}: viene letto, e non può essere il foglio",
+                              "{file}: is read, and can't be the sheet"};
+constexpr Words nopuzzle = {"nessuno schema per il foglio", "no puzzle for the sheet"};
+constexpr Words fetched = {"presi", "fetched"}, gradedsofar = {"valutati", "graded"};
+
 struct SheetOptions {
   std::vector<std::string> files, levels;
   std::string output, language = "en", paper = "A4", library;
@@ -80,7 +94,7 @@ std::pair<int, int> levelandcount(const std::string& text, int count) {
   if (read.ec == std::errc{} && read.ptr != end && *read.ptr == ':')
     read = std::from_chars(read.ptr + 1, end, count);
   if (read.ec != std::errc{} || read.ptr != end || level < 0 || level > 21 || count < 1)
-    throw std::runtime_error(fmt::format("--from-library {}: expected a level 0 to 21, or LEVEL:N", text));
+    throw std::runtime_error(say(levelexpected, hole("text", text)));
   return {level, count};
 }
 
@@ -95,22 +109,22 @@ std::vector<Store::Record> hardest(Store& store, int level, int count) {
   store.each(fmt::format("{} LIMIT {}", libraryquery(level), count),
              [&](const Store::Record& record) { records.push_back(record); });
   if (records.size() < static_cast<std::size_t>(count))
-    throw std::runtime_error(fmt::format("the library has {} puzzles of level {}", records.size(), level));
+    throw std::runtime_error(
+        say(records.size() == 1 ? onlyone : onlysome, hole("n", records.size()), hole("level", level)));
   return records;
 }
 
 void fromlibrary(const SheetOptions& options, std::vector<Printed>& puzzles) {
   if (options.levels.empty()) return;
   const std::filesystem::path file = librarystore(options.library);
-  if (!std::filesystem::exists(file)) throw std::runtime_error(fmt::format("no library {}", file.string()));
+  if (!std::filesystem::exists(file)) throw std::runtime_error(say(nolibrary, hole("file", file.string())));
   Store store(file);
-  Progress progress("fetched");
+  Progress progress(inlanguage(fetched));
   for (const std::string& text : options.levels) {
     const auto [level, count] = levelandcount(text, options.page.perpage);
     for (const Store::Record& record : hardest(store, level, count)) {
       const std::string& stringa = record.row[field::stringa];
-      if (!ispuzzle(stringa))
-        throw std::runtime_error(fmt::format("row {} of the library has no puzzle", record.key));
+      if (!ispuzzle(stringa)) throw std::runtime_error(say(rowwithout, hole("row", record.key)));
       Printed printed = graded(stringa.substr(0, cells), options.language);
       printed.level = level;
       printed.difficulty = difficultyin(record.row[field::difficolta]);
@@ -121,10 +135,11 @@ void fromlibrary(const SheetOptions& options, std::vector<Printed>& puzzles) {
 }
 
 bool sheet(SheetOptions options) {
+  speak(options.language);
   std::error_code error;
   for (const std::string& file : options.files)
     if (std::filesystem::equivalent(file, options.output, error))
-      throw std::runtime_error(fmt::format("{}: is read, and can't be the sheet", options.output));
+      throw std::runtime_error(say(readitself, hole("file", options.output)));
   std::vector<Printed> puzzles;
   fromlibrary(options, puzzles);
   bool good = true;
@@ -134,14 +149,14 @@ bool sheet(SheetOptions options) {
         eachpuzzlefile(options.files, [&](const std::string& file, const std::vector<formats::Puzzle>& some) {
           for (const formats::Puzzle& puzzle : some) read.emplace_back(file, puzzle);
         });
-    Progress progress("graded", read.size());
+    Progress progress(inlanguage(gradedsofar), read.size());
     for (const auto& [file, puzzle] : read) {
       add(puzzles, graded(puzzle.cells, options.language),
           fmt::format("{}:{}", shownname(file), puzzle.line));
       progress.step();
     }
   }
-  if (puzzles.empty()) throw std::runtime_error("no puzzle for the sheet");
+  if (puzzles.empty()) throw std::runtime_error(std::string(inlanguage(nopuzzle)));
   if (options.paper == "Letter") options.page.width = 612, options.page.height = 792;
   drawpages(options.output, puzzles, options.page);
   return good;

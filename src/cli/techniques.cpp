@@ -21,10 +21,16 @@
 #include "subsets.h"
 #include "tables.h"
 #include "wings.h"
+#include "words.h"
 #include "xychains.h"
 
 namespace gradino::cli {
 namespace {
+
+constexpr Words notdigits = {"{key}: non sono 81 cifre", "{key}: not 81 digits"};
+constexpr Words notmasks = {"cands: non sono 81 maschere", "cands: not 81 masks"};
+constexpr Words notobject = {"non è un oggetto con values, cands, solution e nishio",
+                             "not an object with values, cands, solution and nishio"};
 
 /// A board as the input tells it.
 struct Position {
@@ -36,7 +42,7 @@ struct Position {
 std::string digits(const Json& line, const char* key) {
   const std::string text = line.value(key, std::string());
   if (text.size() != 81 || text.find_first_not_of("0123456789") != std::string::npos)
-    throw std::invalid_argument(std::string(key) + ": not 81 digits");
+    throw std::invalid_argument(say(notdigits, hole("key", key)));
   return text;
 }
 
@@ -47,7 +53,7 @@ std::array<int, 81> masks(const std::string& text) {
   for (int& number : numbers) {
     const auto read = std::from_chars(at, end, number);
     if (read.ec != std::errc{} || number < 0 || number > fullmask || number % 2 != 0)
-      throw std::invalid_argument("cands: not 81 masks");
+      throw std::invalid_argument(std::string(inlanguage(notmasks)));
     at = read.ptr == end ? end : read.ptr + 1;
   }
   return numbers;
@@ -65,7 +71,7 @@ Position parse(const std::string& text) {
     return {digits(line, "values"), hassolution(line) ? digits(line, "solution") : "",
             masks(line.value("cands", std::string())), line.value("nishio", false)};
   } catch (const Json::exception&) {
-    throw NoObject("not an object with values, cands, solution and nishio");
+    throw NoObject(std::string(inlanguage(notobject)));
   }
 }
 

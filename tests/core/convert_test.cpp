@@ -33,6 +33,8 @@ std::string refusal(const std::string& text) {
   try {
     return formats::readpuzzles(text).front().cells + " was read";
   } catch (const formats::Unreadable& error) {
+    EXPECT_FALSE(error.italian.empty()) << error.what();
+    EXPECT_NE(error.italian, error.what());
     return std::to_string(error.line) + ": " + error.what();
   }
 }

@@ -188,6 +188,8 @@ echo "cli-test: convert tells a section that it leaves out"
 { rows "$puzzle" "1s/^/[Puzzle]\n/"; rows "$turned" "1s/^/[Puzle]\n/"; rows "$puzzle" "1s/^/[State]\n/"; } >typo.sdk
 run 0 "here/typo.sdm" "typo.sdk:12: a section [Puzle] is left out: expected [Puzzle] or [State]" \
   "$cli" convert --to sdm -o here typo.sdk
+run 0 "$("$cli" count <<<"$puzzle")" "typo.sdk:12: una sezione [Puzle] è tralasciata: attesa [Puzzle] o [State]" \
+  "$cli" count --lang it typo.sdk
 rm -f here/*
 
 echo "cli-test: sheets"
@@ -318,6 +320,18 @@ run 1 "$("$cli" grade <<<"$(lines "$puzzle" "$turned")")" "$(lines "mixed.txt:1:
   "mixed.txt:2: 80 of 81 cells" "mixed.txt:6: 1 of 81 cells")" "$cli" grade mixed.txt
 "$cli" generate --json -n 3 --seed 5 >made.jsonl
 run 0 "$("$cli" generate -n 3 --seed 5 | awk 'NR > 1 { print $4 }' | "$cli" grade)" "" "$cli" grade made.jsonl
+# What goes wrong is told in the language asked for.
+italian="attesa una linea di 81 celle, o una riga di nove, ciascuna 1-9 o, se vuota, uno di . 0 x X * _ - ? o uno spazio"
+lines "$puzzle" "o$puzzle" >letter.sdm
+run 1 "$heading" "$(lines "none.txt: impossibile leggere" "short.txt:1: 80 celle su 81" \
+  "eight.txt:1: 8 righe da qui alla linea 8: attese nove per schema")" \
+  "$cli" grade --lang it none.txt short.txt eight.txt
+run 1 "" "$(lines "none.txt: impossibile leggere: No such file or directory" \
+  "letter.sdm:2: non è la linea di uno schema: $italian" "gradino-cli: nessuno schema per il foglio")" \
+  "$cli" sheet --lang it -o none.pdf none.txt letter.sdm
+run 1 "" "gradino-cli: --from-library 22: atteso un livello da 0 a 21, o LIVELLO:N" \
+  "$cli" sheet --lang it --library schemigenerati.mdb --from-library 22 -o none.pdf
+run 1 "" "own.txt:1: non è un oggetto con values, cands, solution e nishio" "$cli" techniques --lang it own.txt
 hint="no board among them: techniques takes JSON objects with values and cands; puzzles are for grade, count and walk"
 run 1 "" "$data/formats/dashes.txt: 11 lines and $hint" "$cli" techniques "$data/formats/dashes.txt"
 run 1 "" "own.txt:1: not an object with values, cands, solution and nishio" "$cli" techniques own.txt
@@ -338,6 +352,12 @@ same "all, in table order" "$("$cli" library --file $puzzles list | awk 'NR > 1 
 run 0 "" "" "$cli" sheet --library $puzzles --from-library 5:3 -o library.pdf
 same "difficulties" "$(words library.pdf | grep -o 'difficulty [0-9]*')" \
   "$(printf 'difficulty %s\n' 2147483647 20 10)"
+run 1 "" "gradino-cli: the library has 3 puzzles of level 5" \
+  "$cli" sheet --library $puzzles --from-library 5:4 -o none.pdf
+printf '{"stringa": "%s", "livello": "6"}\n' "$puzzle" >row.jsonl
+"$cli" library --file one-row.mdb import row.jsonl >/dev/null
+run 1 "" "gradino-cli: the library has 1 puzzle of level 6" \
+  "$cli" sheet --library one-row.mdb --from-library 6 -o none.pdf
 filled() { "$cli" library --file "$1" fill -n 2 "${@:2}" && "$cli" library --file "$1" export; }
 same "what a seed makes" "$(filled one.mdb --seed 7)" "$(filled other.mdb --seed 7)"
 [[ $(filled third.mdb) != "$(filled fourth.mdb)" ]] || fail "without a seed the same puzzles are made each time"
@@ -368,6 +388,8 @@ shown=$(script -qec "{ echo $puzzle; sleep 1.2; echo $turned; echo $puzzle; } | 
 [[ $shown == *$'\r\033[Kgraded 2'* ]] || fail "no progress among rows, but: $shown"
 same "rows with progress" "$(sed $'s/\r\033\\[K\\(graded [0-9]*\\)\\?//g; s/\r$//' <<<"$shown")" \
   "$("$cli" grade <<<"$(lines "$puzzle" "$turned" "$puzzle")")"
+shown=$(script -qec "{ echo $puzzle; sleep 1.2; echo $turned; } | $cli grade --lang it >/dev/null" /dev/null </dev/null)
+[[ $shown == $'\r\033[Kvalutati '*$'\r\033[K' ]] || fail "no progress in Italian, but: $shown"
 same "a short run on a terminal" "$(script -qec "$cli selftest $data/formats/line.txt >/dev/null" /dev/null </dev/null)" ""
 
 ((failures == 0)) || exit 1

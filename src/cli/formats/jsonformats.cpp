@@ -63,9 +63,11 @@ Game parsed(std::string_view text) {
     const char* const end = text.data() + text.size();
     game.json = Json::parse(Cursor(text.data(), line), Cursor(end, line), heed);
   } catch (const Json::parse_error&) {
-    throw Unreadable(line, "no JSON: expected a game as GNOME Sudoku keeps it");
+    throw Unreadable(line, {"non è JSON: attesa una partita come la conserva GNOME Sudoku",
+                            "no JSON: expected a game as GNOME Sudoku keeps it"});
   } catch (const Json::out_of_range&) {
-    throw Unreadable(line, "a number out of range: expected a game as GNOME Sudoku keeps it");
+    throw Unreadable(line, {"un numero troppo grande: attesa una partita come la conserva GNOME Sudoku",
+                            "a number out of range: expected a game as GNOME Sudoku keeps it"});
   }
   return game;
 }
@@ -76,31 +78,34 @@ struct Entry {
   std::size_t number;
   long line;
 
-  [[noreturn]] void fail(const char* what) const {
-    throw Unreadable(line, fmt::format("entry {} of \"cells\": expected {}", number, what));
+  [[noreturn]] void fail(const Said& what) const {
+    throw Unreadable(line, {fmt::format("voce {} di \"cells\": {}", number, what.it),
+                            fmt::format("entry {} of \"cells\": expected {}", number, what.en)});
   }
   /// A whole number in a range.
-  long numberin(const Json& value, long low, long high, const char* what) const {
+  long numberin(const Json& value, long low, long high, const Said& what) const {
     if (!value.is_number_integer() || value < low || value > high) fail(what);
     return value.get<long>();
   }
 };
 
 void takecell(const Entry& entry, std::string& cells) {
-  constexpr const char* where = "\"position\": [row, column], each 0 to 8";
+  const Said where = {"attesa \"position\": [riga, colonna], ciascuna da 0 a 8",
+                      "\"position\": [row, column], each 0 to 8"};
   const Json& cell = entry.json;
   if (!cell.is_object() || !cell.contains("position") || !cell.contains("value") || !cell.contains("fixed"))
-    entry.fail("an object with \"position\", \"value\" and \"fixed\"");
+    entry.fail({"atteso un oggetto con \"position\", \"value\" e \"fixed\"",
+                "an object with \"position\", \"value\" and \"fixed\""});
   const Json& position = cell["position"];
   if (!position.is_array() || position.size() != 2) entry.fail(where);
-  if (!cell["fixed"].is_boolean()) entry.fail("\"fixed\": true or false");
+  if (!cell["fixed"].is_boolean()) entry.fail({"atteso \"fixed\": true o false", "\"fixed\": true or false"});
   const long row = entry.numberin(position[0], 0, 8, where),
              column = entry.numberin(position[1], 0, 8, where);
-  const long value = entry.numberin(cell["value"], 0, 9, "\"value\": 0 to 9");
+  const long value = entry.numberin(cell["value"], 0, 9, {"atteso \"value\": da 0 a 9", "\"value\": 0 to 9"});
   if (!cell["fixed"].get<bool>()) return;
-  if (value == 0) entry.fail("a digit in a cell that is fixed");
+  if (value == 0) entry.fail({"attesa una cifra in una cella fissa", "a digit in a cell that is fixed"});
   char& place = cells[static_cast<std::size_t>(row * 9 + column)];
-  if (place != '.') entry.fail("each cell once");
+  if (place != '.') entry.fail({"attesa ogni cella una volta sola", "each cell once"});
   place = static_cast<char>('0' + value);
 }
 
@@ -110,7 +115,8 @@ std::vector<Puzzle> readjson(std::string_view text) {
   const Game game = parsed(text);
   const auto cells = game.json.find("cells");
   if (cells == game.json.end() || !cells->is_array())
-    throw Unreadable(firstline, "expected a game as GNOME Sudoku keeps it, with a list \"cells\"");
+    throw Unreadable(firstline, {"attesa una partita come la conserva GNOME Sudoku, con una lista \"cells\"",
+                                 "expected a game as GNOME Sudoku keeps it, with a list \"cells\""});
   Puzzle puzzle{std::string(81, '.'), firstline};
   for (std::size_t i = 0; i < cells->size(); ++i) takecell({(*cells)[i], i + 1, game.lines[i]}, puzzle.cells);
   return {puzzle};

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "jsonformats.h"
+#include "said.h"
 #include "sections.h"
 #include "textgrids.h"
 #include "textlines.h"
@@ -32,7 +33,9 @@ void checktext(std::string_view text) {
   for (const char c : text) {
     if (c == '\n') ++line;
     if (static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\f')
-      throw Unreadable(line, "a control character: expected a text, in UTF-8 or of single bytes");
+      throw Unreadable(line,
+                       {"un carattere di controllo: atteso un testo, in UTF-8 o a un byte per carattere",
+                        "a control character: expected a text, in UTF-8 or of single bytes"});
   }
 }
 
@@ -70,14 +73,19 @@ Puzzle checked(Puzzle puzzle) {
     for (const std::size_t house : housesof(cell)) {
       std::size_t& before = holder[house][static_cast<std::size_t>(puzzle.cells[cell] - '1')];
       if (before != none)
-        throw Unreadable(puzzle.line,
-                         fmt::format("the puzzle that begins here has a {} in both {} and {}: expected "
-                                     "no digit twice in a row, column or block",
-                                     puzzle.cells[cell], cellname(before), cellname(cell)));
+        throw Unreadable(
+            puzzle.line,
+            said("lo schema che comincia qui ha un {} sia in {} sia in {}: attesa nessuna cifra due volte in "
+                 "una riga, colonna o riquadro",
+                 "the puzzle that begins here has a {} in both {} and {}: expected no digit twice in a row, "
+                 "column or block",
+                 puzzle.cells[cell], cellname(before), cellname(cell)));
       before = cell;
     }
   }
-  if (!any) throw Unreadable(puzzle.line, "the puzzle that begins here is empty: expected a digit at least");
+  if (!any)
+    throw Unreadable(puzzle.line, {"lo schema che comincia qui è vuoto: attesa almeno una cifra",
+                                   "the puzzle that begins here is empty: expected a digit at least"});
   return puzzle;
 }
 
@@ -101,7 +109,8 @@ std::vector<Puzzle> readpuzzles(std::string_view bytes, const Listener& listener
   const std::string text = plainlines(unmarked(bytes));
   checktext(text);
   const std::size_t first = text.find_first_not_of(" \t\n\f");
-  if (first == std::string::npos) throw Unreadable(1, "nothing there: expected a puzzle");
+  if (first == std::string::npos)
+    throw Unreadable(1, {"niente: atteso uno schema", "nothing there: expected a puzzle"});
   std::vector<Puzzle> puzzles;
   if (text[first] == '<') {
     puzzles = readxml(text, listener);
@@ -113,7 +122,9 @@ std::vector<Puzzle> readpuzzles(std::string_view bytes, const Listener& listener
   }
   std::vector<Puzzle> good;
   for (Puzzle& puzzle : puzzles) readpart(listener, [&] { good.push_back(checked(std::move(puzzle))); });
-  if (good.empty()) throw Unreadable(1, "no puzzle left: expected one without a fault");
+  if (good.empty())
+    throw Unreadable(1, {"non resta nessuno schema: atteso uno senza errori",
+                         "no puzzle left: expected one without a fault"});
   return good;
 }
 

@@ -23,10 +23,16 @@ struct Puzzle {
   long line;          ///< where it begins, from 1
 };
 
+/// A sentence in Italian and in English: who reads a text doesn't know its user's language.
+struct Said {
+  std::string it, en;
+};
+
 /// The text isn't read: which line, and what was expected.
 struct Unreadable : std::runtime_error {
-  Unreadable(long at, const std::string& what) : std::runtime_error(what), line(at) {}
+  Unreadable(long at, const Said& said) : std::runtime_error(said.en), line(at), italian(said.it) {}
   long line;
+  std::string italian;
 };
 
 /// Who hears how a reading goes.

@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "said.h"
 #include "textgrids.h"
 
 namespace gradino::formats {
@@ -40,7 +41,8 @@ bool isheader(std::string_view line) {
 Puzzle onepuzzle(const std::vector<TextLine>& content, long begun) {
   const std::vector<Puzzle> read = content.empty() ? std::vector<Puzzle>{} : readgrids(content, {});
   if (read.size() != 1)
-    throw Unreadable(begun, fmt::format("a section [Puzzle] of {} puzzles: expected one", read.size()));
+    throw Unreadable(begun, said("una sezione [Puzzle] con {} schemi: atteso uno",
+                                 "a section [Puzzle] of {} puzzles: expected one", read.size()));
   return read.front();
 }
 
@@ -65,19 +67,22 @@ std::vector<Puzzle> readsections(const std::vector<TextLine>& lines, const Liste
       section = head;
       begun = line.number;
       if (section != "puzzle" && section != "state")
-        listener.leftout({begun, fmt::format("a section {} is left out: expected [Puzzle] or [State]",
-                                             trimmed(line.text))});
+        listener.leftout(
+            {begun, said("una sezione {} è tralasciata: attesa [Puzzle] o [State]",
+                         "a section {} is left out: expected [Puzzle] or [State]", trimmed(line.text))});
     } else if (section == "puzzle") {
       if (!isheader(line.text)) content.push_back(line);
     } else if (section.empty() && !isheader(line.text)) {
       const std::string_view text = trimmed(line.text);
       if (!text.empty() && !text.starts_with('#') && !text.starts_with(';'))
         throw Unreadable(line.number,
-                         "before the first section: expected header lines (#AName, Author: name)");
+                         {"prima della prima sezione: attese righe di intestazione (#ANome, Author: nome)",
+                          "before the first section: expected header lines (#AName, Author: name)"});
     }
   }
   end();
-  if (puzzles.empty()) throw Unreadable(begun, "no section [Puzzle]: expected one");
+  if (puzzles.empty())
+    throw Unreadable(begun, {"nessuna sezione [Puzzle]: attesa una", "no section [Puzzle]: expected one"});
   return puzzles;
 }
 

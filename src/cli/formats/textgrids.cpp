@@ -7,11 +7,15 @@
 #include <fmt/format.h>
 
 #include "cells.h"
+#include "said.h"
 
 namespace gradino::formats {
 namespace {
 
 constexpr std::size_t rowcount = 9;
+constexpr std::string_view attesa =
+    "attesa una linea di 81 celle, o una riga di nove, ciascuna 1-9 o, se vuota, uno di . 0 x X * _ - ? o uno "
+    "spazio";
 constexpr std::string_view expected =
     "expected a line of 81 cells, or a row of nine, each 1-9 or one of . 0 x X * _ - ? or blank for an empty one";
 
@@ -78,15 +82,19 @@ Line linein(const TextLine& line) {
   if (text.empty()) return is(Kind::blank);
   if (isframe(text)) return is(Kind::frame);
   if (isheading(text)) return is(Kind::heading);
-  throw Unreadable(line.number, fmt::format("not a puzzle's line: {}", expected));
+  throw Unreadable(line.number, {fmt::format("non è la linea di uno schema: {}", attesa),
+                                 fmt::format("not a puzzle's line: {}", expected)});
 }
 
 void onemark(const std::string& marks, long line) {
   if (marks.size() > 1)
-    throw Unreadable(line,
-                     fmt::format("empty cells are \"{}\" as well as \"{}\" in the puzzle that begins here: "
-                                 "expected one mark all over a puzzle",
-                                 marks[0], marks[1]));
+    throw Unreadable(
+        line,
+        said("le celle vuote sono sia \"{}\" sia \"{}\" nello schema che comincia qui: atteso un solo segno "
+             "in tutto lo schema",
+             "empty cells are \"{}\" as well as \"{}\" in the puzzle that begins here: expected one mark all "
+             "over a puzzle",
+             marks[0], marks[1]));
 }
 
 /// Nine rows.
@@ -124,6 +132,22 @@ Section decided(const std::vector<Line>& lines) {
   return section;
 }
 
+/// A gap that has so many rows of its puzzle above it.
+Said gapbelow(std::size_t rows) {
+  if (rows == 1)
+    return {
+        "una linea vuota o disegnata sopra questa riga e una sola riga del suo schema prima di essa: attese "
+        "nove righe insieme, o fasce di tre, o ogni riga da sola",
+        "a blank or drawn line above this row and 1 row of its puzzle before it: expected nine rows "
+        "together, or bands of three, or each row alone"};
+  return said(
+      "una linea vuota o disegnata sopra questa riga e {} righe del suo schema prima di essa: attese nove "
+      "righe insieme, o fasce di tre, o ogni riga da sola",
+      "a blank or drawn line above this row and {} rows of its puzzle before it: expected nine rows together, "
+      "or bands of three, or each row alone",
+      rows);
+}
+
 /// The rows of each puzzle stand together, or its bands do, or every row is alone. Else one puzzle lacks a
 /// row, and the next would lend it one.
 void checkgaps(const Section& section) {
@@ -137,16 +161,17 @@ void checkgaps(const Section& section) {
     if (inside.empty() || inside == bands || inside == all) continue;
     const auto odd = std::ranges::find_if(inside, [](std::size_t above) { return above % 3 != 0; });
     const std::size_t above = odd != inside.end() ? *odd : inside.front();
-    throw Unreadable(section.rows[first + above].number,
-                     fmt::format("a blank or drawn line above this row and {} rows of its puzzle before it: "
-                                 "expected nine rows together, or bands of three, or each row alone",
-                                 above));
+    throw Unreadable(section.rows[first + above].number, gapbelow(above));
   }
 }
 
 [[noreturn]] void notnine(const std::vector<Line>& rows, std::size_t from, std::size_t count) {
-  throw Unreadable(rows[from].number, fmt::format("{} rows from here to line {}: expected nine to a puzzle",
-                                                  count, rows[from + count - 1].number));
+  if (count == 1)
+    throw Unreadable(rows[from].number, {"una riga da sola: attese nove per schema",
+                                         "1 row by itself: expected nine to a puzzle"});
+  throw Unreadable(rows[from].number, said("{} righe da qui alla linea {}: attese nove per schema",
+                                           "{} rows from here to line {}: expected nine to a puzzle", count,
+                                           rows[from + count - 1].number));
 }
 
 void checkrows(const Section& section) {
@@ -203,15 +228,17 @@ void readrows(const std::vector<Line>& lines, std::vector<Puzzle>& puzzles, cons
   for (std::size_t from = 0; from < rows.size(); from += rowcount) takepuzzle(rows, from, puzzles, listener);
 }
 
-void refuse(const Line& line, const char* found) {
-  throw Unreadable(line.number,
-                   fmt::format("{} among puzzles of one line each: expected 81 cells in each line", found));
+void refuse(const Line& line, const Said& found) {
+  throw Unreadable(
+      line.number,
+      {fmt::format("{} tra schemi di una linea ciascuno: attese 81 celle in ogni linea", found.it),
+       fmt::format("{} among puzzles of one line each: expected 81 cells in each line", found.en)});
 }
 
 void takeline(const Line& line, std::vector<Puzzle>& puzzles) {
   if (line.kind == Kind::row || (line.kind == Kind::undecided && line.cells.marks == "."))
-    refuse(line, "a row of nine cells");
-  if (line.kind == Kind::heading) refuse(line, "other words");
+    refuse(line, {"una riga di nove celle", "a row of nine cells"});
+  if (line.kind == Kind::heading) refuse(line, {"altre parole", "other words"});
   if (line.kind != Kind::whole) return;
   onemark(line.cells.marks, line.number);
   puzzles.push_back({line.cells.symbols, line.number});
@@ -246,7 +273,9 @@ std::vector<Puzzle> readgrids(const std::vector<TextLine>& text, const Listener&
     }
   }
   readrows(section, puzzles, listener);
-  if (puzzles.empty()) throw Unreadable(text.front().number, fmt::format("no puzzle: {}", expected));
+  if (puzzles.empty())
+    throw Unreadable(text.front().number,
+                     {fmt::format("nessuno schema: {}", attesa), fmt::format("no puzzle: {}", expected)});
   return puzzles;
 }
 
