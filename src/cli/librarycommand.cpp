@@ -117,14 +117,15 @@ bool list(const LibraryOptions& options) {
   const std::string query = libraryquery(options.level);
   fmt::print("level  number  score  givens      id  puzzle{:76}steps by level\n", "");
   int number = 0;
-  store.each(fmt::format("{} LIMIT {}", query, options.most), [&](const Store::Record& record) {
+  const auto print = [&](const Store::Record& record) {
     const LibraryRow& row = record.row;
     std::string line = fmt::format("{:>5}  {:>6}  {:>5}  {:>6}  {:>6}  {}  {}", row[field::livello], ++number,
                                    row[field::difficolta], row[field::numeri], row[field::progressivo],
                                    row[field::stringa], row[field::dettaglio]);
     while (line.ends_with(' ')) line.pop_back();
     fmt::print("{}\n", line);
-  });
+  };
+  store.each(query, print, options.most);
   const int count = store.count(query);
   if (count > options.most) fmt::print("{} of {} puzzles\n", options.most, count);
   return true;
@@ -310,7 +311,7 @@ bool fill(const LibraryOptions& options) {
 }  // namespace
 
 fs::path librarystore(const std::string& name) {
-  return name.empty() ? libraryplace(programfolder()) : fs::path(name);
+  return name.empty() ? libraryplace(programfolder()).file : fs::path(name);
 }
 
 std::string libraryquery(std::optional<int> level) {

@@ -106,8 +106,8 @@ int difficultyin(const std::string& text) {
 /// All of them before one is graded: the store is not held up meanwhile.
 std::vector<Store::Record> hardest(Store& store, int level, int count) {
   std::vector<Store::Record> records;
-  store.each(fmt::format("{} LIMIT {}", libraryquery(level), count),
-             [&](const Store::Record& record) { records.push_back(record); });
+  store.each(
+      libraryquery(level), [&](const Store::Record& record) { records.push_back(record); }, count);
   if (records.size() < static_cast<std::size_t>(count))
     throw std::runtime_error(
         say(records.size() == 1 ? onlyone : onlysome, hole("n", records.size()), hole("level", level)));

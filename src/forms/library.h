@@ -3,6 +3,7 @@
 // one they do nothing, and no record is found.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -19,6 +20,12 @@ struct LibraryFailure : std::runtime_error {
 /// True while a record of the library is on show.
 inline constinit bool libraryrecordopen = false;
 
+/// What a record is known by, wherever the order of a query puts it.
+struct Bookmark {
+  std::int64_t key = 0;
+  std::string stringa;
+};
+
 /// Each act throws LibraryFailure when the store can't do it.
 struct Cursor {
   /// Makes sure that the library can be used, and tells once what its opening has to tell.
@@ -26,10 +33,16 @@ struct Cursor {
   /// Makes the records of a query, in its order, the cursor's records, and shows the first.
   std::function<void(const std::string& sql)> query = [](const std::string&) {};
   std::function<void()> movelast = [] {};
-  /// How many records there are. To be trusted only behind movelast.
+  /// How many records the store now has for the query.
   std::function<int()> recordcount = [] { return 0; };
   /// Shows the record at a position from 0 in the bound boxes.
   std::function<void(int position)> moveto = [](int) {};
+  /// The record on show.
+  std::function<Bookmark()> bookmark = [] { return Bookmark{}; };
+  /// Shows that record again, as it now is.
+  std::function<void(const Bookmark&)> movetobookmark = [](const Bookmark&) {};
+  /// Its position in the query, as that now is; -1: it isn't among the records.
+  std::function<int(const Bookmark&)> position = [](const Bookmark&) { return -1; };
   std::function<void()> edit = [] {};    ///< opens the current record for changes
   std::function<void()> update = [] {};  ///< writes the bound boxes into it
   /// Stores the new record that the boxes show, if one was begun, and begins the next.
@@ -37,6 +50,9 @@ struct Cursor {
   std::function<void()> cancelnew = [] {};  ///< forgets the new record, if one was begun
 };
 inline Cursor Data1;
+
+/// Called when this program has stored something: what is shown of a query's records may be out of date.
+inline std::function<void()> listchanged = [] {};
 
 namespace frmmain {
 // What they are bound to: livello, difficolta, dettaglio, stringa, numeri, supersimmetrico, tempo. None is

@@ -26,7 +26,6 @@
 #include <fcntl.h>
 #include <mdbtools.h>
 #include <poll.h>
-#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -307,14 +306,6 @@ void readjet(const std::string& path, const std::function<void(const LibraryRow&
     filled = 0;
     use(row);
   }
-}
-
-JetClaim::JetClaim(const std::string& path) : file_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
-  while (file_ >= 0 && flock(file_, LOCK_EX) != 0 && errno == EINTR) continue;
-}
-
-JetClaim::~JetClaim() {
-  if (file_ >= 0) close(file_);
 }
 
 }  // namespace gradino

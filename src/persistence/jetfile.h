@@ -18,17 +18,4 @@ bool isjetfile(const std::string& path);
 /// already. What `use` throws ends the reading and is passed on.
 void readjet(const std::string& path, const std::function<void(const LibraryRow&)>& use);
 
-/// One program at a time has this claim on a file; the others wait for it. It ends with the program at the
-/// latest, however that ends.
-class JetClaim {
- public:
-  explicit JetClaim(const std::string& path);
-  ~JetClaim();
-  JetClaim(const JetClaim&) = delete;
-  JetClaim& operator=(const JetClaim&) = delete;
-
- private:
-  int file_;  ///< below 0: it can't be opened, which who reads it will tell
-};
-
 }  // namespace gradino

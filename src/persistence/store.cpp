@@ -1,7 +1,11 @@
 #include "store.h"
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
 #include <chrono>
 #include <fstream>
+#include <iterator>
 #include <string_view>
 #include <system_error>
 #include <thread>
@@ -17,6 +21,7 @@
 
 #include "jetfile.h"
 #include "library.h"
+#include "wholefile.h"
 #include "words.h"
 
 namespace gradino {
@@ -26,20 +31,36 @@ namespace fs = std::filesystem;
 
 constexpr Words damaged = {
     "La libreria \"{file}\" non può essere letta: il file è danneggiato o non è una libreria. Il file resta "
-    "com'è.",
-    "The library \"{file}\" can't be read: the file is damaged or is no library. The file stays as it is."};
+    "com'è. Rimettere al suo posto una copia intatta, o dargli un altro nome: al prossimo avvio ne viene fatta "
+    "una nuova.",
+    "The library \"{file}\" can't be read: the file is damaged or is no library. The file stays as it is. Put a "
+    "sound copy in its place, or give it another name: the next start makes a fresh one."};
+constexpr Words partlydamaged = {
+    "La libreria \"{file}\" è danneggiata: una parte degli schemi non può essere letta. Il file resta com'è. "
+    "Rimettere al suo posto una copia intatta, o dargli un altro nome: al prossimo avvio ne viene fatta una "
+    "nuova.",
+    "The library \"{file}\" is damaged: some of its puzzles can't be read. The file stays as it is. Put a sound "
+    "copy in its place, or give it another name: the next start makes a fresh one."};
+constexpr Words oldlibrary = {
+    "\"{file}\" è una vecchia libreria, nel formato di un database da ufficio. I suoi schemi passano in una "
+    "nuova con: gradino-cli library --file NUOVA.mdb import \"{file}\"",
+    "\"{file}\" is an old library, in the format of a desktop database. Its puzzles go into a new one by: "
+    "gradino-cli library --file NEW.mdb import \"{file}\""};
 constexpr Words locked = {
     "La libreria \"{file}\" è in uso da un altro programma. Riprovare quando avrà finito.",
     "The library \"{file}\" is in use by another program. Try again when that one is done."};
 constexpr Words full = {"Il disco è pieno: la libreria \"{file}\" conserva solo gli schemi già registrati.",
                         "The disk is full: the library \"{file}\" keeps the puzzles stored so far."};
-constexpr Words writeprotected = {"La libreria \"{file}\" è protetta da scrittura.",
-                                  "The library \"{file}\" is write-protected."};
-constexpr Words unreachable = {"La libreria \"{file}\" non può essere aperta né creata.",
-                               "The library \"{file}\" can be neither opened nor made."};
+constexpr Words noroom = {"Il disco è pieno: la libreria \"{file}\" non può essere creata.",
+                          "The disk is full: the library \"{file}\" can't be made."};
+constexpr Words writeprotected = {
+    "La libreria \"{file}\" può essere solo letta: non vi si può registrare nulla.",
+    "The library \"{file}\" can only be read: nothing can be stored in it."};
+constexpr Words unreachable = {
+    "La libreria \"{file}\" non può essere aperta né creata. Controllare la sua cartella e i suoi permessi.",
+    "The library \"{file}\" can be neither opened nor made. Check its folder and its permissions."};
 constexpr Words otherfailure = {"La libreria \"{file}\" non risponde: {reason}.",
                                 "The library \"{file}\" doesn't answer: {reason}."};
-constexpr Words taken = {"Il file \"{file}\" esiste già.", "The file \"{file}\" exists already."};
 
 // For another program to be done. Who only wants to look is not kept waiting at start.
 constexpr int lookwaitmilliseconds = 300, changewaitmilliseconds = 5000;
@@ -50,9 +71,13 @@ constexpr const char* maketable =
     "f5 INTEGER, f6 INTEGER, f7 INTEGER, f8 INTEGER, f9 INTEGER, f10 INTEGER, f11 INTEGER, f12 INTEGER, "
     "f13 INTEGER, f14 INTEGER, f15 INTEGER, f16 INTEGER, f17 INTEGER, f18 INTEGER, f19 INTEGER, f20 INTEGER, "
     "f21 INTEGER)";
+// In this order records of one difficulty come out of it by their keys.
 constexpr const char* makeindex = "CREATE INDEX schema_livello ON schema (livello, difficolta DESC)";
 
-const Words& wordsfor(int code) {
+/// What SQLite keeps beside a store in which changes are under way.
+constexpr std::array<const char*, 3> sides = {"-journal", "-wal", "-shm"};
+
+const Words& wordsfor(int code, const Words& whenfull) {
   switch (code) {
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
@@ -62,7 +87,7 @@ const Words& wordsfor(int code) {
     case SQLITE_LOCKED:
       return locked;
     case SQLITE_FULL:
-      return full;
+      return whenfull;
     case SQLITE_READONLY:
       return writeprotected;
     case SQLITE_CANTOPEN:
@@ -72,38 +97,49 @@ const Words& wordsfor(int code) {
   }
 }
 
-[[noreturn]] void refuse(const Words& words, const fs::path& file, const char* reason = "") {
+[[noreturn]] void refuse(const Words& words, const fs::path& file, std::string_view reason = "") {
   throw LibraryFailure(say(words, hole("file", file.string()), hole("reason", reason)));
+}
+
+/// A file that couldn't be made, or not be given its place.
+[[noreturn]] void notmade(const std::error_code& error, const fs::path& file) {
+  const bool nospace = error == std::errc::no_space_on_device || error.value() == EDQUOT;
+  refuse(nospace ? noroom : otherfailure, file, error.message());
 }
 
 /// Runs what speaks to the store, and says its failures in words for the user.
 template <class Act>
-auto guarded(const fs::path& file, Act act) {
+auto guarded(const fs::path& file, const Words& whenfull, Act act) {
   try {
     return act();
   } catch (const SQLite::Exception& error) {
-    refuse(wordsfor(error.getErrorCode()), file, error.what());
+    refuse(wordsfor(error.getErrorCode(), whenfull), file, error.what());
   }
 }
 
-/// A file that is there must look like a store before anything opens it for changes. An empty one is as good
-/// as none.
+/// A file that is there must look like a store before anything opens it for changes.
 bool looksright(const fs::path& file) {
   constexpr std::string_view head("SQLite format 3\0", 16);
-  std::ifstream in(file, std::ios::binary);
+  std::error_code error;
   std::string begin(head.size(), ' ');
-  in.read(begin.data(), static_cast<std::streamsize>(begin.size()));
-  return in.gcount() == 0 || begin == head;
+  if (!fs::is_regular_file(file, error)) return false;
+  std::ifstream(file, std::ios::binary).read(begin.data(), static_cast<std::streamsize>(begin.size()));
+  return begin == head;
 }
 
-/// Opens for changes where that is possible, else for reading.
-SQLite::Database openfile(const fs::path& file) {
-  std::error_code error;
-  const bool there = fs::exists(file, error);
-  if (there && (!fs::is_regular_file(file, error) || !looksright(file))) refuse(damaged, file);
-  const bool writable = !there || std::ofstream(file, std::ios::binary | std::ios::app).is_open();
-  const int flags = writable ? SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE : SQLite::OPEN_READONLY;
+bool writable(const fs::path& file) {
+  return std::ofstream(file, std::ios::binary | std::ios::app).is_open();
+}
+
+SQLite::Database openfile(const fs::path& file, bool change) {
+  const int flags = change ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY;
   return SQLite::Database(file.string(), flags, lookwaitmilliseconds);
+}
+
+void removestore(const fs::path& file) {
+  std::error_code error;
+  for (const char* side : sides) fs::remove(file.string() + side, error);
+  fs::remove(file, error);
 }
 
 std::string fieldlist() {
@@ -122,8 +158,14 @@ std::string_view clauses(std::string_view query) {
   return query.substr(std::string_view("SELECT schema.*").size());
 }
 
+/// The query's own clauses and, behind its order, that of the table.
+std::string ordered(std::string_view query) {
+  const bool hasorder = query.find("ORDER BY") != std::string_view::npos;
+  return fmt::format("{}{} schema.rowid", clauses(query), hasorder ? "," : " ORDER BY");
+}
+
 std::string recordsof(const std::string& query) {
-  return fmt::format("SELECT schema.rowid, {}{}", fieldlist(), clauses(query));
+  return fmt::format("SELECT schema.rowid, {}{}", fieldlist(), ordered(query));
 }
 
 Store::Record recordin(SQLite::Statement& select) {
@@ -147,9 +189,23 @@ void bindrow(SQLite::Statement& statement, const LibraryRow& row) {
 }  // namespace
 
 struct Store::Connection {
-  explicit Connection(const fs::path& path) : file(path), database(openfile(path)) {
-    if (!database.tableExists("schema")) maketables();
+  Connection(const fs::path& path, bool onlyread)
+      : file(path), change(!onlyread && writable(path)), database(openfile(path, change)) {
+    if (!database.tableExists("schema")) refuse(damaged, file);
     SQLite::Statement allfields(database, recordsof(wholetable) + " LIMIT 0");
+  }
+
+  /// A new store that nobody else knows yet: if making it fails it is thrown away, so that no log is needed.
+  Connection(const fs::path& made, const fs::path& name)
+      : file(name),
+        change(true),
+        whenfull(noroom),
+        database(made.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE) {
+    database.exec("PRAGMA journal_mode = OFF");
+    database.exec("PRAGMA synchronous = OFF");
+    logged = true;
+    database.exec(maketable);
+    database.exec(makeindex);
   }
 
   // A store at rest is one file: the log that changes go through is taken back.
@@ -161,6 +217,7 @@ struct Store::Connection {
   /// From the first change on they go through a log beside the file: a change costs no wait for the disk, and
   /// who reads is never in the way.
   void logchanges() {
+    if (!change) refuse(writeprotected, file);
     if (logged) return;
     database.setBusyTimeout(changewaitmilliseconds);
     // The change of mode doesn't wait by itself for another program that changes it.
@@ -173,34 +230,31 @@ struct Store::Connection {
     logged = true;
   }
 
-  /// Another program may be doing the same: whoever comes second finds the tables made.
-  void maketables() {
-    const auto bare = [this] {
-      return database.execAndGet("SELECT count(*) FROM sqlite_master").getInt() == 0;
-    };
-    if (!bare() && !database.tableExists("schema")) refuse(damaged, file);
-    database.setBusyTimeout(changewaitmilliseconds);
-    SQLite::Transaction whole(database, SQLite::TransactionBehavior::IMMEDIATE);
-    if (bare()) {
-      database.exec(maketable);
-      database.exec(makeindex);
-    }
-    whole.commit();
-    database.setBusyTimeout(lookwaitmilliseconds);
+  template <class Act>
+  auto guard(Act act) {
+    return guarded(file, whenfull, act);
   }
 
-  fs::path file;
+  fs::path file;  ///< as its user knows it
+  bool change;
+  const Words& whenfull = full;
   SQLite::Database database;
   std::optional<SQLite::Statement> inserting;  ///< prepared once: thousands of rows come by it
   bool logged = false;
 };
 
-Store::Store(const fs::path& file)
-    : connection_(guarded(file, [&] { return std::make_unique<Connection>(file); })) {}
+Store::Store(const fs::path& file, bool onlyread) {
+  std::error_code error;
+  if (!onlyread && !fs::exists(file, error)) makestore(file, [](Store&) {});
+  if (isjetfile(file.string())) refuse(oldlibrary, file);
+  if (fs::exists(file, error) && !looksright(file)) refuse(damaged, file);
+  connection_ = guarded(file, full, [&] { return std::make_unique<Connection>(file, onlyread); });
+}
+Store::Store(std::unique_ptr<Connection> connection) : connection_(std::move(connection)) {}
 Store::~Store() = default;
 
 int Store::count(const std::string& query) {
-  return guarded(connection_->file, [&] {
+  return connection_->guard([&] {
     SQLite::Statement select(connection_->database, fmt::format("SELECT count(*){}", clauses(query)));
     select.executeStep();
     return select.getColumn(0).getInt();
@@ -209,7 +263,7 @@ int Store::count(const std::string& query) {
 
 std::optional<Store::Record> Store::at(const std::string& query, int place) {
   if (place < 0) return std::nullopt;
-  return guarded(connection_->file, [&]() -> std::optional<Record> {
+  return connection_->guard([&]() -> std::optional<Record> {
     SQLite::Statement select(connection_->database, recordsof(query) + " LIMIT 1 OFFSET ?");
     select.bind(1, place);
     if (!select.executeStep()) return std::nullopt;
@@ -217,15 +271,45 @@ std::optional<Store::Record> Store::at(const std::string& query, int place) {
   });
 }
 
-void Store::each(const std::string& query, const std::function<void(const Record&)>& use) {
-  guarded(connection_->file, [&] {
-    SQLite::Statement select(connection_->database, recordsof(query));
+std::optional<Store::Record> Store::withkey(std::int64_t key) {
+  return at(fmt::format("{} WHERE schema.rowid = {}", wholetable, key), 0);
+}
+
+std::optional<int> Store::placeof(const std::string& query, std::int64_t key) {
+  return connection_->guard([&]() -> std::optional<int> {
+    SQLite::Statement select(connection_->database, "SELECT schema.rowid" + ordered(query));
+    for (int place = 0; select.executeStep(); ++place)
+      if (select.getColumn(0).getInt64() == key) return place;
+    return std::nullopt;
+  });
+}
+
+void Store::each(const std::string& query, const std::function<void(const Record&)>& use, int most) {
+  connection_->guard([&] {
+    SQLite::Statement select(connection_->database, recordsof(query) + " LIMIT ?");
+    select.bind(1, most);
     while (select.executeStep()) use(recordin(select));
   });
 }
 
+void Store::check() {
+  connection_->guard([&] {
+    SQLite::Statement look(connection_->database, "PRAGMA quick_check(1)");
+    look.executeStep();
+    if (look.getColumn(0).getString() != "ok") refuse(partlydamaged, connection_->file);
+  });
+}
+
+bool Store::changeable() const {
+  return connection_->change;
+}
+
+void Store::needchanges() const {
+  if (!changeable()) refuse(writeprotected, connection_->file);
+}
+
 void Store::insert(const LibraryRow& row) {
-  guarded(connection_->file, [&] {
+  connection_->guard([&] {
     connection_->logchanges();
     std::optional<SQLite::Statement>& insert = connection_->inserting;
     if (!insert)
@@ -239,7 +323,7 @@ void Store::insert(const LibraryRow& row) {
 }
 
 void Store::update(const Record& record) {
-  guarded(connection_->file, [&] {
+  connection_->guard([&] {
     connection_->logchanges();
     SQLite::Statement update(connection_->database, fmt::format("UPDATE schema SET {} = ? WHERE rowid = ?",
                                                                 fmt::join(libraryfields, " = ?, ")));
@@ -250,7 +334,7 @@ void Store::update(const Record& record) {
 }
 
 void Store::together(const std::function<void()>& changes) {
-  guarded(connection_->file, [&] {
+  connection_->guard([&] {
     connection_->logchanges();
     SQLite::Transaction whole(connection_->database, SQLite::TransactionBehavior::IMMEDIATE);
     changes();
@@ -258,21 +342,138 @@ void Store::together(const std::function<void()>& changes) {
   });
 }
 
-BroughtOver bringover(const fs::path& old, const fs::path& store) {
-  std::error_code error;
-  if (fs::exists(store, error)) refuse(taken, store);
-  BroughtOver done;
+// ---- new stores -----------------------------------------------------------------------------------------
+
+/// Under a name of its own, whole and on the disk; the failure names the file that it is to become.
+void buildstore(const fs::path& made, const fs::path& file, const std::function<void(Store&)>& fill) {
+  removestore(made);
   try {
-    Store made(store);
-    made.together([&] {
-      readjet(old.string(), [&](const LibraryRow& row) {
-        made.insert(row);
-        done.rows += 1;
-        done.nopuzzle += !ispuzzle(row[field::stringa]);
-      });
-    });
+    {
+      Store fresh(guarded(file, noroom, [&] { return std::make_unique<Store::Connection>(made, file); }));
+      fresh.together([&] { fill(fresh); });
+    }
+    const std::error_code error = flush(made);
+    if (error) notmade(error, file);
+  } catch (...) {
+    removestore(made);
+    throw;
+  }
+}
+
+bool makestore(const fs::path& file, const std::function<void(Store&)>& fill) {
+  const FolderClaim claim(file);
+  std::error_code error;
+  if (fs::exists(file, error)) return false;  // another program was faster
+  const fs::path made = madename(file);
+  buildstore(made, file, fill);
+  putaside(file, error);  // what a store that is gone has left beside it would be taken for the new one's
+  error = putinplace(made, file);
+  if (!error) return true;
+  removestore(made);
+  notmade(error, file);
+}
+
+// On a full disk not even reading has room for what SQLite keeps beside a store; a record would be in its
+// log.
+void removeempty(const fs::path& file) {
+  try {
+    if (Store(file, true).count(wholetable) > 0) return;
   } catch (const LibraryFailure&) {
-    fs::remove(store, error);
+    std::error_code error;
+    const std::uintmax_t logged = fs::file_size(file.string() + "-wal", error);
+    if (!error && logged > 0) return;
+  }
+  removestore(file);
+}
+
+bool nolibrary(const fs::path& file) {
+  std::error_code error;
+  if (!fs::is_regular_file(file, error)) return false;
+  if (fs::is_empty(file, error)) return true;
+  if (!looksright(file)) return false;
+  try {
+    return !openfile(file, writable(file)).tableExists("schema");
+  } catch (const SQLite::Exception&) {  // locked or damaged, which is told when it is needed
+    return false;
+  }
+}
+
+// What belongs to the file goes first: beside a new file it would be taken for that one's.
+fs::path putaside(const fs::path& file, std::error_code& error) {
+  const fs::path kept = freename(file, "aside");
+  const auto rename = [&error](const fs::path& from, const fs::path& to) {
+    std::error_code missing;
+    if (!error && fs::exists(from, missing)) fs::rename(from, to, error);
+  };
+  error.clear();
+  for (const char* side : sides) rename(file.string() + side, kept.string() + side);
+  rename(file, kept);
+  flushnames(file);
+  return kept;
+}
+
+namespace {
+
+bool samecontent(const fs::path& one, const fs::path& other) {
+  std::error_code error;
+  if (fs::equivalent(one, other, error)) return true;
+  if (fs::file_size(one, error) != fs::file_size(other, error) || error) return false;
+  std::ifstream first(one, std::ios::binary), second(other, std::ios::binary);
+  using Bytes = std::istreambuf_iterator<char>;
+  return first && second && std::equal(Bytes(first), Bytes(), Bytes(second));
+}
+
+/// The old file has a second name before the new store takes the first: it is in no moment without one. A
+/// program that was killed after this has given it that name already.
+class SecondName {
+ public:
+  explicit SecondName(const fs::path& old) : name(freename(old, "old")) {
+    const fs::path first = old.parent_path() / (old.stem().string() + "-old" + old.extension().string());
+    if (samecontent(first, old)) {
+      name = first;
+      return;
+    }
+    std::error_code error;
+    fs::create_hard_link(old, name, error);
+    if (error) error = copywhole(old, name);  // a disk without links
+    if (error) notmade(error, name);
+    given_ = true;
+    flushnames(name);
+  }
+  ~SecondName() {
+    std::error_code error;
+    if (given_) fs::remove(name, error);
+  }
+  SecondName(const SecondName&) = delete;
+  SecondName& operator=(const SecondName&) = delete;
+  void keep() { given_ = false; }
+
+  fs::path name;
+
+ private:
+  bool given_ = false;  ///< to be taken back
+};
+
+}  // namespace
+
+BroughtOver bringover(const fs::path& old) {
+  BroughtOver done;
+  const fs::path made = madename(old);
+  buildstore(made, old, [&](Store& store) {
+    readjet(old.string(), [&](const LibraryRow& row) {
+      store.insert(row);
+      done.rows += 1;
+      done.nopuzzle += !ispuzzle(row[field::stringa]);
+    });
+  });
+  try {
+    SecondName kept(old);
+    const std::error_code error = putinplace(made, old);
+    if (error) notmade(error, old);
+    kept.keep();
+    done.kept = kept.name;
+  } catch (const LibraryFailure&) {
+    removestore(made);
     throw;
   }
   return done;

@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <memory>
+#include <set>
 
 #include <sqlite3.h>
 #include <sys/resource.h>
@@ -94,6 +96,7 @@ class Library : public Program {
     player.event(frmmain::mostralibreria);
     return player.boxes;
   }
+  std::set<std::string> names() const;
   std::string preview() const {
     std::string all;
     for (const Box& box : Text2) all += box.text;
@@ -146,6 +149,26 @@ TEST_F(Library, ChangesTogetherAreAllOrNone) {
                  LibraryFailure);
   }
   EXPECT_EQ(rowsof(library()).size(), 1U);
+}
+
+/// As full as a disk gets for a test: files of this process can't grow beyond a size.
+void limitfiles(rlim_t size) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit limit{size, size};
+  setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+/// Runs a test in a process of its own; its failures are this test's.
+void inprocess(const std::function<void()>& test) {
+  const pid_t child = fork();
+  if (child == 0) {
+    test();
+    std::fflush(stdout);
+    _exit(testing::Test::HasFailure());
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
 }
 
 constexpr int programs = 3;
@@ -205,7 +228,8 @@ TEST_P(Damaged, IsToldOnceNeededAndLeftUntouched) {
   EXPECT_TRUE(player.boxes.empty()) << "not before it is needed";
   const std::vector<std::string> expected = {
       "The library \"" + library() +
-      "\" can't be read: the file is damaged or is no library. The file stays as it is."};
+      "\" can't be read: the file is damaged or is no library. The file stays as it is. Put a sound copy in its "
+      "place, or give it another name: the next start makes a fresh one."};
   EXPECT_EQ(told(), expected);
   player.event([] { Option1_Click(3); });
   EXPECT_EQ(numerototale.text, "0");
@@ -221,28 +245,139 @@ INSTANTIATE_TEST_SUITE_P(Files, Damaged,
                          testing::Values("garbage", std::string(4096, '\0'), "cut",
                                          std::string("SQLite format 3\0", 16) + std::string(5000, 'x')));
 
-TEST_F(Library, AForeignDatabaseIsNoLibrary) {
+/// Runs SQL on a file as another program would.
+void sql(const std::string& file, const char* statement) {
   sqlite3* database = nullptr;
-  ASSERT_EQ(sqlite3_open(library().c_str(), &database), SQLITE_OK);
-  sqlite3_exec(database, "CREATE TABLE other (x)", nullptr, nullptr, nullptr);
+  ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(database, statement, nullptr, nullptr, nullptr), SQLITE_OK);
   sqlite3_close(database);
+}
+
+/// Another program that keeps the file to itself while it lives.
+class Lock {
+ public:
+  explicit Lock(const std::string& file) {
+    EXPECT_EQ(sqlite3_open(file.c_str(), &database_), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(database_, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+  }
+  ~Lock() { sqlite3_close(database_); }
+  Lock(const Lock&) = delete;
+  Lock& operator=(const Lock&) = delete;
+
+ private:
+  sqlite3* database_ = nullptr;
+};
+
+/// Overwrites the pages of a file from the third on that begin with this byte: 13 a table's, 10 an index's.
+void spoil(const std::string& file, char kind) {
+  constexpr std::size_t page = 4096;
+  std::fstream bytes(file, std::ios::in | std::ios::out | std::ios::binary);
+  const std::size_t size = fs::file_size(file);
+  for (std::size_t at = 2 * page; at < size; at += page) {
+    bytes.seekg(static_cast<std::streamoff>(at));
+    if (bytes.get() != kind) continue;
+    bytes.seekp(static_cast<std::streamoff>(at));
+    bytes << std::string(page, '\x55');
+  }
+}
+
+TEST_F(Library, AForeignDatabaseIsNoLibrary) {
+  sql(library(), "CREATE TABLE other (x)");
   EXPECT_THROW(Store{library()}, LibraryFailure);
+  EXPECT_TRUE(nolibrary(library()));
+}
+
+TEST_F(Library, AnEmptyFileIsNoLibrary) {
+  file("schemigenerati.mdb", "");
+  EXPECT_TRUE(nolibrary(library()));
+  EXPECT_THROW(Store{library()}, LibraryFailure);
+  EXPECT_EQ(fs::file_size(library()), 0U);
+}
+
+TEST_F(Library, WhatIsDamagedOrLockedMayHoldPuzzles) {
+  EXPECT_FALSE(nolibrary(library())) << "not even there";
+  for (const char* bytes : {"garbage", "SQLite format 3"})
+    EXPECT_FALSE(nolibrary(file("other", bytes))) << bytes;
+  store({row(1, easy, 1, 1)});
+  EXPECT_FALSE(nolibrary(library()));
+  const Lock lock(library());
+  EXPECT_FALSE(nolibrary(library()));
+}
+
+TEST_F(Library, AStoreThatCannotBeMadeLeavesNothing) {
+  EXPECT_THROW(makestore(library(),
+                         [](Store& made) {
+                           made.insert(row(1, easy, 1, 1));
+                           throw LibraryFailure("enough");
+                         }),
+               LibraryFailure);
+  EXPECT_TRUE(fs::is_empty(path("")));
+}
+
+TEST_F(Library, ALogThatALostStoreHasLeftIsNotTakenForTheNewOnes) {
+  for (const char* side : {"-wal", "-journal"}) file(std::string("schemigenerati.mdb") + side, "left");
+  Store(library()).insert(row(1, easy, 1, 1));
+  EXPECT_EQ(rowsof(library()).size(), 1U);
+  EXPECT_EQ(Program::bytes(path("schemigenerati-aside.mdb-wal")), "left");
+  EXPECT_EQ(Program::bytes(path("schemigenerati-aside.mdb-journal")), "left");
+}
+
+TEST_F(Library, RecordsOfOneDifficultyStandAsTheyWereStored) {
+  std::vector<LibraryRow> rows;
+  for (int n = 0; n < 50; ++n) rows.push_back(row(n, easy, 5, 7));
+  store(rows);
+  sql(library(), "DROP INDEX schema_livello");
+  sql(library(), "CREATE INDEX other ON schema (livello, difficolta DESC, progressivo DESC)");
+  Store opened(library());
+  for (int n = 0; n < 50; ++n)
+    EXPECT_EQ(opened.at(levelquery(5), n)->row[field::progressivo], std::to_string(n));
+  EXPECT_EQ(opened.placeof(levelquery(5), opened.at(levelquery(5), 31)->key), 31);
+  EXPECT_EQ(opened.placeof(levelquery(4), 1), std::nullopt);
 }
 
 TEST_F(Library, AnotherProgramsLockIsSaidAndGoesAway) {
   store({row(1, easy, 1, 1)});
-  sqlite3* other = nullptr;
-  ASSERT_EQ(sqlite3_open(library().c_str(), &other), SQLITE_OK);
-  sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+  auto lock = std::make_unique<Lock>(library());
   openlibrary(library());
   EXPECT_EQ(told(),
             std::vector<std::string>{"The library \"" + library() +
                                      "\" is in use by another program. Try again when that one is done."});
-  sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr);
-  sqlite3_close(other);
+  lock.reset();
   EXPECT_EQ(told(), std::vector<std::string>{});
   browse(1);
   EXPECT_EQ(numerototale.text, "1");
+}
+
+TEST_F(Library, ALockThatComesWhenTheLibraryIsOpenIsSaidWhenItIsNeeded) {
+  store({row(1, easy, 1, 1)});
+  openlibrary(library());
+  const Lock lock(library());
+  EXPECT_EQ(told(),
+            std::vector<std::string>{"The library \"" + library() +
+                                     "\" is in use by another program. Try again when that one is done."});
+}
+
+TEST_F(Library, APartlyDamagedLibraryIsSaidAndWhatIsSoundIsShown) {
+  {
+    Store made(library());
+    made.together([&] {
+      for (int n = 0; n < 2000; ++n) made.insert(row(n, easy, n % 20, n));
+    });
+  }
+  spoil(library(), 10);
+  openlibrary(library());
+  EXPECT_EQ(frmmain::txtprogressivo.text, "0") << "the first record can be read";
+  const std::vector<std::string> damaged = {
+      "The library \"" + library() +
+      "\" is damaged: some of its puzzles can't be read. The file stays as it is. Put a sound copy in its place, or "
+      "give it another name: the next start makes a fresh one."};
+  EXPECT_EQ(told(), damaged);
+  const std::string before = Program::bytes(library());
+  player.boxes.clear();
+  player.event(frmmain::genera_e_conta);
+  EXPECT_EQ(player.boxes, damaged) << "nothing is added to it";
+  closelibrary();
+  EXPECT_EQ(Program::bytes(library()), before);
 }
 
 TEST_F(Library, AProgramThatIsKilledKeepsWhatItHasStored) {
@@ -272,12 +407,9 @@ TEST_F(Library, AProgramThatIsKilledKeepsWhatItHasStored) {
 }
 
 TEST_F(Library, AFullDiskEndsTheRunAndKeepsWhatIsStored) {
-  // As full as a disk gets for a test: files of this process can't grow beyond a size.
   const pid_t child = fork();
   if (child == 0) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{120'000, 120'000};
-    setrlimit(RLIMIT_FSIZE, &limit);
+    limitfiles(120'000);
     openlibrary(library());
     host.random = seededrandom(1);
     player.event(frmmain::genera_e_conta);
@@ -327,24 +459,27 @@ class Place : public Library {
     fs::create_directories(path("prefix/share/gradino"));
   }
   ~Place() override { unsetenv("XDG_DATA_HOME"); }
+  std::vector<std::string> toldatstart();
+
   const std::string own = path("data/gradino/schemigenerati.mdb"), bin = path("prefix/bin"),
                     beside = path("prefix/bin/schemigenerati.mdb"),
                     shared = path("prefix/share/gradino/schemigenerati.mdb");
 };
 
 TEST_F(Place, BesideTheProgramWhenItCanBeWritten) {
-  EXPECT_EQ(libraryplace(bin), beside) << "a new one";
-  file("prefix/bin/schemigenerati.mdb", "");
-  file("prefix/share/gradino/schemigenerati.mdb", "");
-  EXPECT_EQ(libraryplace(bin), beside);
+  EXPECT_EQ(libraryplace(bin).file, beside) << "a new one";
+  Store(beside).insert(row(1, easy, 1, 1));
+  Store(shared).insert(row(2, easy, 1, 1));
+  EXPECT_EQ(libraryplace(bin).file, beside);
+  EXPECT_EQ(rowsof(beside).at(0)[field::progressivo], "1");
 }
 
 TEST_F(Place, AnInstalledProgramsUserHasACopyOfHisOwn) {
   Store(shared).insert(row(1, easy, 1, 1));
-  EXPECT_EQ(libraryplace(bin), own);
+  EXPECT_EQ(libraryplace(bin).file, own);
   EXPECT_EQ(rowsof(own).size(), 1U);
   Store(own).insert(row(2, easy, 1, 1));
-  EXPECT_EQ(libraryplace(bin), own) << "which is not overwritten";
+  EXPECT_EQ(libraryplace(bin).file, own) << "which is not overwritten";
   EXPECT_EQ(rowsof(own).size(), 2U);
   EXPECT_EQ(rowsof(shared).size(), 1U);
 }
@@ -359,10 +494,115 @@ TEST_F(Place, ManyProgramsMakeTheUsersCopyAtOnce) {
   }
   for (int round = 0; round < rounds; ++round) {
     fs::remove_all(path("data"));
-    atonce([&](int n) { Store(libraryplace(bin)).insert(row(n, easy, 2, n)); });
+    atonce([&](int n) { Store(libraryplace(bin).file).insert(row(n, easy, 2, n)); });
     EXPECT_EQ(Store(own).count(wholetable), shipped + programs);
     EXPECT_EQ(std::distance(fs::directory_iterator(path("data/gradino")), {}), 1) << "nothing beside it";
   }
+}
+
+/// What the start of a program that stands in the folder has to tell when its library is needed.
+std::vector<std::string> Place::toldatstart() {
+  openlibrary(libraryplace(bin));
+  return told();
+}
+
+TEST_F(Place, WhatIsNoLibraryIsPutAsideAndToldOnce) {
+  Store(shared).insert(row(1, easy, 1, 1));
+  const std::string kept = path("data/gradino/schemigenerati-aside.mdb"),
+                    again = path("data/gradino/schemigenerati-aside2.mdb");
+  const auto notice = [&](const std::string& as) {
+    return std::vector<std::string>{
+        "The file \"" + own + "\" was no library and is kept as \"" + as +
+        "\". In its place stands a fresh copy of the library that came with the program."};
+  };
+  fs::create_directories(path("data/gradino"));
+  file("data/gradino/schemigenerati.mdb", "");
+  EXPECT_EQ(toldatstart(), notice(kept));
+  EXPECT_EQ(told(), std::vector<std::string>{}) << "once";
+  EXPECT_EQ(toldatstart(), std::vector<std::string>{});
+  EXPECT_EQ(rowsof(own).size(), 1U);
+  EXPECT_EQ(fs::file_size(kept), 0U);
+  closelibrary();
+  fs::remove(own);
+  sql(own, "CREATE TABLE other (x)");
+  const std::string foreign = Program::bytes(own);
+  speak(italian);
+  EXPECT_EQ(toldatstart(),
+            std::vector<std::string>{
+                "Il file \"" + own + "\" non era una libreria ed è conservato come \"" + again +
+                "\". Al suo posto c'è una nuova copia della libreria fornita con il programma."});
+  EXPECT_EQ(rowsof(own).size(), 1U);
+  EXPECT_EQ(Program::bytes(again), foreign);
+}
+
+TEST_F(Place, WithoutAShippedLibraryANewOneTakesThePlace) {
+  file("prefix/bin/schemigenerati.mdb", "");
+  EXPECT_EQ(toldatstart(),
+            std::vector<std::string>{"The file \"" + beside + "\" was no library and is kept as \"" +
+                                     path("prefix/bin/schemigenerati-aside.mdb") +
+                                     "\". In its place stands a new library, still empty."});
+  EXPECT_EQ(rowsof(beside).size(), 0U);
+}
+
+TEST_F(Place, ACopyThatWasInterruptedIsMadeAnew) {
+  Store(shared).insert(row(1, easy, 1, 1));
+  fs::create_directories(path("data/gradino"));
+  file("data/gradino/schemigenerati.mdb.new", Program::bytes(shared).substr(0, 5000));
+  EXPECT_EQ(libraryplace(bin).file, own);
+  EXPECT_EQ(Program::bytes(own), Program::bytes(shared));
+  EXPECT_EQ(std::distance(fs::directory_iterator(path("data/gradino")), {}), 1) << "nothing beside it";
+}
+
+TEST_F(Place, WithoutAFolderOfTheUsersTheShippedLibraryIsOnlyRead) {
+  Store(shared).insert(row(1, easy, 5, 20));
+  file("data", "in the way");
+  const std::string before = Program::bytes(shared);
+  EXPECT_EQ(toldatstart(),
+            std::vector<std::string>{
+                "Your own copy of the library, \"" + own +
+                "\", can't be made: its folder doesn't exist or can't be written to. The one that "
+                "came with the program, \"" +
+                shared + "\", is used, which can only be read: nothing is stored in it."});
+  EXPECT_EQ(told(), std::vector<std::string>{}) << "once";
+  // A puzzle is loaded; its grade is another than the record's, and can't be written back: that is told once.
+  const std::vector<std::string> onlyread = {"The library \"" + shared +
+                                             "\" can only be read: nothing can be stored in it."};
+  for (const auto& expected : {onlyread, std::vector<std::string>{}}) {
+    browse(5);
+    player.boxes.clear();
+    player.event(Command1_Click);
+    EXPECT_EQ(player.boxes, expected);
+    EXPECT_EQ(values(), easy);
+    EXPECT_EQ(frmmain::txtlivello.text, "EASY - Hidden Single , unique cell that can contain a number");
+  }
+  // The generator doesn't run for what it couldn't keep.
+  player.boxes.clear();
+  host.random = [] { return ADD_FAILURE() << "a puzzle is being made", 0.0; };
+  player.event(frmmain::genera_e_conta);
+  EXPECT_EQ(player.boxes, onlyread);
+  closelibrary();
+  EXPECT_EQ(Program::bytes(shared), before);
+}
+
+TEST_F(Place, OnAFullDiskNothingIsLeftOfTheCopyAndTheShippedLibraryIsOnlyRead) {
+  {
+    Store made(shared);
+    made.together([&] {
+      for (int n = 0; n < 500; ++n) made.insert(row(n, easy, 5, n));
+    });
+  }
+  inprocess([&] {
+    limitfiles(40'000);
+    const std::vector<std::string> boxes = toldatstart();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_TRUE(boxes[0].starts_with("Your own copy of the library, \"" + own + "\", can't be made: "))
+        << boxes[0];
+    browse(5);
+    EXPECT_EQ(numerototale.text, "500");
+  });
+  EXPECT_TRUE(fs::is_empty(path("data/gradino")));
+  EXPECT_EQ(toldatstart(), std::vector<std::string>{}) << "with room again";
+  EXPECT_EQ(rowsof(own).size(), 500U);
 }
 
 TEST_F(Place, StartOpensItAndShowsTheFirstRecord) {
@@ -439,6 +679,70 @@ TEST_F(Library, ManyProgramsMeetTheSameOldLibraryAtOnce) {
     fs::remove(library());
     fs::remove(kept);
   }
+}
+
+/// What stands beside the library.
+std::set<std::string> Library::names() const {
+  std::set<std::string> all;
+  for (const fs::directory_entry& entry : fs::directory_iterator(path("")))
+    all.insert(entry.path().filename());
+  return all;
+}
+
+TEST_F(Library, OnAFullDiskTheOldLibraryStaysAndNothingIsBesideIt) {
+  fs::copy_file(TESTDATA "/library/old-library-V2003.mdb", library());
+  const std::string old = Program::bytes(library());
+  for (const rlim_t size : {1000, 10'000, 20'000}) {
+    inprocess([&] {
+      limitfiles(size);
+      openlibrary(library());
+      const std::vector<std::string> boxes = told();
+      ASSERT_EQ(boxes.size(), 1U);
+      EXPECT_NE(boxes[0].find("\"" + library() + "\""), std::string::npos) << boxes[0];
+      EXPECT_EQ(boxes[0].find("brought over"), std::string::npos) << boxes[0];
+    });
+    EXPECT_EQ(names(), std::set<std::string>{"schemigenerati.mdb"}) << size;
+    EXPECT_EQ(Program::bytes(library()), old);
+  }
+}
+
+TEST_F(Library, TheOldFileItselfIsKeptWithoutRoomForACopy) {
+  fs::copy_file(TESTDATA "/library/old-library-V2003.mdb", library());
+  const std::string old = Program::bytes(library());
+  inprocess([&] {
+    limitfiles(old.size() / 2);
+    openlibrary(library());
+    EXPECT_TRUE(told().at(0).starts_with("The old library was brought over: 108 puzzles"));
+    closelibrary();
+  });
+  EXPECT_EQ(names(), (std::set<std::string>{"schemigenerati-old.mdb", "schemigenerati.mdb"}));
+  EXPECT_EQ(Program::bytes(path("schemigenerati-old.mdb")), old);
+  EXPECT_EQ(rowsof(library()).size(), 108U);
+}
+
+// The old file has its second name, and the new store waits for its place.
+TEST_F(Library, AProgramThatWasKilledWhileBringingOverHasLeftNoSecondOldFile) {
+  fs::copy_file(TESTDATA "/library/old-library-V2003.mdb", library());
+  const std::string old = Program::bytes(library());
+  fs::create_hard_link(library(), path("schemigenerati-old.mdb"));
+  for (const char* side : {"", "-journal", "-wal", "-shm"})
+    file(std::string("schemigenerati.mdb.new") + side, "left behind");
+  openlibrary(library());
+  EXPECT_EQ(told().size(), 1U);
+  closelibrary();
+  EXPECT_EQ(names(), (std::set<std::string>{"schemigenerati-old.mdb", "schemigenerati.mdb"}));
+  EXPECT_EQ(Program::bytes(path("schemigenerati-old.mdb")), old);
+  EXPECT_EQ(rowsof(library()).size(), 108U);
+}
+
+TEST_F(Library, AnotherOldFileIsNotWrittenOver) {
+  fs::copy_file(TESTDATA "/library/old-library-V2003.mdb", library());
+  const std::string old = Program::bytes(library());
+  file("schemigenerati-old.mdb", "another");
+  openlibrary(library());
+  EXPECT_EQ(told().size(), 1U);
+  EXPECT_EQ(Program::bytes(path("schemigenerati-old.mdb")), "another");
+  EXPECT_EQ(Program::bytes(path("schemigenerati-old2.mdb")), old);
 }
 
 TEST_F(Library, ABrokenOldLibraryStaysWhereItIs) {
@@ -577,6 +881,18 @@ TEST_F(Library, LoadingPutsThePuzzleUpAndGradesIt) {
                                       : row[field::progressivo] == "3" ? "9"
                                       : row[field::progressivo] == "4" ? "10"
                                                                        : "30");
+}
+
+TEST_F(Library, AGradeThatIsTheSameNeedsNoPlaceInALibraryThatIsOnlyRead) {
+  store({row(1, easy, 5, 50)});
+  openlibrary(library());
+  browse(5);
+  player.event(Command1_Click);
+  openlibrary(LibraryPlace{library(), true, {}});
+  browse(1);
+  player.event(Command1_Click);
+  EXPECT_EQ(boxtexts(), easy);
+  EXPECT_EQ(player.boxes, std::vector<std::string>{});
 }
 
 TEST_F(Library, ThePencilMarksStayAsTheyWere) {

@@ -1,4 +1,5 @@
 // The library's window: levels, preview, loading; both languages; a damaged store.
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -33,6 +34,7 @@ class Library : public QObject {
   void italian();
   void closedbyitsuser();
   void damaged();
+  void onlyread();
 
  private:
   std::unique_ptr<QTemporaryDir> folder_;
@@ -263,6 +265,33 @@ void Library::damaged() {
   QCOMPARE(user.text("Text1_0"), "5");
   QVERIFY(file.open(QIODevice::ReadOnly));
   QCOMPARE(file.readAll(), damaged);
+}
+
+// Nobody can make a folder where a file stands in the way.
+void Library::onlyread() {
+  QDir folder(folder_->path());
+  QVERIFY(folder.mkpath("prefix/bin") && folder.mkpath("prefix/share/gradino"));
+  const QString shipped = folder.filePath("prefix/share/gradino/schemigenerati.mdb"),
+                wall = folder.filePath("wall");
+  QVERIFY(QFile::rename(folder.filePath("schemigenerati.mdb"), shipped));
+  QVERIFY(QFile(wall).open(QIODevice::WriteOnly));
+  const QByteArray before = qgetenv("XDG_DATA_HOME");
+  qputenv("XDG_DATA_HOME", wall.toUtf8());
+  apppath = folder.filePath("prefix/bin").toStdString();
+  User user;
+  qputenv("XDG_DATA_HOME", before);
+  QCOMPARE(user.boxes, QStringList());
+  const Window library(user);
+  QCOMPARE(user.boxes,
+           QStringList{"Your own copy of the library, \"" + wall +
+                       "/gradino/schemigenerati.mdb\", can't be made: its folder doesn't exist or can't be "
+                       "written to. The one that came with the program, \"" +
+                       shipped + "\", is used, which can only be read: nothing is stored in it."});
+  library.window->close();
+  const Window again(user);
+  QCOMPARE(user.boxes.size(), 1);
+  again.press("Option1_1");
+  QCOMPARE(again.text("numerototale"), "5");
 }
 
 WINDOW_TESTS(Library)
