@@ -1,5 +1,7 @@
 #include "browser.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -81,14 +83,13 @@ constexpr Words levelnames[] = {
 
 int totale = 0;  ///< puzzles of the chosen level
 
-/// Runs one statement of a routine that passes over failures.
-template <class Statement>
-void attempt(Statement statement) {
-  try {
-    statement();
-  } catch (const LibraryFailure&) {  // the next statement runs
-  }
-}
+/// What the preview shows, and the number under which it came there. The list can change under the window:
+/// a run of the generator, a grade, another program.
+struct Preview {
+  Bookmark record;
+  int number;
+};
+std::optional<Preview> onshow;
 
 /// The number at the front of a text. One too long to be held is beyond every library.
 std::int32_t numberin(std::string_view text) {
@@ -114,14 +115,45 @@ void showpreview() {
 
 /// A number stands in numeroselezionato, whoever wrote it. What is no number of a record ends silently.
 void numeroselezionato_Change() {
-  if (numberin(numerototale.text) < selected()) return host.message(outofrange);
-  attempt([] {
-    Data1.moveto(selected() - 1);
-    dettagliotxt.text = frmmain::txtdettaglio.text;
-    difftxt.text = frmmain::txttotale.text;
-    id.text = frmmain::txtprogressivo.text;
-    showpreview();
-  });
+  const std::int32_t number = selected();
+  if (numberin(numerototale.text) < number) return host.message(outofrange);
+  if (number < 1) return;
+  Data1.moveto(number - 1);
+  dettagliotxt.text = frmmain::txtdettaglio.text;
+  difftxt.text = frmmain::txttotale.text;
+  id.text = frmmain::txtprogressivo.text;
+  showpreview();
+  onshow = {Data1.bookmark(), number};
+}
+
+/// How many there are now.
+void counttotal() {
+  if (livelloscelto.text.empty()) return;
+  totale = Data1.recordcount();
+  numerototale.text = std::to_string(totale);
+}
+
+bool numberofpreview() {
+  return onshow && selected() == onshow->number;
+}
+
+/// The total, and the number of the puzzle on show, as they are now.
+void follow() {
+  counttotal();
+  if (!numberofpreview()) return;
+  const int position = Data1.position(onshow->record);
+  if (position < 0) return;  // its level has changed
+  onshow->number = position + 1;
+  numeroselezionato.text = std::to_string(onshow->number);
+}
+
+/// What can't be followed now is followed by the next act of the user, which tells him why it can't.
+void followifopen() {
+  if (!frmlivello::visible) return;
+  try {
+    follow();
+  } catch (const LibraryFailure&) {
+  }
 }
 
 void select(int number) {
@@ -150,16 +182,17 @@ void putup(const std::string& stringa) {
 
 }  // namespace
 
+// Nothing is said of a level that can't be read, but why.
 void frmlivello::Option1_Click(int index) {
   for (int n = 0; n <= 22; ++n) Option1(n).ticked = n == index;
-  totale = 0;
-  attempt([&] { Data1.query(fmt::format(levelquery, index)); });
-  attempt([] {
-    Data1.movelast();
-    totale = Data1.recordcount();
-  });
-  numerototale.text = std::to_string(totale);
   livelloscelto.text = std::to_string(index);
+  totale = 0;
+  onshow.reset();
+  numerototale.text.clear();
+  numeroselezionato.text.clear();
+  Data1.query(fmt::format(levelquery, index));
+  Data1.movelast();
+  counttotal();
   select(static_cast<int>(host.random() * totale) + 1);
   frmmain::txtdettaglio.text = dettagliotxt.text;
   frmmain::txttotale.text = difftxt.text;
@@ -168,6 +201,7 @@ void frmlivello::Option1_Click(int index) {
 void frmlivello::numeroselezionato_Typed(std::string_view text) {
   if (numeroselezionato.text == text) return;
   numeroselezionato.text = text;
+  counttotal();
   numeroselezionato_Change();
 }
 
@@ -176,18 +210,22 @@ void frmlivello::Command1_Click() {
 }
 
 void frmlivello::Command2_Click() {
+  follow();
   if (selected() > 1) select(selected() - 1);
 }
 
 void frmlivello::Command3_Click() {
+  follow();
   if (selected() < numberin(numerototale.text)) select(selected() + 1);
 }
 
 void frmlivello::Command4_Click() {
+  follow();
   if (numeroselezionato.text != std::to_string(totale)) select(totale);
 }
 
 void frmlivello::Command5_Click() {
+  follow();
   if (numeroselezionato.text != "1") select(1);
 }
 
@@ -199,10 +237,16 @@ void frmmain::mostralibreria() {
 }
 
 void frmmain::libreria() {
-  const std::string leveltext = livelloscelto.text, numbertext = numeroselezionato.text;
-  if (selected() < 1 || selected() > totale) return host.message(outofrange);
-  Data1.moveto(selected() - 1);  // a store that fails does so before the board is touched
-  filetxt.text = fmt::format(loaded, leveltext, numbertext);
+  // A store that fails does so before the board is touched.
+  follow();
+  if (numberofpreview()) {
+    Data1.movetobookmark(onshow->record);
+  } else {
+    if (selected() < 1 || selected() > totale) return host.message(outofrange);
+    numeroselezionato_Change();
+  }
+  const std::string leveltext = livelloscelto.text;
+  filetxt.text = fmt::format(loaded, leveltext, numeroselezionato.text);
   bkglabel.visible = true;
   suppresschange = true;
   const int level = leadingnumber(leveltext);
@@ -248,6 +292,8 @@ void freshbrowser() {
                                                       {&Command5, "primo record"}};
   for (const auto& [button, caption] : buttons) button->caption = caption;
   totale = 0;
+  onshow.reset();
+  listchanged = followifopen;
 }
 
 }  // namespace gradino

@@ -231,8 +231,10 @@ TEST_P(Damaged, IsToldOnceNeededAndLeftUntouched) {
       "\" can't be read: the file is damaged or is no library. The file stays as it is. Put a sound copy in its "
       "place, or give it another name: the next start makes a fresh one."};
   EXPECT_EQ(told(), expected);
+  player.boxes.clear();
   player.event([] { Option1_Click(3); });
-  EXPECT_EQ(numerototale.text, "0");
+  EXPECT_EQ(player.boxes, expected) << "and nothing of an empty level";
+  EXPECT_EQ(numerototale.text, "");
   open(fullboard);  // the rest of the program works
   EXPECT_EQ(values(), fullboard);
   player.boxes.clear();
@@ -337,15 +339,30 @@ TEST_F(Library, RecordsOfOneDifficultyStandAsTheyWereStored) {
 
 TEST_F(Library, AnotherProgramsLockIsSaidAndGoesAway) {
   store({row(1, easy, 1, 1)});
+  const std::vector<std::string> inuse = {
+      "The library \"" + library() + "\" is in use by another program. Try again when that one is done."};
   auto lock = std::make_unique<Lock>(library());
   openlibrary(library());
-  EXPECT_EQ(told(),
-            std::vector<std::string>{"The library \"" + library() +
-                                     "\" is in use by another program. Try again when that one is done."});
+  EXPECT_EQ(told(), inuse);
   lock.reset();
   EXPECT_EQ(told(), std::vector<std::string>{});
   browse(1);
   EXPECT_EQ(numerototale.text, "1");
+  EXPECT_EQ(preview(), easy);
+  lock = std::make_unique<Lock>(library());
+  browse(1);
+  EXPECT_EQ(player.boxes, inuse) << "and nothing of an empty level";
+  EXPECT_EQ(numerototale.text, "");
+  EXPECT_EQ(numeroselezionato.text, "");
+  player.boxes.clear();
+  player.event(Command1_Click);
+  EXPECT_EQ(player.boxes, inuse);
+  lock.reset();
+  player.boxes.clear();
+  player.event([] { numeroselezionato_Typed("1"); });
+  EXPECT_EQ(numerototale.text, "1");
+  EXPECT_EQ(preview(), easy);
+  EXPECT_EQ(player.boxes, std::vector<std::string>{});
 }
 
 TEST_F(Library, ALockThatComesWhenTheLibraryIsOpenIsSaidWhenItIsNeeded) {
@@ -376,6 +393,12 @@ TEST_F(Library, APartlyDamagedLibraryIsSaidAndWhatIsSoundIsShown) {
   player.boxes.clear();
   player.event(frmmain::genera_e_conta);
   EXPECT_EQ(player.boxes, damaged) << "nothing is added to it";
+  player.boxes.clear();
+  player.event([] { Option1_Click(3); });
+  ASSERT_EQ(player.boxes.size(), 1U);
+  EXPECT_EQ(player.boxes[0].substr(0, player.boxes[0].find(':')),
+            "The library \"" + library() + "\" can't be read");
+  EXPECT_EQ(numerototale.text, "");
   closelibrary();
   EXPECT_EQ(Program::bytes(library()), before);
 }
@@ -881,6 +904,89 @@ TEST_F(Library, LoadingPutsThePuzzleUpAndGradesIt) {
                                       : row[field::progressivo] == "3" ? "9"
                                       : row[field::progressivo] == "4" ? "10"
                                                                        : "30");
+}
+
+/// Rows of other puzzles: what is loaded tells itself apart.
+std::string turned(std::string_view puzzle, int by) {
+  std::string other(puzzle);
+  for (char& c : other)
+    if (c != '.') c = static_cast<char>('1' + (c - '1' + by) % 9);
+  return other;
+}
+
+TEST_F(Library, WhatIsLoadedIsWhatIsShownWhateverHasComeSince) {
+  store({row(1, easy, 5, 50), row(2, turned(easy, 1), 5, 40), row(3, turned(easy, 2), 5, 30)});
+  openlibrary(library());
+  browse(5, 0.5);
+  EXPECT_EQ(numeroselezionato.text, "2");
+  EXPECT_EQ(id.text, "2");
+  Store other(library());
+  for (int n = 0; n < 4; ++n) other.insert(row(10 + n, turned(easy, 5), 5, n < 2 ? 45 : 40));
+  player.event(Command1_Click);
+  EXPECT_EQ(boxtexts(), turned(easy, 1));
+  EXPECT_EQ(frmmain::txtprogressivo.text, "2");
+  EXPECT_EQ(frmmain::filetxt.text, "Level 5, puzzle 4") << "its place now: two harder ones have come";
+  EXPECT_EQ(player.boxes, std::vector<std::string>{});
+}
+
+TEST_F(Library, TotalAndPlaceFollowWhatIsStored) {
+  store({row(1, easy, 5, 50), row(2, turned(easy, 1), 5, 40), row(3, turned(easy, 2), 5, 30)});
+  openlibrary(library());
+  browse(5, 0.5);
+  Store other(library());
+  const auto where = [] { return numeroselezionato.text + " of " + numerototale.text + ", id " + id.text; };
+  EXPECT_EQ(where(), "2 of 3, id 2");
+  other.insert(row(10, turned(easy, 3), 5, 45));
+  player.event(Command3_Click);
+  EXPECT_EQ(where(), "4 of 4, id 3") << "the one after the one that was shown";
+  other.insert(row(11, turned(easy, 4), 5, 60));
+  player.event(Command2_Click);
+  EXPECT_EQ(where(), "4 of 5, id 2");
+  other.insert(row(12, turned(easy, 5), 5, 1));
+  player.event([] { numeroselezionato_Typed("6"); });
+  EXPECT_EQ(where(), "6 of 6, id 12");
+  other.insert(row(13, turned(easy, 6), 5, 0));
+  player.event(Command4_Click);
+  EXPECT_EQ(where(), "7 of 7, id 13");
+  EXPECT_EQ(player.boxes, std::vector<std::string>{});
+  // A grade that another program writes moves a puzzle, and so its number.
+  Store::Record moved = *other.at(levelquery(5), 6);
+  moved.row[field::difficolta] = "55";
+  other.update(moved);
+  player.event(Command2_Click);
+  EXPECT_EQ(where(), "1 of 7, id 11") << "it had become the second";
+}
+
+TEST_F(Library, ThisProgramsOwnPuzzlesAreFollowedAtOnce) {
+  store({row(1, easy, 5, 50), row(2, turned(easy, 1), 5, 40)});
+  openlibrary(library());
+  browse(5, 0.5);
+  EXPECT_EQ(numeroselezionato.text, "2");
+  Data1.addnew();
+  frmmain::txtprogressivo.text = "8371";
+  frmmain::testolivello.text = "5";
+  frmmain::txttotale.text = "45";
+  frmmain::txtstringa.text = turned(easy, 4);
+  Data1.addnew();
+  Data1.cancelnew();
+  EXPECT_EQ(numerototale.text, "3");
+  EXPECT_EQ(numeroselezionato.text, "3");
+  player.event(Command1_Click);
+  EXPECT_EQ(boxtexts(), turned(easy, 1));
+}
+
+TEST_F(Library, ARecordThatIsGoneIsNotReplacedByAnother) {
+  store({row(1, easy, 5, 50), row(2, turned(easy, 1), 5, 40), row(3, turned(easy, 2), 5, 30)});
+  openlibrary(library());
+  browse(5, 0.5);
+  sql(library(), "DELETE FROM schema WHERE progressivo = 2");
+  open(fullboard);
+  player.boxes.clear();
+  player.event(Command1_Click);
+  EXPECT_EQ(player.boxes, std::vector<std::string>{"The library has no such puzzle."});
+  EXPECT_EQ(values(), fullboard);
+  EXPECT_TRUE(frmlivello::visible);
+  EXPECT_EQ(numerototale.text, "2");
 }
 
 TEST_F(Library, AGradeThatIsTheSameNeedsNoPlaceInALibraryThatIsOnlyRead) {
