@@ -2,17 +2,19 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <random>
 #include <stdexcept>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
+#include <fmt/ranges.h>
 
 #include "continuous.h"
 #include "files.h"
@@ -22,24 +24,59 @@
 #include "jetfile.h"
 #include "library.h"
 #include "librarycursor.h"
+#include "libraryplace.h"
+#include "libraryrows.h"
 #include "progress.h"
 #include "session.h"
-#include "store.h"
 #include "tables.h"
+#include "words.h"
 
 namespace gradino::cli {
 namespace {
 
 namespace fs = std::filesystem;
 
+constexpr Words nothere = {"nessuna libreria {file}", "no library {file}"};
+constexpr Counted nolevel = {
+    {"{n} schema non ha un livello da 0 a 21", "{n} puzzle has no level from 0 to 21"},
+    {"{n} schemi non hanno un livello da 0 a 21", "{n} puzzles have no level from 0 to 21"}};
+constexpr Words someof = {"{most} di {all} schemi", "{most} of {all} puzzles"};
+constexpr Words notext = {"riga {row} (id {id}): tralasciata, il suo testo non è UTF-8",
+                          "row {row} (id {id}): left out, its text is not UTF-8"};
+constexpr Words wrongrow = {"riga {row} (id {id}): {what}", "row {row} (id {id}): {what}"};
+constexpr Words nopuzzle = {"nessuno schema", "no puzzle"};
+constexpr Counted solutions = {{"{n} soluzione", "{n} solution"}, {"{n} soluzioni", "{n} solutions"}};
+constexpr Words difference = {R"({field} "{stored}" è "{now}")", R"({field} "{stored}" is "{now}")"};
+constexpr Counted checkedrows = {{"{n} schema controllato", "{n} puzzle checked"},
+                                 {"{n} schemi controllati", "{n} puzzles checked"}};
+constexpr Counted differing = {{", {n} diverso", ", {n} differs"}, {", {n} diversi", ", {n} differ"}};
+constexpr Counted correctedrows = {{", {n} corretto", ", {n} corrected"},
+                                   {", {n} corretti", ", {n} corrected"}};
+constexpr Words nothing = {"{file}: nessuna riga è stata aggiunta", "{file}: no row was brought over"};
+constexpr Counted broughtover = {{"{n} riga aggiunta", "{n} row brought over"},
+                                 {"{n} righe aggiunte", "{n} rows brought over"}};
+constexpr Words without = {", {n} senza uno schema", ", {n} of them without a puzzle"};
+constexpr Counted passedover = {
+    {"{n} schema c'era già ed è stato tralasciato; con --all viene aggiunto anch'esso",
+     "{n} puzzle was there already and was passed over; --all brings it over too"},
+    {"{n} schemi c'erano già e sono stati tralasciati; con --all vengono aggiunti anch'essi",
+     "{n} puzzles were there already and were passed over; --all brings them over too"}};
+constexpr Words howmany = {"library fill: quanti schemi? Aggiungere -n e un numero da 1 a 24000",
+                           "library fill: how many puzzles? Add -n and a number from 1 to 24000"};
+
+constexpr Words takenaway = {"{file}: nessuno schema è stato registrato, e la libreria vuota non resta",
+                             "{file}: no puzzle was stored, and the empty library doesn't stay"};
+constexpr Words checkeddone = {"controllati", "checked"}, readdone = {"letti", "read"},
+                storeddone = {"registrati", "stored"};
+
 struct LibraryOptions {
   std::string file;   ///< empty: the program's own library
   std::string input;  ///< import
-  std::optional<int> level;
+  std::string language = "en";
+  std::optional<int> level, count;
   int most = 20;
-  int count = 100;
   std::optional<std::uint64_t> seed;
-  bool json = false, csv = false, fix = false, supersymmetric = false;
+  bool json = false, csv = false, fix = false, supersymmetric = false, all = false;
 };
 
 fs::path programfolder() {
@@ -47,15 +84,12 @@ fs::path programfolder() {
   return fs::read_symlink("/proc/self/exe", error).parent_path();
 }
 
-fs::path storefile(const LibraryOptions& options) {
-  return librarystore(options.file);
-}
-
-/// The library to look into: one that is there.
-Store existing(const LibraryOptions& options) {
-  const fs::path file = storefile(options);
-  if (!fs::exists(file)) throw std::runtime_error(fmt::format("no library {}", file.string()));
-  return Store(file);
+/// The one named, or the program's own when the name is empty: what was to be done there is told.
+LibraryPlace placeof(const std::string& name) {
+  if (!name.empty()) return {name, false, {}};
+  LibraryPlace place = libraryplace(programfolder());
+  for (const Notice& notice : std::exchange(place.notices, {})) complain(notice());
+  return place;
 }
 
 long numberin(const std::string& text) {
@@ -81,7 +115,7 @@ void add(LevelStatistics& level, const LibraryRow& row) {
 }
 
 bool stats(const LibraryOptions& options) {
-  Store store = existing(options);
+  Store store = existinglibrary(options.file);
   std::array<LevelStatistics, 22> levels{};
   int other = 0, all = 0;
   store.each(wholetable, [&](const Store::Record& record) {
@@ -108,12 +142,12 @@ bool stats(const LibraryOptions& options) {
     }
   }
   if (!options.json) fmt::print("  all  {:>7}\n", all);
-  if (other > 0) complain(fmt::format("{} puzzles have no level from 0 to 21", other));
+  if (other > 0) complain(say(nolevel, other));
   return true;
 }
 
 bool list(const LibraryOptions& options) {
-  Store store = existing(options);
+  Store store = existinglibrary(options.file);
   const std::string query = libraryquery(options.level);
   fmt::print("level  number  score  givens      id  puzzle{:76}steps by level\n", "");
   int number = 0;
@@ -127,45 +161,35 @@ bool list(const LibraryOptions& options) {
   };
   store.each(query, print, options.most);
   const int count = store.count(query);
-  if (count > options.most) fmt::print("{} of {} puzzles\n", options.most, count);
+  if (count > options.most) fmt::print("{}\n", say(someof, hole("most", options.most), hole("all", count)));
   return true;
 }
 
-// Rows as text.
-
-std::string quoted(const std::string& text) {
-  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-  std::string out = "\"";
-  for (const char c : text) out += c == '"' ? "\"\"" : std::string(1, c);
-  return out + "\"";
-}
-
-Json rowjson(const LibraryRow& row) {
-  Json out;
-  for (std::size_t f = 0; f < row.size(); ++f) out[libraryfields[f]] = row[f];
-  return out;
+std::string sayrow(const Words& words, const Store::Record& record, std::string_view what = "") {
+  return say(words, hole("row", record.key), hole("id", record.row[field::progressivo]), hole("what", what));
 }
 
 bool exportrows(const LibraryOptions& options) {
-  Store store = existing(options);
-  if (options.csv) fmt::print("{}\n", fmt::join(libraryfields, ","));
+  Store store = existinglibrary(options.file);
+  bool good = true;
+  if (options.csv) fmt::print("{}\n", csvheading());
   store.each(libraryquery(options.level), [&](const Store::Record& record) {
-    if (!options.csv) return fmt::print("{}\n", rowjson(record.row).dump());
-    std::array<std::string, std::tuple_size_v<LibraryRow>> cells;
-    std::transform(record.row.begin(), record.row.end(), cells.begin(), quoted);
-    fmt::print("{}\n", fmt::join(cells, ","));
+    if (isutf8(record.row))
+      return fmt::print("{}\n", options.csv ? csvline(record.row) : jsonline(record.row));
+    complain(sayrow(notext, record));
+    good = false;
   });
-  return true;
+  return good;
 }
 
 // Regrading.
 
 /// The row as this program grades its puzzle now. A puzzle beyond the techniques has a level and no more: its
 /// other results stay as they are.
-LibraryRow regraded(const LibraryRow& row) {
+LibraryRow regraded(const LibraryRow& row, const std::string& language) {
   LibraryRow now = row;
   Session session;
-  startsession(session, "en");
+  startsession(session, language);
   bool reported = false;
   runguarded(session, [&] {
     putup(row[field::stringa]);
@@ -188,27 +212,30 @@ std::vector<std::string> differences(const LibraryRow& stored, const LibraryRow&
   std::vector<std::string> found;
   for (std::size_t f = 0; f < stored.size(); ++f)
     if (stored[f] != now[f])
-      found.push_back(fmt::format("{} \"{}\" is \"{}\"", libraryfields[f], stored[f], now[f]));
+      found.push_back(
+          say(difference, hole("field", libraryfields[f]), hole("stored", stored[f]), hole("now", now[f])));
   return found;
 }
 
 /// What is wrong with a record; `now` becomes what it should be.
-std::vector<std::string> complaints(const Store::Record& record, LibraryRow& now) {
-  if (!ispuzzle(record.row[field::stringa])) return {"no puzzle"};
-  now = regraded(record.row);
+std::vector<std::string> complaints(const Store::Record& record, const std::string& language,
+                                    LibraryRow& now) {
+  if (!ispuzzle(record.row[field::stringa])) return {std::string(inlanguage(nopuzzle))};
+  now = regraded(record.row, language);
   std::vector<std::string> found = differences(record.row, now);
-  if (numerosoluzioni != 1) found.insert(found.begin(), fmt::format("{} solutions", numerosoluzioni));
+  if (numerosoluzioni != 1) found.insert(found.begin(), say(solutions, numerosoluzioni));
   return found;
 }
 
 bool check(const LibraryOptions& options) {
-  Store store = existing(options);
-  Progress progress("checked", static_cast<std::size_t>(store.count(wholetable)));
+  Store store = existinglibrary(options.file);
+  if (options.fix) store.needchanges();
+  Progress progress(inlanguage(checkeddone), static_cast<std::size_t>(store.count(wholetable)));
   std::vector<Store::Record> corrected;
   int checked = 0, wrong = 0, beyondrepair = 0;
   store.each(wholetable, [&](const Store::Record& record) {
     LibraryRow now = record.row;
-    const std::vector<std::string> found = complaints(record, now);
+    const std::vector<std::string> found = complaints(record, options.language, now);
     checked += 1;
     progress.step();
     if (found.empty()) return;
@@ -216,75 +243,89 @@ bool check(const LibraryOptions& options) {
     // What has not one solution has it under no other grade.
     if (!ispuzzle(record.row[field::stringa]) || numerosoluzioni != 1) beyondrepair += 1;
     progress.end();
-    fmt::print("row {} (id {}): {}\n", record.key, record.row[field::progressivo], fmt::join(found, "; "));
+    fmt::print("{}\n", sayrow(wrongrow, record, fmt::format("{}", fmt::join(found, "; "))));
     if (now != record.row) corrected.push_back({record.key, now});
   });
   if (options.fix && !corrected.empty())
     store.together([&] {
       for (const Store::Record& record : corrected) store.update(record);
     });
-  fmt::print("{} puzzles checked, {} differ{}\n", checked, wrong,
-             options.fix ? fmt::format(", {} corrected", corrected.size()) : "");
+  fmt::print("{}{}{}\n", say(checkedrows, checked), say(differing, wrong),
+             options.fix ? say(correctedrows, corrected.size()) : "");
   return wrong == 0 || (options.fix && beyondrepair == 0);
 }
 
 // Bringing in.
 
-LibraryRow rowfromjson(const std::string& line) {
-  const Json object = Json::parse(line);
-  LibraryRow row;
-  for (std::size_t f = 0; f < row.size(); ++f)
-    if (const auto value = object.find(libraryfields[f]); value != object.end() && !value->is_null())
-      row[f] = value->is_string() ? value->get<std::string>() : value->dump();
-  return row;
+/// What two rows of the same puzzle have in common. A row without a puzzle is only the same as itself.
+std::string identity(const LibraryRow& row) {
+  const std::string& stringa = row[field::stringa];
+  return ispuzzle(stringa) ? stringa.substr(0, cells)
+                           : fmt::format("{}", fmt::join(row, std::string_view("\0", 1)));
 }
 
-void eachjsonrow(const std::string& path, const std::function<void(const LibraryRow&)>& use) {
-  std::ifstream in(path);
-  if (!in) throw std::runtime_error(fmt::format("{} can't be read", path));
-  std::string line;
-  for (long number = 1; std::getline(in, line); ++number) {
-    if (line.empty()) continue;
-    try {
-      use(rowfromjson(line));
-    } catch (const Json::exception&) {
-      throw std::runtime_error(
-          fmt::format("{}:{}: no library row as `library export` writes it", path, number));
+struct BroughtIn {
+  int rows = 0, nopuzzle = 0, known = 0;
+};
+
+BroughtIn bringin(const std::vector<LibraryRow>& rows, bool all, Store& store) {
+  BroughtIn done;
+  std::unordered_set<std::string> there;
+  if (!all) store.each(wholetable, [&](const Store::Record& record) { there.insert(identity(record.row)); });
+  for (const LibraryRow& row : rows) {
+    if (!all && !there.insert(identity(row)).second) {
+      done.known += 1;
+      continue;
     }
+    store.insert(row);
+    done.rows += 1;
+    done.nopuzzle += !ispuzzle(row[field::stringa]);
   }
+  return done;
 }
 
 bool import(const LibraryOptions& options) {
   std::vector<LibraryRow> rows;  // all of them before a store is opened: a bad file leaves none behind
-  Progress progress("read");
+  Progress progress(inlanguage(readdone));
   const auto take = [&](const LibraryRow& row) {
     rows.push_back(row);
     progress.step();
   };
+  bool good = true;
   if (isjetfile(options.input))
     readjet(options.input, take);
   else
-    eachjsonrow(options.input, take);
+    good = eachrow(options.input, take);
   progress.end();
-  Store store(storefile(options));
-  store.together([&] {
-    for (const LibraryRow& row : rows) store.insert(row);
-  });
-  const auto nopuzzle = std::count_if(rows.begin(), rows.end(),
-                                      [](const LibraryRow& row) { return !ispuzzle(row[field::stringa]); });
-  fmt::print("{} rows brought over, {} of them without a puzzle\n", rows.size(), nopuzzle);
+  if (!good) throw std::runtime_error(say(nothing, hole("file", options.input)));
+  const LibraryPlace place = placeof(options.file);
+  BroughtIn done;
+  const auto bring = [&](Store& store) { done = bringin(rows, options.all, store); };
+  if (!makestore(place.file, bring)) {
+    Store store(place.file, place.onlyread);
+    store.together([&] { bring(store); });
+  }
+  fmt::print("{}{}\n", say(broughtover, done.rows), say(without, hole("n", done.nopuzzle)));
+  if (done.known > 0) fmt::print("{}\n", say(passedover, done.known));
   return true;
 }
 
 /// The continuous generator with a clock that runs out when enough puzzles are stored.
 bool fill(const LibraryOptions& options) {
+  if (!options.count) throw std::runtime_error(std::string(inlanguage(howmany)));
+  if (isjetfile(options.file))
+    Store(options.file, true);  // says what it is: only its own place is brought over
   Session session;
-  startsession(session, "en");
+  startsession(session, options.language);
+  host.message = [](const std::string& text) { complain(text); };
   host.random = seededrandom(options.seed.value_or(std::random_device{}()));
-  openlibrary(storefile(options));
+  const LibraryPlace place = placeof(options.file);
+  std::error_code error;
+  const bool wasthere = fs::exists(place.file, error);
+  openlibrary(place);
   frmmain::Check1.ticked = options.supersymmetric;
   int stored = 0;
-  Progress progress("stored", static_cast<std::size_t>(options.count));
+  Progress progress(inlanguage(storeddone), static_cast<std::size_t>(*options.count));
   const auto store = Data1.addnew;
   Data1.addnew = [&, begun = false]() mutable {
     // What a window's boxes begin with, or another record has left in them, is none of these puzzles'.
@@ -299,19 +340,28 @@ bool fill(const LibraryOptions& options) {
   };
   // Read first at the run's start, later behind each puzzle that was accepted and before it is stored.
   host.clock = [&, started = false]() mutable {
-    return std::exchange(started, true) && stored + 1 >= options.count ? 25001.0 : 0.0;
+    return std::exchange(started, true) && stored + 1 >= *options.count ? 25001.0 : 0.0;
   };
-  runguarded(session, frmmain::genera_e_conta);
+  try {
+    runguarded(session, frmmain::genera_e_conta);
+  } catch (const LibraryFailure& failure) {
+    session.fault = failure.what();
+  }
   closelibrary();
-  for (const std::string& box : session.boxes) complain(box);
-  if (session.fault) throw std::runtime_error(*session.fault);
-  return true;
+  if (!session.fault) return true;
+  if (!wasthere && stored == 0 && removeempty(place.file))
+    complain(say(takenaway, hole("file", place.file.string())));
+  throw std::runtime_error(*session.fault);
 }
 
 }  // namespace
 
-fs::path librarystore(const std::string& name) {
-  return name.empty() ? libraryplace(programfolder()).file : fs::path(name);
+Store existinglibrary(const std::string& name) {
+  const LibraryPlace place = placeof(name);
+  std::error_code error;
+  if (!fs::exists(place.file, error))
+    throw std::runtime_error(say(nothere, hole("file", place.file.string())));
+  return Store(place.file, place.onlyread);
 }
 
 std::string libraryquery(std::optional<int> level) {
@@ -325,6 +375,8 @@ std::function<bool()> addlibrary(CLI::App& app) {
   CLI::App* library = app.add_subcommand("library", "The library of graded puzzles");
   library->require_subcommand(1);
   library->add_option("--file", options->file, "The library's file; else the program's own");
+  library->add_option("--lang", options->language, "Language of the messages")
+      ->check(CLI::IsMember({"en", "it"}));
   library->fallthrough();
   const auto sub = [&](const char* name, const char* help, bool (*run)(const LibraryOptions&)) {
     CLI::App* command = library->add_subcommand(name, help);
@@ -346,16 +398,22 @@ std::function<bool()> addlibrary(CLI::App& app) {
       ->add_flag("--csv", options->csv, "Comma-separated values instead");
   sub("check", "Grades each puzzle again; tells the rows whose stored values differ", check)
       ->add_flag("--fix", options->fix, "Stores what was found");
-  sub("import", "Brings rows in: an old library of the Jet family, or JSON lines of an export", import)
-      ->add_option("FILE", options->input, "The file; it stays as it is")
+  CLI::App* importcommand =
+      sub("import", "Brings rows in: an old library of the Jet family, or an export", import);
+  importcommand->add_option("FILE", options->input, "The file; it stays as it is")
       ->required()
       ->check(CLI::ExistingFile);
+  importcommand->add_flag("--all", options->all, "Puzzles too that the library has already");
   CLI::App* fillcommand =
       sub("fill", "Makes puzzles as the continuous generator does, and stores them", fill);
   fillcommand->add_option("-n", options->count, "How many")->check(CLI::Range(1, 24000));
   fillcommand->add_option("--seed", options->seed, "The same puzzles each time");
   fillcommand->add_flag("--supersimmetrico", options->supersymmetric, "Givens in four mirror cells at once");
-  return [options, chosen] { return *chosen == nullptr || (*chosen)(*options); };
+  return [options, chosen] {
+    if (*chosen == nullptr) return true;
+    speak(options->language);
+    return (*chosen)(*options);
+  };
 }
 
 }  // namespace gradino::cli

@@ -1,10 +1,11 @@
 // The library from the console.
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
+
+#include "store.h"
 
 namespace CLI {
 class App;
@@ -16,8 +17,9 @@ namespace gradino::cli {
 /// was something to complain about, which standard output or error was told.
 std::function<bool()> addlibrary(CLI::App& app);
 
-/// The library's file: the one named, or the program's own when the name is empty.
-std::filesystem::path librarystore(const std::string& name);
+/// The library to look into: the one named, or the program's own when the name is empty. Throws what tells
+/// that there is none, or that it can't be read.
+Store existinglibrary(const std::string& name);
 
 /// The query of a level, hardest first, or of the whole library.
 std::string libraryquery(std::optional<int> level);

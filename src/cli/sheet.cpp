@@ -39,7 +39,6 @@ constexpr Words onlyone = {"la libreria ha {n} schema di livello {level}",
                            "the library has {n} puzzle of level {level}"};
 constexpr Words onlysome = {"la libreria ha {n} schemi di livello {level}",
                             "the library has {n} puzzles of level {level}"};
-constexpr Words nolibrary = {"nessuna libreria {file}", "no library {file}"};
 constexpr Words rowwithout = {"la riga {row} della libreria non ha uno schema",
                               "row {row} of the library has no puzzle"};
 constexpr Words readitself = {"{file}: viene letto, e non può essere il foglio",
@@ -116,9 +115,7 @@ std::vector<Store::Record> hardest(Store& store, int level, int count) {
 
 void fromlibrary(const SheetOptions& options, std::vector<Printed>& puzzles) {
   if (options.levels.empty()) return;
-  const std::filesystem::path file = librarystore(options.library);
-  if (!std::filesystem::exists(file)) throw std::runtime_error(say(nolibrary, hole("file", file.string())));
-  Store store(file);
+  Store store = existinglibrary(options.library);
   Progress progress(inlanguage(fetched));
   for (const std::string& text : options.levels) {
     const auto [level, count] = levelandcount(text, options.page.perpage);

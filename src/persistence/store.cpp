@@ -375,15 +375,17 @@ bool makestore(const fs::path& file, const std::function<void(Store&)>& fill) {
 
 // On a full disk not even reading has room for what SQLite keeps beside a store; a record would be in its
 // log.
-void removeempty(const fs::path& file) {
+bool removeempty(const fs::path& file) {
+  std::error_code error;
+  if (!fs::exists(file, error)) return false;
   try {
-    if (Store(file, true).count(wholetable) > 0) return;
+    if (Store(file, true).count(wholetable) > 0) return false;
   } catch (const LibraryFailure&) {
-    std::error_code error;
     const std::uintmax_t logged = fs::file_size(file.string() + "-wal", error);
-    if (!error && logged > 0) return;
+    if (!error && logged > 0) return false;
   }
   removestore(file);
+  return true;
 }
 
 bool nolibrary(const fs::path& file) {

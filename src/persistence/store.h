@@ -74,8 +74,9 @@ class Store {
 /// already, nothing was done. Throws LibraryFailure, or what `fill` throws, and leaves nothing behind.
 bool makestore(const std::filesystem::path& file, const std::function<void(Store&)>& fill);
 
-/// Takes a store away again that was made for records which didn't come.
-void removeempty(const std::filesystem::path& file);
+/// Takes a store away again that was made for records which didn't come. False: it has some, or
+/// there is none.
+bool removeempty(const std::filesystem::path& file);
 
 /// True for a file of 0 bytes and for a store without the table `schema`: what isn't taken for a library
 /// although it could be opened as one. What is damaged otherwise may hold puzzles, and stays where it is.

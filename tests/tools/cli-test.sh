@@ -345,7 +345,7 @@ echo "cli-test: the library"
 puzzles=library.mdb
 printf '{"stringa": "%s", "livello": "5", "numeri": "30", "difficolta": "%s", "progressivo": "%s"}\n' \
   "$puzzle" 10 1 "$puzzle" 99999999999 2 "$puzzle" 20 3 >rows.jsonl
-run 0 "3 rows brought over, 0 of them without a puzzle" "" "$cli" library --file $puzzles import rows.jsonl
+run 0 "3 rows brought over, 0 of them without a puzzle" "" "$cli" library --file $puzzles import --all rows.jsonl
 same "the two hardest of a level" "$("$cli" library --file $puzzles list --level 5 --most 2 | awk '{ print $2, $3, $5 }')" \
   "$(lines "number score id" "1 99999999999 2" "2 20 3" "of 3 ")"
 same "all, in table order" "$("$cli" library --file $puzzles list | awk 'NR > 1 { print $5 }')" "$(lines 1 2 3)"
@@ -361,6 +361,125 @@ run 1 "" "gradino-cli: the library has 1 puzzle of level 6" \
 filled() { "$cli" library --file "$1" fill -n 2 "${@:2}" && "$cli" library --file "$1" export; }
 same "what a seed makes" "$(filled one.mdb --seed 7)" "$(filled other.mdb --seed 7)"
 [[ $(filled third.mdb) != "$(filled fourth.mdb)" ]] || fail "without a seed the same puzzles are made each time"
+echo "cli-test: rows of the library go out and come back"
+shipped=$data/../../library/schemigenerati.mdb
+"$cli" library --file "$shipped" export --level 14 >level.jsonl
+"$cli" library --file "$shipped" export --level 14 --csv >level.csv
+count=$(wc -l <level.jsonl)
+row=$(sed -n 1p level.jsonl)
+for form in jsonl csv; do
+  run 0 "$count rows brought over, 0 of them without a puzzle" "" "$cli" library --file $form.mdb import level.$form
+  same "the rows of $form" "$("$cli" library --file $form.mdb export)" "$(<level.jsonl)"
+done
+run 0 "$(lines "0 rows brought over, 0 of them without a puzzle" \
+  "$count puzzles were there already and were passed over; --all brings them over too")" "" \
+  "$cli" library --file csv.mdb import level.jsonl
+sed 1q level.jsonl >one.jsonl
+run 0 "$(lines "0 righe aggiunte, 0 senza uno schema" \
+  "1 schema c'era già ed è stato tralasciato; con --all viene aggiunto anch'esso")" "" \
+  "$cli" library --lang it --file csv.mdb import one.jsonl
+run 0 "1 row brought over, 0 of them without a puzzle" "" "$cli" library --file csv.mdb import --all one.jsonl
+same "with a twin" "$("$cli" library --file csv.mdb export | wc -l)" $((count + 1))
+run 0 "$(lines "1 row brought over, 0 of them without a puzzle" \
+  "1 puzzle was there already and was passed over; --all brings it over too")" "" \
+  "$cli" library --file twins.mdb import <(lines "$row" "$row")
+# What a spreadsheet makes of it: other columns first, quotes, a mark ahead, a line break within a cell.
+printf '\xef\xbb\xbflivello,"stringa",dettaglio\r\n5,"%s","1x5, ""so"" - \n1x2 "\r\n' "$puzzle" >sheet.csv
+run 0 "1 row brought over, 0 of them without a puzzle" "" "$cli" library --file sheet.mdb import sheet.csv
+same "a spreadsheet's row" "$("$cli" library --file sheet.mdb export | cut -d, -f 1-5)" \
+  "{\"progressivo\":\"\",\"stringa\":\"$puzzle\",\"dettaglio\":\"1x5, \\\"so\\\" - \\n1x2 \",\"livello\":\"5\""
+
+echo "cli-test: what is no row is refused with its line, and no library is made"
+norow() { lines "$1:$2: no library row as \`library export\` writes it"; }
+nothing() { lines "gradino-cli: $1: no row was brought over"; }
+lines "$row" 5 "" '[1]' '{}' '{"strings": "x"}' '{"stringa": ["x"]}' '{"stringa": "x"' "$puzzle" >bad.jsonl
+run 1 "" "$(for n in 2 4 5 6 7 8 9; do norow bad.jsonl $n; done; nothing bad.jsonl)" \
+  "$cli" library --file none.mdb import bad.jsonl
+lines "stringa,livello" "$puzzle,5" "$puzzle" "$puzzle,5,6" "$puzzle"$',\xff' "\"$puzzle,5" "$puzzle,5" >bad.csv
+run 1 "" "$(for n in 3 4 5 6; do norow bad.csv $n; done; nothing bad.csv)" \
+  "$cli" library --file none.mdb import bad.csv
+cp "$shipped" some.db
+run 1 "" "$(norow some.db 1; nothing some.db)" "$cli" library --file none.mdb import some.db
+[[ ! -e none.mdb ]] || fail "a library is made of rows that are none"
+
+echo "cli-test: a library that isn't one"
+cp "$data/library/old-library-V2003.mdb" old.mdb
+old=old.mdb
+oldtext="gradino-cli: \"$old\" is an old library, in the format of a desktop database. Its puzzles go into a new one \
+by: gradino-cli library --file NEW.mdb import \"$old\""
+for command in stats list export check "fill -n 1"; do
+  # shellcheck disable=SC2086
+  run 1 "" "$oldtext" "$cli" library --file "$old" $command
+done
+cmp "$data/library/old-library-V2003.mdb" $old || fail "the old library has changed"
+same "what stands beside it" "$(ls old*.mdb*)" "$old"
+for command in stats list export check; do
+  run 1 "" "gradino-cli: no library missing.mdb" "$cli" library --file missing.mdb $command
+  run 1 "" "gradino-cli: nessuna libreria missing.mdb" "$cli" library --lang it --file missing.mdb $command
+done
+[[ ! -e missing.mdb ]] || fail "a library is made where one was to be looked into"
+: >empty.mdb
+run 1 "" "gradino-cli: The library \"empty.mdb\" can't be read: the file is damaged or is no library. The file stays as \
+it is. Put a sound copy in its place, or give it another name: the next start makes a fresh one." \
+  "$cli" library --file empty.mdb stats
+# A row that isn't UTF-8, as another program may have stored it.
+cp csv.mdb bytes.mdb
+bytes=$("$cli" library --file bytes.mdb export | wc -l)
+python3 - <<'PYTHON'
+import sqlite3
+library = sqlite3.connect("bytes.mdb")
+library.execute("UPDATE schema SET dettaglio = CAST(X'31E9' AS TEXT), progressivo = 77 WHERE rowid = 2")
+library.commit()
+PYTHON
+for form in "" --csv; do
+  status=0
+  # shellcheck disable=SC2086
+  "$cli" library --file bytes.mdb export $form >out.txt 2>err.txt || status=$?
+  same "status of an export with a strange row" $status 1
+  same "rows of an export with a strange row" "$(grep -c "\(x\|[.1-9]\{81\}\)" out.txt)" $((bytes - 1))
+  same "what is told of it" "$(<err.txt)" "row 2 (id 77): left out, its text is not UTF-8"
+done
+
+echo "cli-test: a library is filled only when it is said how far"
+run 1 "" "gradino-cli: library fill: how many puzzles? Add -n and a number from 1 to 24000" \
+  "$cli" library --file none.mdb fill
+run 1 "" "gradino-cli: library fill: quanti schemi? Aggiungere -n e un numero da 1 a 24000" \
+  "$cli" library --lang it --file none.mdb fill
+# As full as a disk gets for a test: room for a file of 12 or 20 blocks of 1024 bytes, and no more.
+for room in 4 12 20; do
+  status=0
+  (trap '' XFSZ && ulimit -f $room && exec "$cli" library --file none.mdb fill -n 200 --seed 1 2>err.txt) || status=$?
+  same "status of a fill without room" $status 1
+  [[ ! -s none.mdb || $("$cli" library --file none.mdb export | wc -l) -gt 0 ]] || fail "an empty library is left"
+  rm -f none.mdb
+  same "files of a fill without room" "$(ls none.mdb* 2>/dev/null)" ""
+done
+
+echo "cli-test: the library is checked"
+same "one puzzle" "$("$cli" library --file sheet.mdb check | tail -1)" "1 puzzle checked, 1 differs"
+same "one puzzle, in Italian" "$("$cli" library --file sheet.mdb --lang it check --fix | tail -1)" \
+  "1 schema controllato, 1 diverso, 1 corretto"
+same "a sound one" "$("$cli" library --file jsonl.mdb check | tail -1)" "$count puzzles checked, 0 differ"
+
+echo "cli-test: without a folder of the user's the shipped library is only read"
+mkdir -p prefix/bin prefix/share/gradino
+cp "$cli" prefix/bin
+cp "$shipped" prefix/share/gradino
+: >inthe-way
+own=$place/inthe-way/gradino/schemigenerati.mdb
+onlyshipped="Your own copy of the library, \"$own\", can't be made: its folder doesn't exist or can't be written to. \
+The one that came with the program, \"$(readlink -f prefix)/share/gradino/schemigenerati.mdb\", is used, which can only be \
+read: nothing is stored in it."
+run 0 "$("$cli" library --file "$shipped" stats)" "$onlyshipped" \
+  env XDG_DATA_HOME="$place/inthe-way" prefix/bin/gradino-cli library stats
+for command in "fill -n 1" "import --all one.jsonl" "check --fix"; do
+  # shellcheck disable=SC2086
+  run 1 "" "$(lines "$onlyshipped" "gradino-cli: The library \"$(readlink -f prefix)/share/gradino/schemigenerati.mdb\" \
+can only be read: nothing can be stored in it.")" \
+    env XDG_DATA_HOME="$place/inthe-way" prefix/bin/gradino-cli library $command
+done
+cmp "$shipped" prefix/share/gradino/schemigenerati.mdb || fail "the shipped library has changed"
+
 # A better grade is no cure for a second solution.
 printf '{"stringa": "%s", "livello": "0"}\n' "${puzzle/45/..}" >rows.jsonl
 "$cli" library --file several.mdb import rows.jsonl >/dev/null
