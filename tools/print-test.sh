@@ -77,7 +77,8 @@ done
 lpadmin -p paper -E -v file:/dev/null 2>/dev/null
 lpadmin -d paper
 
-GRADINO_PRINT_TEST=1 QT_QPA_PLATFORM=offscreen "$build/tests/window_printing" onpaper
+GRADINO_PRINT_TEST=1 QT_QPA_PLATFORM=offscreen \
+  "$(dirname "$0")/../tests/tools/at-home.sh" "$folder" "$build/tests/window_printing" onpaper
 
 # Both pages are in the spool as the program sent them.
 mapfile -t pages < <(find "$folder/spool" -name 'd*-*' | sort)
