@@ -14,7 +14,7 @@ import sys
 from pathlib import Path
 
 sys.dont_write_bytecode = True  # nothing is left beside the sources
-from tour import PATIENCE, Missed, at_desk, await_end, start_program, tell_desktop, type_line, until, up, xdotool
+from tour import PATIENCE, Missed, at_desk, await_end, parts, start_program, tell_desktop, type_line, until, up, xdotool
 
 SECONDS = 600  # for the whole game; it takes less than thirty
 EXPLAINED = 2  # the step whose explanation he asks for
@@ -85,10 +85,11 @@ class Ears:
         self.announced, self.focused, self.inserted = [], [], []
         Atspi.init()
         Atspi.set_timeout(PATIENCE, PATIENCE)
+        self.main = until("no window", lambda: next(iter(self.windows()), None))
+        # The toolkit misses who begins to listen in the moment in which it becomes active itself.
         self.listener = Atspi.EventListener.new(self.hear)
         for event in self.EVENTS:
             self.listener.register(event)
-        self.main = until("no window", lambda: next(iter(self.windows()), None))
         until("nothing has a name", self.learn)
 
     def hear(self, event):
@@ -114,16 +115,14 @@ class Ears:
     def windows(self):
         desktop = self.atspi.get_desktop(0)
         desktop.set_cache_mask(self.atspi.Cache.NONE)
-        for i in range(desktop.get_child_count()):
-            app = desktop.get_child_at_index(i)
-            if app and app.get_process_id() == self.pid:
+        for app in parts(desktop):
+            if app.get_process_id() == self.pid:
                 app.set_cache_mask(self.atspi.Cache.NONE)
-                return [app.get_child_at_index(n) for n in range(app.get_child_count())]
+                return parts(app)
         return []
 
     def below(self, thing):
-        for i in range(thing.get_child_count()):
-            child = thing.get_child_at_index(i)
+        for child in parts(thing):
             yield child
             if child.get_role() != self.atspi.Role.TEXT:
                 yield from self.below(child)

@@ -170,6 +170,12 @@ def up(title):
     return subprocess.run(search, check=False, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
 
 
+def parts(thing):
+    """What stands on a thing. What goes away meanwhile is not there."""
+    things = (thing.get_child_at_index(i) for i in range(thing.get_child_count()))
+    return [part for part in things if part]
+
+
 class Eyes:
     """The program's windows as a screen reader has them."""
 
@@ -191,16 +197,15 @@ class Eyes:
     def program(self):
         desktop = self.atspi.get_desktop(0)
         desktop.set_cache_mask(self.atspi.Cache.NONE)
-        for i in range(desktop.get_child_count()):
-            app = desktop.get_child_at_index(i)
-            if app and app.get_process_id() == self.pid:
+        for app in parts(desktop):
+            if app.get_process_id() == self.pid:
                 app.set_cache_mask(self.atspi.Cache.NONE)
                 return app
         return None
 
     def windows(self):
         app = self.program()
-        return [app.get_child_at_index(i) for i in range(app.get_child_count())] if app else []
+        return parts(app) if app else []
 
     def other_window(self, test):
         """The first window but the main one that passes the test."""
@@ -208,8 +213,7 @@ class Eyes:
 
     def below(self, thing):
         """All that stands on it. Fields are not taken apart: what they are made of has no name."""
-        for i in range(thing.get_child_count()):
-            child = thing.get_child_at_index(i)
+        for child in parts(thing):
             yield child
             if child.get_role() != self.text_role:
                 yield from self.below(child)

@@ -13,13 +13,14 @@ folder=$(realpath -m "$1")
 shift
 
 # Programs that don't ask the environment would still find the real home. There only such names count as only our
-# programs and those of the tests' desk use, and only where nothing stood before: a user may well play Gradino, or
-# change a setting of his desktop, while the tests run.
+# programs and those of the tests' desk use, and only where nothing stood before: a user may well play Gradino while
+# the tests run. Of the desktop's settings it is the one that a screen reader needs; others are changed at any time.
 reach() {
   local name
-  for name in ~/.config/{dconf,gradino*,Gradino*,QtProject*} ~/.cache/{gradino*,openbox} ~/.local/share/gradino*; do
+  for name in ~/.config/{gradino*,Gradino*,QtProject*} ~/.cache/{gradino*,openbox} ~/.local/share/gradino*; do
     [[ ! -e $name ]] || echo "$name"
   done
+  ! grep -qs toolkit-accessibility ~/.config/dconf/user || echo ~/.config/dconf/user
 }
 # What the tests read beside the sources: who changes that meanwhile doesn't know what was tested.
 touched() {
