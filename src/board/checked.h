@@ -10,13 +10,15 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <string>
 #include <type_traits>
 #include <utility>
 
 namespace gradino {
 
-/// What ended a routine. Words for the user are made of it by faulttext (forms), in the language in force.
+/// What ended a routine. Words for the user are made of it by faulttext (forms/faults.h), in the language in
+/// force.
 struct Fault {
   enum class Kind {
     bounds,    ///< `value` is no index of the table `name`, whose bounds are low to high
@@ -28,6 +30,11 @@ struct Fault {
   long long value = 0;
   long long low = 0, high = 0;
   std::string place;  ///< the routine it happened in
+
+  // What those know that it passes on its way.
+  std::optional<int> cell = {};  ///< whose box brought it about
+  bool ungraded = false;         ///< it ended a grading
+  std::string written = {};      ///< the file that was written before
 };
 
 /// A number together with the routine that speaks it: lets a fault in an operator name its place.

@@ -34,13 +34,24 @@ void freshboard() {
   blockpos.clear();
 }
 
+namespace {
+
+/// The bit of a cell's digit. Checked here, as the table knows no cells.
+std::int32_t bitof(int cell, const char* place) {
+  const std::int32_t value = cellvalue(cell);
+  if (value < 0 || value > 9) throw Fault{Fault::Kind::bounds, "bitvalue", value, 0, 9, place, cell};
+  return bitvalue(value);
+}
+
+}  // namespace
+
 void rebuildusedmask() {
   // The rows go first, one slot at a time: a value that is no digit is met here, behind the rows above it.
   std::int32_t columns[9] = {}, blocks[9] = {};
   for (int row = 0; row < 9; ++row) {
     std::int32_t used = 0;
     for (int col = 0; col < 9; ++col) {
-      const std::int32_t bit = bitvalue(cellvalue(row * 9 + col));
+      const std::int32_t bit = bitof(row * 9 + col, __func__);
       used |= bit;
       columns[col] |= bit;
       blocks[row / 3 * 3 + col / 3] |= bit;
@@ -166,13 +177,13 @@ bool deletecandidate(int cell, int digit) {
   return true;
 }
 
-std::int32_t leadingnumber(std::string_view text) {
+std::int32_t leadingnumber(std::string_view text, std::optional<int> cell) {
   long long number = 0;
   std::size_t i = text.find_first_not_of(' ');
   for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i) {
     number = number * 10 + (text[i] - '0');
     if (number > INT32_MAX)
-      throw Fault{Fault::Kind::overflow, "cellvalue", number, INT32_MIN, INT32_MAX, __func__};
+      throw Fault{Fault::Kind::overflow, "cellvalue", number, INT32_MIN, INT32_MAX, __func__, cell};
   }
   return static_cast<std::int32_t>(number);
 }

@@ -12,6 +12,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -51,7 +52,7 @@ void buildtables();
 void freshboard();
 
 /// All 108 slots of usedmask from cellvalue. A digit twice in a house simply sets its bit once.
-/// Fault: a cellvalue outside 0 to 9.
+/// Fault, with its cell: a cellvalue outside 0 to 9.
 void rebuildusedmask();
 
 /// Narrows candmask to what usedmask allows and rewrites candstr. Never brings a candidate back.
@@ -82,7 +83,7 @@ inline bool hascandidate(int cell, int digit) {
 }
 
 /// The number at the front of a text: leading blanks skipped, digits taken, anything else gives 0.
-/// Fault: a number beyond 32 bits.
-std::int32_t leadingnumber(std::string_view text);
+/// Fault: a number beyond 32 bits, in the box of `cell` where it is one's.
+std::int32_t leadingnumber(std::string_view text, std::optional<int> cell = {});
 
 }  // namespace gradino

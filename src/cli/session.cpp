@@ -1,6 +1,7 @@
 #include "session.h"
 
 #include "captions.h"
+#include "faults.h"
 #include "files.h"
 #include "gradestate.h"
 #include "grid.h"

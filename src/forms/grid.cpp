@@ -39,7 +39,13 @@ void writetext1(int cell, std::string_view text) {
   if (box.text == text) return;
   box.text = text;
   if (!text.empty()) box.visible = true;
-  if (!suppresschange) text1changed(cell);
+  if (suppresschange) return;
+  try {
+    text1changed(cell);
+  } catch (Fault& fault) {
+    if (!fault.cell) fault.cell = cell;  // another one may be told already: each change looks at all of them
+    throw;
+  }
 }
 
 void writetext2(int cell, std::string_view text) {

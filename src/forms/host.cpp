@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
+#include "faults.h"
 #include "grid.h"
 #include "light.h"
-#include "words.h"
 
 namespace gradino {
 

@@ -14,8 +14,6 @@
 #include <string_view>
 #include <variant>
 
-#include "checked.h"
-
 namespace gradino {
 
 inline constexpr int english = 1, italian = 2;
@@ -60,9 +58,6 @@ struct Counted {
 inline std::string say(const Counted& sentence, std::convertible_to<long long> auto const& n) {
   return say(n == 1 ? sentence.one : sentence.many, hole("n", n));
 }
-
-/// What a fault was, for the user.
-std::string faulttext(const Fault& fault);
 
 /// The break between two lines of a text box.
 inline constexpr std::string_view newline = "\r\n";

@@ -71,6 +71,15 @@ void writefile(const std::string& name, const std::string& text) {
   if (!written(name, text)) filefault(name);
 }
 
+/// What stands in the boxes becomes the puzzle.
+void takeboxes() {
+  for (int cell = 0; cell < cells; ++cell) {
+    const std::string& text = frmmain::Text1(cell).text;
+    cellvalue(cell) = leadingnumber(text, cell);
+    givens(cell) = text;
+  }
+}
+
 /// The empty boxes show entries in the plain text colour from here on.
 void plainempty() {
   for (Box& box : frmmain::Text1)
@@ -132,14 +141,15 @@ void mnusave_Click() {
   const std::string name = CD1.filename;
   writefile(name, name.ends_with("lgc") ? puzzledrawing() : puzzleline());
   frmmain::filetxt.text = name;
-  for (int cell = 0; cell < cells; ++cell) {
-    const std::string& text = frmmain::Text1(cell).text;
-    cellvalue(cell) = leadingnumber(text);
-    givens(cell) = text;
+  try {
+    takeboxes();
+    plainempty();
+    countgivens();
+    gradeboard();
+  } catch (Fault& fault) {
+    fault.written = name;
+    throw;
   }
-  plainempty();
-  countgivens();
-  gradeboard();
 }
 
 void mnunew_Click() {

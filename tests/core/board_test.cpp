@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include "faults.h"
 #include "grid.h"
 #include "player.h"
 #include "tables.h"
@@ -100,13 +101,13 @@ TEST_F(Program, AFaultNamesTableIndexBoundsAndPlace) {
     EXPECT_EQ(fault.place, "TestBody");
     EXPECT_EQ(
         faulttext(fault),
-        "Internal error: there is no place 82 in table cellvalue (0 to 81), in TestBody. The command was "
-        "ended; the program goes on.");
+        "An internal limit of the program was reached. The command was ended; the board stays, and the program "
+        "goes on. (table cellvalue 0 to 81, index 82, in TestBody)");
     lingua = italian;
     EXPECT_EQ(
         faulttext(fault),
-        "Errore interno: la posizione 82 non esiste nella tabella cellvalue (da 0 a 81), in TestBody. Il "
-        "comando è stato interrotto; il programma continua.");
+        "È stato raggiunto un limite interno del programma. Il comando è stato interrotto; lo schema resta e il "
+        "programma continua. (tabella cellvalue da 0 a 81, indice 82, in TestBody)");
   }
 }
 

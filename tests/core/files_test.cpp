@@ -498,6 +498,45 @@ TEST_P(Files, WhatIsNoDigitIsSavedAsItStandsAndCountsAsFilled) {
   EXPECT_EQ(filledcount, 28);
 }
 
+// The log goes on from save to save.
+TEST_P(Files, ALogThatIsFullIsToldWithTheFileThatWasWritten) {
+  opentext(puzzle);
+  logcount = 640;
+  savenamed(path("b.sav"));
+  EXPECT_EQ(
+      player.boxes,
+      Strings{
+          in("Il log è pieno: contiene 650 linee. Aprire uno schema ne comincia uno nuovo. Lo schema resta, "
+             "ma non è stato possibile valutarlo. Il file \"" +
+                 path("b.sav") +
+                 "\" è stato scritto comunque. (tabella logvalues da 0 a 650, indice 651, in logsnapshot)",
+             "The log is full: it holds 650 lines. Opening a puzzle begins a new one. The board stays, but "
+             "the puzzle could not be graded. The file \"" +
+                 path("b.sav") +
+                 "\" was written all the same. (table logvalues 0 to 650, index 651, in logsnapshot)")});
+  EXPECT_EQ(bytes(path("b.sav")), puzzle + "\r\n");
+  EXPECT_EQ(values(), puzzle);
+  EXPECT_EQ(boxtexts(), puzzle);
+  player.boxes.clear();
+  opennamed(path("b.sav"));
+  expectpuzzle();
+  EXPECT_EQ(dettaglio, "1x1 ");
+}
+
+TEST_P(Files, ACellWithTwoDigitsIsNamedAndTheFileIsWritten) {
+  opentext(puzzle);
+  player.event([] { Text1_Typed(1, "12"); });
+  player.boxes.clear();
+  savenamed(path("b.sav"));
+  EXPECT_EQ(player.boxes,
+            Strings{in(
+                "12 in r1c2 non è una cifra da 1 a 9: cancellare una delle due. Il file \"" + path("b.sav") +
+                    "\" è stato scritto comunque. (tabella bitvalue da 0 a 9, indice 12, in rebuildusedmask)",
+                "12 in r1c2 is not a digit from 1 to 9: delete one of the two. The file \"" + path("b.sav") +
+                    "\" was written all the same. (table bitvalue 0 to 9, index 12, in rebuildusedmask)")});
+  EXPECT_EQ(bytes(path("b.sav")), "." + std::string("12") + puzzle.substr(2) + "\r\n");
+}
+
 TEST_P(Files, AFileThatCannotBeWrittenIsAFaultThatLeavesTheBoard) {
   opentext(puzzle);
   const Board before = theboard();

@@ -582,7 +582,12 @@ TEST_F(Rectangles, ElevenCellsFitAndTheTwelfthIsAFault) {
   setup({at(8, 4), at(9, 4)});
   Board before = theboard();
   player.event(frmgenerazione::gradeur);
-  EXPECT_EQ(player.boxes.size(), 1u);
+  EXPECT_EQ(
+      player.boxes,
+      std::vector<std::string>{
+          "The unique rectangle finds more than 11 deletions here, more than can be noted. The command was "
+          "ended and the board stays as it was: another technique may go on. (table commoncell 0 to 10, "
+          "index 11, in collect)"});
   EXPECT_FALSE(foundflag);
   EXPECT_EQ(Frmlog::Text3.text, "");
   EXPECT_EQ(theboard(), before);

@@ -241,29 +241,101 @@ TEST_F(Program, TypedTextThatIsNoNumberEmptiesTheCellsValue) {
   EXPECT_EQ(filledcount, 0) << "text that is no number counts one less";
 }
 
-TEST_F(Program, CountingBelowZeroIsAFaultAndTheProgramLivesOn) {
+class Slips : public Bilingual {
+ protected:
+  /// Types a text into a box, where the program is expected to answer in these words.
+  void type(int cell, const std::string& text, const Strings& told) {
+    player.boxes.clear();
+    player.event([&] { Text1_Typed(cell, text); });
+    EXPECT_EQ(player.boxes, told) << text;
+  }
+};
+IN_BOTH_LANGUAGES(Slips);
+
+TEST_P(Slips, ALetterWhereNothingIsFilledIsToldAndSoIsItsGoing) {
   put(emptyboard);
-  player.event([] { Text1_Typed(0, "a"); });
-  ASSERT_EQ(player.boxes.size(), 1u);
-  EXPECT_NE(player.boxes[0].find("filledcount"), std::string::npos);
+  const std::string behind = in(" (contatore filledcount da 0 a 255, valore -1, in text1changed)",
+                                " (counter filledcount 0 to 255, value -1, in text1changed)");
+  type(at(3, 4), "a",
+       {in("Quello che sta in r3c4 non è una cifra da 1 a 9: cancellarlo.",
+           "What stands in r3c4 is not a digit from 1 to 9: delete it.") +
+        behind});
   EXPECT_EQ(filledcount, 0);
-  EXPECT_EQ(Text1(0).text, "a");
-  player.event([] { Text1_Typed(1, "7"); });
+  EXPECT_EQ(Text1(at(3, 4)).text, "a");
+  type(
+      at(3, 4), "",
+      {in("r3c4 è di nuovo vuota, e il conteggio delle celle esposte resta a 0: non può scendere. Se mancano dei "
+          "candidati, \"rigenera candidati\" li riporta.",
+          "r3c4 is empty again, and the count of filled cells stays at 0: it can't go lower. If pencil marks are "
+          "missing, \"refresh pencil marks\" brings them back.") +
+       behind});
+  EXPECT_EQ(visiblemarks(at(3, 4)), "123456789");
+  type(1, "7", {});
   EXPECT_EQ(cellvalue(1), 7);
   EXPECT_EQ(filledcount, 1);
 }
 
-TEST_F(Program, ANumberAboveNineIsAFaultInTheMasks) {
-  put(emptyboard);
-  player.event([] { Text1_Typed(0, "1"); });
-  player.event([] { Text1_Typed(0, "12"); });
-  ASSERT_EQ(player.boxes.size(), 1u);
-  EXPECT_NE(player.boxes[0].find("bitvalue"), std::string::npos);
-  EXPECT_EQ(cellvalue(0), 12);
-  EXPECT_EQ(filledcount, 1);
-  player.event([] { Text1_Typed(0, "1"); });
-  EXPECT_EQ(cellvalue(0), 1);
+// The count has drifted: the digit that goes counted for nothing, and its cell stays without pencil marks.
+TEST_P(Slips, MarksThatAreMissingThenComeBackByTheKeyThatIsTold) {
+  put(with({{0, '5'}}));
+  type(1, "a", {});
+  player.event([] { Text1_Typed(0, ""); });
   EXPECT_EQ(player.boxes.size(), 1u);
+  EXPECT_EQ(candmask(0), 0);
+  press(Toolbar1::refresh);
+  EXPECT_EQ(visiblemarks(0), "123456789");
+}
+
+TEST_P(Slips, ASecondDigitInACellNamesCellAndCure) {
+  put(emptyboard);
+  const Strings told = {
+      in("56 in r3c4 non è una cifra da 1 a 9: cancellare una delle due. (tabella bitvalue da 0 a "
+         "9, indice 56, in rebuildusedmask)",
+         "56 in r3c4 is not a digit from 1 to 9: delete one of the two. (table bitvalue 0 to 9, "
+         "index 56, in rebuildusedmask)")};
+  type(at(3, 4), "5", {});
+  type(at(3, 4), "56", told);
+  EXPECT_EQ(cellvalue(at(3, 4)), 56);
+  EXPECT_EQ(filledcount, 1);
+  type(at(1, 1), "7", told);  // every change looks at all cells: the one that is wrong is named
+  type(at(3, 4), "5", {});
+  EXPECT_EQ(cellvalue(at(3, 4)), 5);
+  type(at(1, 1), "", {});
+}
+
+TEST_P(Slips, MoreThanTwoDigitsAreToLeaveOne) {
+  put(emptyboard);
+  type(
+      80, "123",
+      {in("123 in r9c9 non è una cifra da 1 a 9: lasciare una sola delle sue cifre. (tabella bitvalue da 0 a 9, "
+          "indice 123, in rebuildusedmask)",
+          "123 in r9c9 is not a digit from 1 to 9: leave only one of its digits. (table bitvalue 0 to 9, index 123, "
+          "in rebuildusedmask)")});
+  type(
+      80, "2147483648",
+      {in("Il numero in r9c9 non è una cifra da 1 a 9: lasciare una sola delle sue cifre. (contatore cellvalue da "
+          "-2147483648 a 2147483647, valore 2147483648, in leadingnumber)",
+          "The number in r9c9 is not a digit from 1 to 9: leave only one of its digits. (counter cellvalue "
+          "-2147483648 to 2147483647, value 2147483648, in leadingnumber)")});
+  type(80, "1", {});
+}
+
+TEST_P(Slips, ADigitWrittenOverTooOftenIsTold) {
+  put(emptyboard);
+  for (int n = 0; n < 255; ++n) type(0, n % 2 == 0 ? "1" : "2", {});
+  type(
+      0, "2",
+      {in("Il conteggio delle celle esposte non può superare 255: una cifra scritta sopra un'altra conta una volta in "
+          "più. Salvare lo schema fa ricontare le celle. (contatore filledcount da 0 a 255, valore 256, in "
+          "text1changed)",
+          "The count of filled cells can't go above 255: a digit that is written over another counts once more. "
+          "Saving the board has the cells counted anew. (counter filledcount 0 to 255, value 256, in "
+          "text1changed)")});
+  player.boxes.clear();
+  player.names = {path("a.sav")};
+  player.event(mnusave_Click);
+  EXPECT_EQ(filledcount, 1);
+  type(0, "3", {});
 }
 
 // ---- editing pencil marks

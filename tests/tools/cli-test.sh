@@ -341,6 +341,19 @@ run 1 "$("$cli" techniques boards.jsonl)" "$(lines \
   "standard input:6: not an object with values, cands, solution and nishio")" \
   bash -c "(echo 1; echo 2; cat boards.jsonl; echo 3) | $cli techniques"
 
+echo "cli-test: a puzzle that is more than a table holds is told in one line, in the language asked for"
+lines ..54..2.....3...867...6...5...6.......8..3.1.....8942.....3.8..2.4..1.3..9....... >large.sdm
+fault() { "$cli" grade "$@" large.sdm | sed -n '2s/.*[.]\{6\}  *//p;3,$p'; }
+told() { "$cli" grade --json "$@" large.sdm | sed 's/.*"fault":"\([^"]*\)".*/\1/'; }
+english="X-colors find more than 61 deletions here, more than can be noted. The board stays, but the puzzle could not \
+be graded. (table xdeletecell 0 to 60, index 61, in recorddeletions)"
+italian="I colori X trovano qui più di 61 eliminazioni, più di quante se ne possano annotare. Lo schema resta, ma non \
+è stato possibile valutarlo. (tabella xdeletecell da 0 a 60, indice 61, in recorddeletions)"
+same "a fault" "$(fault)" "$english"
+same "a fault in Italian" "$(fault --lang it)" "$italian"
+same "a fault in an object" "$(told)" "$english"
+same "a fault in an object, in Italian" "$(told --lang it)" "$italian"
+
 echo "cli-test: the library"
 puzzles=library.mdb
 printf '{"stringa": "%s", "livello": "5", "numeri": "30", "difficolta": "%s", "progressivo": "%s"}\n' \
