@@ -5,7 +5,7 @@
 #
 #   tests/tools/at-home.sh FOLDER COMMAND...     the home is made in the folder
 set -euo pipefail
-folder=$1
+folder=$(realpath -m "$1")
 shift
 
 # The bus takes no name of a socket beyond 99 bytes, and those of a desk within the home are up to 43 longer than this.
