@@ -15,6 +15,7 @@
 #include "light.h"
 #include "menu.h"
 #include "puzzlefile.h"
+#include "replacefile.h"
 #include "replay.h"
 #include "tables.h"
 #include "view.h"
@@ -38,37 +39,6 @@ std::ifstream openfile(const std::string& name) {
   if (std::filesystem::is_regular_file(name, error)) file.open(name, std::ios::binary);
   if (!file.is_open()) filefault(name);
   return file;
-}
-
-bool written(const std::string& name, const std::string& text) {
-  std::ofstream file(name, std::ios::binary | std::ios::trunc);
-  file << text << newline;
-  file.close();
-  return !file.fail();
-}
-
-/// Replaces the file, or leaves the one that is there as it was: the new one is written beside it first,
-/// where there is room for it. A write-protected file is refused, and so is what would wait for a reader.
-void writefile(const std::string& name, const std::string& text) {
-  namespace fs = std::filesystem;
-  std::error_code error;
-  const fs::file_status there = fs::status(name, error);
-  if (fs::exists(there) && !fs::is_regular_file(there) && !fs::is_character_file(there)) filefault(name);
-  if (fs::is_regular_file(there)) {
-    if (!std::ofstream(name, std::ios::binary | std::ios::app)) filefault(name);
-    const fs::path target = fs::canonical(name, error);
-    const fs::path beside = target.string() + ".new";
-    const bool free = !fs::is_regular_file(beside, error);  // nobody's file is written over
-    if (free && std::ofstream(beside, std::ios::binary)) {
-      bool done = written(beside.string(), text);
-      if (done) fs::permissions(beside, there.permissions(), error);
-      if (done) fs::rename(beside, target, error);
-      if (done && !error) return;
-      fs::remove(beside, error);
-      filefault(name);
-    }
-  }
-  if (!written(name, text)) filefault(name);
 }
 
 /// What stands in the boxes becomes the puzzle.
@@ -139,7 +109,8 @@ void mnusave_Click() {
   CD1.filename = dettaglio;
   host.showsave(CD1);
   const std::string name = CD1.filename;
-  writefile(name, name.ends_with("lgc") ? puzzledrawing() : puzzleline());
+  const std::string content = name.ends_with("lgc") ? puzzledrawing() : puzzleline();
+  if (!replacefile(name, content + std::string(newline))) filefault(name);
   frmmain::filetxt.text = name;
   try {
     takeboxes();

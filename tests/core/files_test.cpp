@@ -2,9 +2,13 @@
 #include "files.h"
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
+#include <fstream>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include "captions.h"
 #include "commands.h"
@@ -56,6 +60,50 @@ const std::string drawn =
     "| .     8     9     | .     .     .     | .     .     .     |\r\n"
     "=============================================================\r\n";
 
+/// While it lives, no file grows beyond so many bytes.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit now{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &now);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, signal_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit before_{};
+  void (*signal_)(int);
+};
+
+constexpr uid_t nobodysnumber = 65534;
+
+/// A folder of root's with one file in it that belongs to nobody: while it lives, the program is nobody, who
+/// may write the file but not the folder.
+class Nobodysfile {
+ public:
+  Nobodysfile(const std::string& folder, const std::string& file) {
+    namespace fs = std::filesystem;
+    fs::permissions(folder, fs::perms(0755));
+    changed_ = ::chown(file.c_str(), nobodysnumber, nobodysnumber) == 0 && ::seteuid(nobodysnumber) == 0;
+    possible = changed_ && std::ofstream(file, std::ios::app).is_open();  // no folder above is closed to him
+  }
+  ~Nobodysfile() {
+    if (changed_ && ::seteuid(0) != 0) ADD_FAILURE() << "nobody stays nobody";
+  }
+  Nobodysfile(const Nobodysfile&) = delete;
+  Nobodysfile& operator=(const Nobodysfile&) = delete;
+
+  bool possible = false;
+
+ private:
+  bool changed_ = false;
+};
+
 class Files : public Bilingual {
  protected:
   const Strings failed = {in("errore nel salvataggio", "error on saving process")};
@@ -67,6 +115,14 @@ class Files : public Bilingual {
   void startafresh() {
     player.boxes.clear();
     frmmain::filetxt.text.clear();
+  }
+  /// What stands in the test's folder, hidden files too.
+  Strings listing() const {
+    Strings names;
+    for (const auto& entry : std::filesystem::directory_iterator(path("")))
+      names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
   }
   void savenamed(const std::string& name) {
     player.names.push_back(name);
@@ -553,15 +609,78 @@ TEST_P(Files, AFileThatCannotBeWrittenIsAFaultThatLeavesTheBoard) {
   }
 }
 
-TEST_P(Files, AFailedWriteKeepsTheOldFile) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
-  // A link to a device that takes no bytes stands in for a full disk where the new file is first written.
+TEST_P(Files, AFailedSaveLeavesTheFolderAsItWas) {
   opentext(puzzle);
-  file("b.sav", "the old file");
-  std::filesystem::create_symlink("/dev/full", path("b.sav.new"));
-  savenamed(path("b.sav"));
+  file("old.sav", "the old file");
+  file("old.sav.new", "somebody's");
+  const Strings before = listing();
+  for (const char* name : {"old.sav", "new.sav"}) {
+    player.boxes.clear();
+    const FullDisk full(10);
+    savenamed(path(name));
+    EXPECT_EQ(player.boxes.size(), 1u) << name;
+    EXPECT_EQ(frmmain::filetxt.text, path("puzzle.txt"));
+  }
+  EXPECT_EQ(listing(), before);
+  EXPECT_EQ(bytes(path("old.sav")), "the old file");
+  EXPECT_EQ(bytes(path("old.sav.new")), "somebody's");
+}
+
+TEST_P(Files, ASaveLeavesNothingBesideItsFile) {
+  opentext(puzzle);
+  file("old.sav", "the old file");
+  file("old.sav.new", "somebody's");
+  savenamed(path("old.sav"));
+  savenamed(path("new.sav"));
+  EXPECT_EQ(listing(), (Strings{"new.sav", "old.sav", "old.sav.new", "puzzle.txt"}));
+  EXPECT_EQ(bytes(path("old.sav")), puzzle + "\r\n");
+  EXPECT_EQ(bytes(path("new.sav")), puzzle + "\r\n");
+  EXPECT_EQ(bytes(path("old.sav.new")), "somebody's");
+}
+
+// There the file itself is written over. What stands in it is longer than a puzzle, or shorter.
+TEST_P(Files, InAFolderThatCannotBeWrittenAFileIsReplacedOrStays) {
+  for (const std::string& old : {std::string("short"), std::string(500, 'l')}) {
+    opentext(puzzle);
+    player.boxes.clear();
+    file("b.sav", old);
+    const Nobodysfile nobody(path(""), path("b.sav"));
+    if (!nobody.possible) GTEST_SKIP() << "only root can be somebody else";
+    {
+      const FullDisk full(10);
+      savenamed(path("b.sav"));
+    }
+    EXPECT_EQ(player.boxes.size(), 1u);
+    EXPECT_EQ(bytes(path("b.sav")), old);
+    savenamed(path("b.sav"));
+    EXPECT_EQ(player.boxes.size(), 1u);
+    EXPECT_EQ(bytes(path("b.sav")), puzzle + "\r\n");
+    savenamed(path("c.sav"));
+    EXPECT_EQ(player.boxes.size(), 2u);
+    EXPECT_EQ(listing(), (Strings{"b.sav", "puzzle.txt"}));
+  }
+}
+
+TEST_P(Files, ASavedFileKeepsItsPermissionsAndItsLinks) {
+  namespace fs = std::filesystem;
+  opentext(puzzle);
+  file("old.sav", "the old file");
+  fs::permissions(path("old.sav"), fs::perms::owner_read | fs::perms::owner_write);
+  fs::create_hard_link(file("twice.sav", "twice"), path("twin.sav"));
+  fs::create_symlink("old.sav", path("link.sav"));
+  fs::create_symlink("made.sav", path("ahead.sav"));
+  fs::create_symlink("circle.sav", path("circle.sav"));
+  for (const char* name : {"link.sav", "twice.sav", "ahead.sav"}) savenamed(path(name));
+  EXPECT_EQ(player.boxes, Strings{});
+  for (const char* name : {"old.sav", "twin.sav", "made.sav"})
+    EXPECT_EQ(bytes(path(name)), puzzle + "\r\n") << name;
+  EXPECT_EQ(fs::read_symlink(path("link.sav")), "old.sav");
+  EXPECT_EQ(fs::read_symlink(path("ahead.sav")), "made.sav");
+  EXPECT_EQ(fs::hard_link_count(path("twin.sav")), 2u);
+  EXPECT_EQ(fs::status(path("old.sav")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  savenamed(path("circle.sav"));
   EXPECT_EQ(player.boxes.size(), 1u);
-  EXPECT_EQ(bytes(path("b.sav")), "the old file");
+  EXPECT_EQ(fs::read_symlink(path("circle.sav")), "circle.sav");
 }
 
 TEST_P(Files, EverythingOnTheBoardComesBackByOpening) {

@@ -1,0 +1,130 @@
+#include "replacefile.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+#include <utility>
+
+#include <sys/stat.h>
+
+#include "wholefile.h"
+
+namespace gradino {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Close {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, Close>;
+
+/// Without a buffer: what was refused once must not come along with what is written next.
+File opened(const fs::path& name, const char* mode) {
+  File file(std::fopen(name.string().c_str(), mode));
+  if (file) std::setvbuf(file.get(), nullptr, _IONBF, 0);
+  return file;
+}
+
+/// Writes the text from the file's beginning on.
+bool put(std::FILE* file, const std::string& text) {
+  if (std::fseek(file, 0, SEEK_SET) != 0 && errno != ESPIPE) return false;
+  return std::fwrite(text.data(), 1, text.size(), file) == text.size();
+}
+
+/// The file that a link leads to in the end, which need not be there.
+fs::path behindlinks(fs::path name) {
+  constexpr int longest = 40;  // what leads further leads in a circle
+  std::error_code error;
+  for (int n = 0; n < longest && fs::is_symlink(name, error); ++n)
+    name = name.parent_path() / fs::read_symlink(name, error);
+  return name;
+}
+
+/// A new file beside the target, which nobody else writes: none where the folder can't be written.
+struct Beside {
+  fs::path name;
+  File file;
+};
+Beside newbeside(const fs::path& target) {
+  constexpr int names = 1000;
+  for (int n = 0; n < names; ++n) {
+    const fs::path name = target.parent_path() / (".gradino-" + std::to_string(n) + ".new");
+    if (File file = opened(name, "wbx")) return {name, std::move(file)};
+    if (errno != EEXIST) break;
+  }
+  return {};
+}
+
+/// Whether another file can take this one's place: a new one would have a new owner, and a second name of the
+/// old one would go on leading to the old text.
+bool replaceable(const fs::path& target, const fs::path& beside) {
+  struct stat there = {};
+  struct stat fresh = {};
+  if (::stat(target.string().c_str(), &there) != 0 || ::stat(beside.string().c_str(), &fresh) != 0)
+    return false;
+  return there.st_uid == fresh.st_uid && there.st_gid == fresh.st_gid && there.st_nlink == 1;
+}
+
+enum class Outcome { done, failed, impossible };
+
+/// Writes a new file, waits until the disk has it, and lets it take the target's place. Impossible: it has to
+/// be this very file.
+Outcome replaced(const fs::path& target, const fs::file_status& there, const std::string& text) {
+  Beside beside = newbeside(target);
+  if (!beside.file) return Outcome::impossible;
+  const bool old = fs::exists(there);
+  Outcome outcome = Outcome::impossible;
+  if (!old || replaceable(target, beside.name))
+    outcome = put(beside.file.get(), text) && !flush(beside.name) ? Outcome::done : Outcome::failed;
+  beside.file.reset();
+  std::error_code error, ignored;
+  if (outcome == Outcome::done) {
+    if (old) fs::permissions(beside.name, there.permissions(), error);
+    if (!error) error = putinplace(beside.name, target);
+    if (error) outcome = Outcome::impossible;
+  }
+  if (outcome != Outcome::done) fs::remove(beside.name, ignored);
+  return outcome;
+}
+
+/// Writes over the old text, and cuts off what is left of it when the new one is safe: a puzzle is so short
+/// that it goes to the disk in one piece, and the file needs no room but for what it grows by. If it fails
+/// all the same, the old text is put back.
+bool overwritten(const fs::path& target, const std::string& text) {
+  std::error_code error, ignored;
+  const std::uintmax_t length = fs::file_size(target, error);
+  const File file = opened(target, "r+b");
+  if (error || !file) return false;
+  std::string old(length < text.size() ? static_cast<std::size_t>(length) : text.size(), '\0');
+  if (std::fread(old.data(), 1, old.size(), file.get()) != old.size()) return false;
+  if (put(file.get(), text) && !flush(target)) {
+    if (length > text.size()) fs::resize_file(target, text.size(), error);
+    if (!error) return true;
+  }
+  put(file.get(), old);  // where this is refused too, the old text still stands
+  fs::resize_file(target, length, ignored);
+  return false;
+}
+
+}  // namespace
+
+bool replacefile(const std::string& name, const std::string& text) {
+  const fs::path target = behindlinks(name);
+  std::error_code error;
+  const fs::file_status there = fs::status(target, error);
+  if (fs::is_character_file(there)) {
+    const File device = opened(target, "wb");
+    return device && put(device.get(), text);
+  }
+  const bool old = fs::is_regular_file(there);
+  if (!old && there.type() != fs::file_type::not_found) return false;
+  if (old && !opened(target, "ab")) return false;
+  const Outcome outcome = replaced(target, there, text);
+  return outcome == Outcome::done || (outcome == Outcome::impossible && old && overwritten(target, text));
+}
+
+}  // namespace gradino
