@@ -77,8 +77,11 @@ done
 lpadmin -p paper -E -v file:/dev/null 2>/dev/null
 lpadmin -d paper
 
-GRADINO_PRINT_TEST=1 QT_QPA_PLATFORM=offscreen \
-  "$(dirname "$0")/../tests/tools/at-home.sh" "$folder" "$build/tests/window_printing" onpaper
+prints() {
+  GRADINO_PRINT_TEST=$1 QT_QPA_PLATFORM=offscreen \
+    "$(dirname "$0")/../tests/tools/at-home.sh" "$folder" "$build/tests/window_printing" "$2"
+}
+prints 1 onpaper
 
 # Both pages are in the spool as the program sent them.
 mapfile -t pages < <(find "$folder/spool" -name 'd*-*' | sort)
@@ -86,6 +89,17 @@ if ((${#pages[@]} != 2)); then
   echo "print-test: ${#pages[@]} pages arrived, not 2" >&2
   exit 1
 fi
+
+# From a queue that prints nothing no page is to be expected: the program says so, and sends none.
+cupsreject paper
+prints rejecting refused
+cupsaccept paper
+cupsdisable paper
+prints stopped refused
+if [[ $(find "$folder/spool" -name 'd*-*' | wc -l) != 2 ]]; then
+  echo "print-test: a page was sent to a queue that doesn't print" >&2
+  exit 1
+fi
 pdftoppm -png -singlefile -r 96 "${pages[-1]}" "$folder/page"
 [[ -z ${2:-} ]] || cp "$folder/page.png" "$2"
-echo "print-test: 2 pages arrived"
+echo "print-test: 2 pages arrived, and none where none is printed"

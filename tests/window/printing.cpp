@@ -5,6 +5,7 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QStandardPaths>
+#include <stdexcept>
 
 #include "boxes.h"
 #include "mainwindow.h"
@@ -19,7 +20,9 @@ class Printing : public QObject {
   void page_data();
   void page();
   void noprinter();
+  void refusals();
   void onpaper();
+  void refused();
 };
 
 namespace {
@@ -125,6 +128,27 @@ void Printing::noprinter() {
   QCOMPARE(user.text("txtesposti"), "30");
 }
 
+void Printing::refusals() {
+  User user;
+  const auto told = [](Queue queue) {
+    try {
+      expectpage("paper", queue);
+    } catch (const std::runtime_error& error) {
+      return QString(error.what());
+    }
+    return QString();
+  };
+  const Queue rejecting{.rejects = true}, standing{.stands = true}, both{.rejects = true, .stands = true};
+  const auto all = [&] { return QStringList({told({}), told(rejecting), told(standing), told(both)}); };
+  QCOMPARE(all(), QStringList({"", "The printer \"paper\" takes no jobs. The puzzle stays as it is.",
+                               "The printer \"paper\" is stopped. The puzzle stays as it is.",
+                               "The printer \"paper\" takes no jobs. The puzzle stays as it is."}));
+  user.press("cmdlan");
+  QCOMPARE(all(), QStringList({"", "La stampante \"paper\" non accetta stampe. Lo schema resta com'è.",
+                               "La stampante \"paper\" è ferma. Lo schema resta com'è.",
+                               "La stampante \"paper\" non accetta stampe. Lo schema resta com'è."}));
+}
+
 // From the menu at once; from the toolbar with the pencil marks turned on behind it.
 void Printing::onpaper() {
   if (!qEnvironmentVariableIsSet("GRADINO_PRINT_TEST")) QSKIP("to be run by tools/print-test.sh");
@@ -137,6 +161,19 @@ void Printing::onpaper() {
   user.press("Toolbar2_print");
   QCOMPARE(user.boxes, QStringList());
   QVERIFY(user.menu("mnupencil")->isChecked());
+}
+
+// The queue is there but prints nothing: it was told so before.
+void Printing::refused() {
+  const QString why = qEnvironmentVariable("GRADINO_PRINT_TEST");
+  if (why != "rejecting" && why != "stopped") QSKIP("to be run by tools/print-test.sh");
+  User user;
+  user.open(easypuzzle);
+  user.choose("mnuprint");
+  QCOMPARE(user.boxes,
+           QStringList(why == "stopped" ? "The printer \"paper\" is stopped. The puzzle stays as it is."
+                                        : "The printer \"paper\" takes no jobs. The puzzle stays as it is."));
+  QCOMPARE(user.text("Text1_0"), "5");
 }
 
 WINDOW_TESTS(Printing)
