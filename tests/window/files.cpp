@@ -1,7 +1,11 @@
 // Opening and saving through the real file dialog.
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
 
 #include "mainwindow.h"
 #include "user.h"
@@ -21,11 +25,20 @@ class Files : public QObject {
   void missingfile();
   void saves();
   void suggestedname();
+  void folderusedlast();
+  void quotesinaname_data();
+  void quotesinaname();
+  void quotesinafolder();
+  void quotesinthelist();
   void fullboardsavesgivens();
   void folderthatcannotbewritten();
 };
 
 namespace {
+
+/// One step of level 2, the rest is easier.
+const QByteArray puzzlewithsteps =
+    ".......1.4.........2...........5.4.7..8...3....1.9....3..4..2...5.1........8.6...";
 
 const QString openwords =
     "Puzzle salvati (*.sav)|File di testo (*.txt)|schemi (*.sas)|sudokusol (*.sdk;*.txt)|"
@@ -121,13 +134,107 @@ void Files::saves() {
 // The suggested name is the short form of the steps, blank and all.
 void Files::suggestedname() {
   User user;
-  const QByteArray puzzle =
-      ".......1.4.........2...........5.4.7..8...3....1.9....3..4..2...5.1........8.6...";
-  user.open(puzzle);
+  user.open(puzzlewithsteps);
   user.names = {user.file("mine.sav")};
   user.choose("mnusave");
   QCOMPARE(user.suggestions.value(1), "1x2 ");
-  QCOMPARE(user.bytes("mine.sav"), puzzle + "\r\n");
+  QCOMPARE(user.bytes("mine.sav"), puzzlewithsteps + "\r\n");
+}
+
+// Whichever dialog used it. What was cancelled used none.
+void Files::folderusedlast() {
+  User user;
+  QStringList folders;
+  const auto note = [&](const QString& name) {
+    auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+    auto* field = dialog->findChild<QLineEdit*>("fileNameEdit");
+    folders << dialog->directory().absolutePath() + "|" + field->text();
+    if (name.isEmpty()) return QTest::keyClick(dialog, Qt::Key_Escape);
+    field->setText(name);
+    dialog->findChild<QDialogButtonBox*>()->buttons().first()->click();
+  };
+  const QDir base(QFileInfo(user.file("x")).absolutePath());
+  QVERIFY(base.mkdir("opened") && base.mkdir("saved"));
+  user.file("opened/puzzle.sav", puzzlewithsteps);
+  const auto answer = [&](const QString& name) { user.ondialog = [&note, name] { note(name); }; };
+  answer(user.file("opened/puzzle.sav"));
+  user.choose("mnuopen");
+  answer(user.file("saved/mine.sav"));
+  user.choose("mnusave");
+  answer("again.sav");
+  user.choose("mnusave");
+  answer("");
+  user.choose("mnuopen");
+  QCOMPARE(folders.mid(1), QStringList({user.file("opened") + "|1x2 ", user.file("saved") + "|1x2 ",
+                                        user.file("saved") + "|again.sav"}));
+  QCOMPARE(user.bytes("saved/again.sav"), puzzlewithsteps + "\r\n");
+}
+
+void Files::quotesinaname_data() {
+  QTest::addColumn<QString>("name");
+  for (const char* name : {R"(a"b"c.sav)", R"("b")", R"(a"b)", R"(b")", R"("")"}) QTest::newRow(name) << name;
+}
+// The name is the one that was typed; no file of another name is touched.
+void Files::quotesinaname() {
+  QFETCH(QString, name);
+  User user;
+  user.open(easypuzzle);
+  user.file("b", "another file");
+  user.names = {name};
+  user.choose("mnusave");
+  QCOMPARE(user.text("filetxt"), user.file(name));
+  QCOMPARE(user.bytes(name), easypuzzle + "\r\n");
+  QCOMPARE(user.bytes("b"), "another file");
+  user.choose("mnunew");
+  user.names = {name};
+  user.choose("mnuopen");
+  QCOMPARE(user.text("filetxt"), user.file(name));
+  QCOMPARE(user.text("Text1_0"), "5");
+}
+
+// The name of a folder leads into it.
+void Files::quotesinafolder() {
+  User user;
+  user.open(easypuzzle);
+  QVERIFY(QDir().mkdir(user.file(R"(a"b"c)")));
+  QString entered, left;
+  user.ondialog = [&] {
+    auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+    auto* field = dialog->findChild<QLineEdit*>("fileNameEdit");
+    if (!entered.isEmpty()) return QTest::keyClick(dialog, Qt::Key_Escape);
+    field->setText(R"(a"b"c)");
+    dialog->findChild<QDialogButtonBox*>()->buttons().first()->click();
+    entered = dialog->directory().absolutePath();
+    left = field->text();
+  };
+  user.choose("mnuopen");
+  QCOMPARE(entered, user.file(R"(a"b"c)"));
+  QCOMPARE(left, "");
+}
+
+// A click on a file in the list means that file.
+void Files::quotesinthelist() {
+  User user;
+  user.file(R"(a"b.sav"c.sav)", easypuzzle);
+  user.file("b.sav", easysolution);
+  user.open(easypuzzle);
+  const QString before = QDir::currentPath();
+  QDir::setCurrent(QFileInfo(user.file("b.sav")).absolutePath());
+  user.ondialog = [&] {
+    auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+    auto* list = dialog->findChild<QListView*>("listView");
+    const QModelIndex index = list->model()
+                                  ->match(list->model()->index(0, 0, list->rootIndex()), Qt::DisplayRole,
+                                          R"(a"b.sav"c.sav)", 1, Qt::MatchExactly)
+                                  .value(0);
+    if (!index.isValid()) return;  // the folder is still being read
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(index).center());
+    if (!list->selectionModel()->isSelected(index)) return;  // it has moved on
+    dialog->findChild<QDialogButtonBox*>()->buttons().first()->click();
+  };
+  user.choose("mnuopen");
+  QDir::setCurrent(before);
+  QCOMPARE(user.text("filetxt"), user.file(R"(a"b.sav"c.sav)"));
 }
 
 void Files::fullboardsavesgivens() {

@@ -1,10 +1,13 @@
 #include "filedialog.h"
 
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
 
 #include "events.h"
 #include "menu.h"
@@ -23,6 +26,43 @@ QString said(const Words& words) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// The toolkit takes quotes for those of a list of names, and of the name a"b"c it would make b. Here a name
+/// is what stands in the field.
+class NameDialog : public QFileDialog {
+ public:
+  using QFileDialog::QFileDialog;
+
+  QLineEdit* field() const { return findChild<QLineEdit*>("fileNameEdit"); }
+
+  /// As it was typed, made absolute.
+  QString name() const {
+    return quoted() ? directory().absoluteFilePath(field()->text()) : selectedFiles().value(0);
+  }
+
+  /// What the toolkit finds by its own reading of a name is undone: a button that refuses what would be no
+  /// list, and in the field files that nobody chose, beside the one that was clicked.
+  void allowquotes() {
+    const auto which = acceptMode() == AcceptOpen ? QDialogButtonBox::Open : QDialogButtonBox::Save;
+    QPushButton* button = findChild<QDialogButtonBox*>()->button(which);
+    connect(field(), &QLineEdit::textChanged, button, [this, button](const QString& chosen) {
+      if (!chosen.contains('"')) return;
+      const QSignalBlocker quiet(field());
+      if (field()->text() != chosen) field()->setText(chosen);
+      button->setEnabled(true);
+    });
+  }
+
+  void accept() override {
+    if (!quoted()) return QFileDialog::accept();
+    if (!QFileInfo(name()).isDir()) return done(Accepted);
+    setDirectory(name());
+    field()->clear();
+  }
+
+ private:
+  bool quoted() const { return field()->text().contains('"'); }
+};
+
 /// "words|*.a;*.b|words|..." as the toolkit wants it: "words (*.a *.b)". It can't read patterns with
 /// semicolons, so the words themselves are put back behind it.
 void setfilter(QFileDialog& dialog, const std::string& filter) {
@@ -37,14 +77,17 @@ void setfilter(QFileDialog& dialog, const std::string& filter) {
   for (qsizetype n = 0; n < words.size(); ++n) combo->setItemText(static_cast<int>(n), words[n]);
 }
 
-/// The name of the last use, in its folder; a plain name in the folder that was used last.
-void presetname(QFileDialog& dialog, const std::string& filename) {
+/// The folder that was used last, to open or to save.
+QString& lastfolder() {
   static QString folder = QDir::currentPath();
+  return folder;
+}
+
+/// The name of the last use, in its folder; a plain name in the folder that was used last.
+void presetname(NameDialog& dialog, const std::string& filename) {
   const QFileInfo last(QString::fromStdString(filename));
-  if (last.isAbsolute() && last.dir().exists()) folder = last.absolutePath();
-  dialog.setDirectory(folder);
-  dialog.findChild<QLineEdit*>("fileNameEdit")
-      ->setText(last.isAbsolute() ? last.fileName() : last.filePath());
+  dialog.setDirectory(lastfolder());
+  dialog.field()->setText(last.isAbsolute() ? last.fileName() : last.filePath());
 }
 
 void speak(QFileDialog& dialog, const Control& command) {
@@ -57,7 +100,7 @@ void speak(QFileDialog& dialog, const Control& command) {
   dialog.setLabelText(QFileDialog::FileType, said(typeword));
 }
 
-void ask(QFileDialog& dialog, CommonDialog& asked, const Control& command) {
+void ask(NameDialog& dialog, CommonDialog& asked, const Control& command) {
   dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
   dialog.setFileMode(QFileDialog::AnyFile);
   speak(dialog, command);
@@ -65,22 +108,26 @@ void ask(QFileDialog& dialog, CommonDialog& asked, const Control& command) {
   presetname(dialog, asked.filename);
   // A list of proposals that is still open when the Return key ends the dialog keeps the focus from coming
   // back to the board: whoever works by keyboard would be stuck.
-  dialog.findChild<QLineEdit*>("fileNameEdit")->setCompleter(nullptr);
+  dialog.field()->setCompleter(nullptr);
+  dialog.allowquotes();
   const bool chosen = dialog.exec() == QDialog::Accepted;
   leaveifended();
-  if (chosen) asked.filename = dialog.selectedFiles().value(0).toStdString();
+  if (!chosen) return;
+  asked.filename = dialog.name().toStdString();
+  if (const QDir folder = QFileInfo(dialog.name()).dir(); folder.exists())
+    lastfolder() = folder.absolutePath();
 }
 
 }  // namespace
 
 void askopen(QWidget* parent, CommonDialog& asked) {
-  QFileDialog dialog(parent);
+  NameDialog dialog(parent);
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   ask(dialog, asked, frmmain::mnuopen);
 }
 
 void asksave(QWidget* parent, CommonDialog& asked) {
-  QFileDialog dialog(parent);
+  NameDialog dialog(parent);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   ask(dialog, asked, frmmain::mnusave);
 }
