@@ -1,8 +1,12 @@
 // The user's hand on the board: ring, keys, pencil marks, palette.
 #include "editing.h"
 
+#include <QAction>
 #include <QClipboard>
+#include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 
 #include "mainwindow.h"
 #include "user.h"
@@ -37,6 +41,7 @@ class Editing : public QObject {
   void mnuedit();
   void marksreadonly();
   void marksedited();
+  void contextmenus();
   void painting();
   void paintinginwait();
   void palette_data();
@@ -325,6 +330,27 @@ void Editing::marksedited() {
   user.press("Toolbar1_modifica");
   QCOMPARE(user.text("Text2_2"), "");
   QVERIFY(user.shown("candidate_29") && user.shown("candidate_22") && !user.shown("candidate_21"));
+}
+
+// The menus of the right button speak the language of the moment in which they open.
+void Editing::contextmenus() {
+  User user;
+  user.choose("mnuedit");
+  const auto words = [](QMenu* menu) {
+    QStringList all;
+    for (const QAction* action : menu->actions())
+      if (!action->isSeparator()) all << action->text().section('\t', 0, 0);
+    delete menu;
+    return all;
+  };
+  const QStringList inenglish = {"&Undo", "&Redo", "Cu&t", "&Copy", "&Paste", "Delete", "Select All"};
+  const QStringList initalian = {"&Annulla", "&Ripeti", "&Taglia",        "&Copia",
+                                 "&Incolla", "Elimina", "Seleziona tutto"};
+  for (const QStringList& expected : {inenglish, initalian, inenglish}) {
+    QCOMPARE(words(user.get<QLineEdit>("Text1_0")->createStandardContextMenu()), expected);
+    QCOMPARE(words(user.get<QPlainTextEdit>("Text2_2")->createStandardContextMenu()), expected);
+    user.press("cmdlan");
+  }
 }
 
 void Editing::painting() {

@@ -1,11 +1,14 @@
 // Opening and saving through the real file dialog.
+#include <QAction>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QTreeView>
 
 #include "mainwindow.h"
 #include "user.h"
@@ -30,6 +33,7 @@ class Files : public QObject {
   void quotesinaname();
   void quotesinafolder();
   void quotesinthelist();
+  void language();
   void fullboardsavesgivens();
   void folderthatcannotbewritten();
 };
@@ -235,6 +239,83 @@ void Files::quotesinthelist() {
   user.choose("mnuopen");
   QDir::setCurrent(before);
   QCOMPARE(user.text("filetxt"), user.file(R"(a"b.sav"c.sav)"));
+}
+
+// Heads, tips and keys of the dialog follow the language; the filters don't.
+void Files::language() {
+  User user;
+  QList<QStringList> seen;
+  user.ondialog = [&] {
+    auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+    QStringList words;
+    for (int column = 0; column < 4; ++column)
+      words << dialog->findChild<QTreeView*>("treeView")
+                   ->model()
+                   ->headerData(column, Qt::Horizontal)
+                   .toString();
+    for (const char* key : {"backButton", "forwardButton", "toParentButton", "newFolderButton",
+                            "listModeButton", "detailModeButton"})
+      words << dialog->findChild<QWidget*>(key)->toolTip();
+    for (const char* action :
+         {"qt_rename_action", "qt_delete_action", "qt_show_hidden_action", "qt_new_folder_action"})
+      words << dialog->findChild<QAction*>(action)->text();
+    words << dialog->windowTitle();
+    for (const QAbstractButton* button : dialog->findChild<QDialogButtonBox*>()->buttons())
+      words << button->text();
+    for (const char* label : {"lookInLabel", "fileNameLabel", "fileTypeLabel"})
+      words << dialog->findChild<QLabel*>(label)->text();
+    words << dialog->findChild<QComboBox*>("fileTypeCombo")->itemText(1);
+    seen << words;
+    QTest::keyClick(dialog, Qt::Key_Escape);
+  };
+  user.choose("mnuopen");
+  user.press("cmdlan");
+  user.choose("mnuopen");
+  user.press("cmdlan");
+  user.choose("mnuopen");
+  const QStringList inenglish = {"Name",
+                                 "Size",
+                                 "Type",
+                                 "Date Modified",
+                                 "Back",
+                                 "Forward",
+                                 "Parent Directory",
+                                 "Create New Folder",
+                                 "List View",
+                                 "Detail View",
+                                 "&Rename",
+                                 "&Delete",
+                                 "Show &hidden files",
+                                 "&New Folder",
+                                 "Open",
+                                 "Open",
+                                 "Cancel",
+                                 "Look in:",
+                                 "File name:",
+                                 "Files of type:",
+                                 "File di testo (*.txt)"};
+  const QStringList initalian = {"Nome",
+                                 "Dimensione",
+                                 "Tipo",
+                                 "Ultima modifica",
+                                 "Indietro",
+                                 "Avanti",
+                                 "Cartella superiore",
+                                 "Crea nuova cartella",
+                                 "Elenco",
+                                 "Dettagli",
+                                 "&Rinomina",
+                                 "&Elimina",
+                                 "Mostra i file &nascosti",
+                                 "&Nuova cartella",
+                                 "Apri",
+                                 "Apri",
+                                 "Annulla",
+                                 "Cerca in:",
+                                 "Nome file:",
+                                 "Tipo file:",
+                                 "File di testo (*.txt)"};
+  QCOMPARE(seen, QList<QStringList>({inenglish, initalian, inenglish}));
 }
 
 void Files::fullboardsavesgivens() {

@@ -12,6 +12,7 @@
 #include "screenreader.h"
 #include "smallwindows.h"
 #include "toolbars.h"
+#include "toolkitwords.h"
 
 namespace gradino {
 
@@ -30,6 +31,7 @@ class MainWindow : public QMainWindow {
   void mirror();
   void noteplace() const;
 
+  ToolkitWords words_;
   std::unique_ptr<CellBoxes> cells_;
   std::unique_ptr<Panel> panel_;
   Toolbar *toolbar1_ = nullptr, *toolbar2_ = nullptr;
