@@ -42,6 +42,9 @@ class Access : public QObject {
   void tabreachesmarks();
   void focusframe_data();
   void focusframe();
+  void lightbykeyboard_data();
+  void lightbykeyboard();
+  void lightbymouse();
   void menuletters();
   void logbykeyboard();
   void generatorsdisplay();
@@ -314,6 +317,55 @@ void Access::focusframe() {
           with.pixelColor(x, y) != without.pixelColor(x, y) && with.pixelColor(x, y) == darkblue ? 1 : 0;
     }
   QVERIFY2(framed * 2 >= edge, qPrintable(QString("%1 of %2").arg(framed).arg(edge)));
+}
+
+void Access::lightbykeyboard_data() {
+  QTest::addColumn<bool>("menu");
+  QTest::addColumn<QString>("answer");
+  for (const char* answer : {"Pictgo", "Pictalt"}) {
+    QTest::newRow(qPrintable(QString("menu, ") + answer)) << true << answer;
+    QTest::newRow(qPrintable(QString("toolbar, ") + answer)) << false << answer;
+  }
+}
+// A hint asked for by keyboard is answered by keyboard, and the focus is back where it was.
+void Access::lightbykeyboard() {
+  QFETCH(bool, menu);
+  QFETCH(QString, answer);
+  User user;
+  user.open(easypuzzle);
+  user.key(Qt::Key_Right);
+  if (!menu) user.find("Toolbar1_suggerisci")->setFocus();
+  const QString before = user.window().focusWidget()->objectName();
+  user.acts = {[&] {
+    QCOMPARE(user.window().focusWidget()->objectName(), "Pictgo");
+    if (answer == "Pictalt") user.key(Qt::Key_Tab);
+    QCOMPARE(user.window().focusWidget()->objectName(), answer);
+    user.key(Qt::Key_Space);
+  }};
+  if (menu) {
+    user.key(Qt::Key_H, Qt::AltModifier);
+    QTRY_VERIFY(QApplication::activePopupWidget() != nullptr);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+  } else {
+    user.key(Qt::Key_Space);
+  }
+  QCOMPARE(user.asked, 1);
+  QCOMPARE(user.text("Text1_5"), answer == "Pictgo" ? "8" : "");
+  QCOMPARE(user.window().focusWidget()->objectName(), before);
+}
+
+// Who works with the mouse types on the board while the light waits.
+void Access::lightbymouse() {
+  User user;
+  user.open(easypuzzle);
+  user.key(Qt::Key_Right);
+  user.acts = {[&] {
+    QVERIFY(user.focused("Text1_1"));
+    user.press("Pictalt");
+  }};
+  user.press("Toolbar1_suggerisci");
+  QCOMPARE(user.asked, 1);
+  QVERIFY(user.focused("Text1_1"));
 }
 
 // Alt and the letter open the menu: each letter is another one's, in both languages.

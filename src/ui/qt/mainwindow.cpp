@@ -133,8 +133,10 @@ MainWindow::~MainWindow() {
 
 void MainWindow::mirror() {
   noteplace();
+  lightkeys_.leave();
   cells_->mirror();
   panel_->mirror();
+  lightkeys_.enter();
   toolbar1_->mirror();
   toolbar2_->mirror();
   menus_->mirror();

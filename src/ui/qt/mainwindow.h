@@ -8,6 +8,7 @@
 
 #include "cellboxes.h"
 #include "librarywindow.h"
+#include "lightkeys.h"
 #include "panel.h"
 #include "screenreader.h"
 #include "smallwindows.h"
@@ -32,6 +33,7 @@ class MainWindow : public QMainWindow {
   void noteplace() const;
 
   ToolkitWords words_;
+  LightKeys lightkeys_{*this};
   std::unique_ptr<CellBoxes> cells_;
   std::unique_ptr<Panel> panel_;
   Toolbar *toolbar1_ = nullptr, *toolbar2_ = nullptr;
