@@ -184,8 +184,14 @@ void MarksBox::mirror(const gradino::Box& box, bool editable, bool reachable) {
 // The Tab key gets to the marks as a click on one of them does, which puts them up for editing.
 void MarksBox::focusInEvent(QFocusEvent* event) {
   QPlainTextEdit::focusInEvent(event);
+  viewport()->update();  // the toolkit repaints no more than the caret
   if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
     onevent([this] { candidate_Click(cell_ * 10 + 1); });
+}
+
+void MarksBox::focusOutEvent(QFocusEvent* event) {
+  QPlainTextEdit::focusOutEvent(event);
+  viewport()->update();
 }
 
 void MarksBox::mouseReleaseEvent(QMouseEvent* event) {
