@@ -197,6 +197,19 @@ def same(heard, expected):
         raise Missed(f"heard {heard!r} instead of {expected!r}")
 
 
+def write_by_reader(ears):
+    """A reader can put a text into a box without a key: it is taken like a typed one."""
+    pen = ears.atspi.EditableText
+    writes = {
+        "r5c5": ("7", lambda box: pen.set_text_contents(box, "7")),
+        "r5c6": ("8", lambda box: pen.insert_text(box, 0, "8", 1)),
+    }
+    for place, (digit, write) in writes.items():
+        write(next(box for box in ears.cells[place] if box.get_name() == f"cell {place}, empty"))
+        taken = f"cell {place}, digit {digit}, given"  # as all is that was written on an empty board
+        until(f"{taken!r}, but {ears.cell(place)!r}", lambda: ears.cell(place) == taken)
+
+
 def open_puzzle(ears, puzzle):
     ears.press("open")
     until("the file dialog doesn't take the focus", lambda: any(map(ears.typing, ears.windows()[1:])))
@@ -283,6 +296,7 @@ def game(program, puzzle):
     print(f"A scripted player started {program}, then his screen reader.")
     read_empty = [ears.cell(place) for place in PLACES]
     same(read_empty, [f"cell {place}, empty" for place in PLACES])
+    write_by_reader(ears)
     open_puzzle(ears, puzzle)
     read_board(ears, head)
     print(f"He opened {puzzle.name} and read the board cell by cell. Its first row:")

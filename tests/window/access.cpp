@@ -43,6 +43,8 @@ class Access : public QObject {
   void tabreachesmarks();
   void focusframe_data();
   void focusframe();
+  void textsofareader();
+  void textsthatnobodytypes();
   void lightbykeyboard_data();
   void lightbykeyboard();
   void lightbymouse();
@@ -324,6 +326,61 @@ void Access::focusframe() {
     user.find(frame ? thing : "Toolbar1_hidden")->setFocus();
     QTRY_COMPARE(framed(), frame ? 1 : 0);
   }
+}
+
+namespace {
+
+/// What a screen reader has of a text box.
+QAccessibleEditableTextInterface* pen(const User& user, const QString& box) {
+  return QAccessible::queryAccessibleInterface(user.find(box))->editableTextInterface();
+}
+
+}  // namespace
+
+// It goes the same way as what is typed.
+void Access::textsofareader() {
+  User user;
+  user.open(easypuzzle);
+  QVERIFY(user.shown("candidate_54"));
+  pen(user, "Text1_2")->insertText(0, "4");
+  QCOMPARE(user.text("Text1_2"), "4");
+  QCOMPARE(cellvalue(2), 4);
+  QCOMPARE(user.text("txtesposti"), "31");
+  QVERIFY(!user.shown("candidate_54"));  // r1c6 sees it
+  pen(user, "Text1_2")->replaceText(0, 1, "1");
+  QCOMPARE(cellvalue(2), 1);
+  pen(user, "Text1_2")->deleteText(0, 1);
+  QCOMPARE(cellvalue(2), 0);
+  QCOMPARE(user.text("Text1_2"), "");
+  QAccessible::queryAccessibleInterface(user.find("Text1_2"))->setText(QAccessible::Value, "4");
+  QCOMPARE(cellvalue(2), 4);
+  QCOMPARE(user.boxes, QStringList());
+
+  user.press("Toolbar1_modifica");
+  user.press("candidate_32");
+  QCOMPARE(user.text("Text2_3"), "26");
+  pen(user, "Text2_3")->insertText(2, "9");
+  QCOMPARE(candstr(3), std::string("269"));
+  pen(user, "Text2_3")->replaceText(0, 3, "48");
+  QCOMPARE(user.text("Text2_3"), "48");
+  QCOMPARE(candstr(3), std::string("48"));
+}
+
+// Where nobody can type, nobody can write.
+void Access::textsthatnobodytypes() {
+  User user;
+  user.open(easypuzzle);
+  const std::string marks = candstr(2);
+  const QString level = user.text("txtlivello");
+  for (const char* box : {"Text2_2", "txtlivello", "txtesposti"}) {
+    const QString before = user.text(box);
+    pen(user, box)->insertText(0, "9");
+    QCOMPARE(user.text(box), before);
+    pen(user, box)->replaceText(0, static_cast<int>(before.size()), "123");
+    QCOMPARE(user.text(box), before);
+  }
+  QCOMPARE(candstr(2), marks);
+  QVERIFY(level.startsWith("VERY EASY"));
 }
 
 void Access::lightbykeyboard_data() {

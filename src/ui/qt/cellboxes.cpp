@@ -88,9 +88,20 @@ DigitBox::DigitBox(QWidget* parent, int cell) : QLineEdit(parent), cell_(cell) {
   setMouseTracking(true);
   setFocusPolicy(Qt::ClickFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);  // what it covers isn't painted
-  connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
-    onevent([this, typed = text.toStdString()] { Text1_Typed(cell_, typed); });
-  });
+  connect(this, &QLineEdit::textChanged, this, &DigitBox::taketext);
+}
+
+// Not all that is written here is typed: a screen reader can put a text into any box, also into one that
+// can't be typed in, which keeps what it holds.
+void DigitBox::taketext() {
+  if (isReadOnly()) return showtext(frmmain::Text1(cell_).text);
+  onevent([this, typed = text().toStdString()] { Text1_Typed(cell_, typed); });
+}
+
+void DigitBox::showtext(const std::string& shown) {
+  const QString text = QString::fromStdString(shown);
+  const QSignalBlocker quiet(this);
+  if (text != this->text()) setText(text);
 }
 
 void DigitBox::mirror(const gradino::Box& box, bool reachable) {
@@ -101,7 +112,7 @@ void DigitBox::mirror(const gradino::Box& box, bool reachable) {
   const bool there = box.visible || reachable || window()->focusWidget() == this;
   if (there == isHidden()) setVisible(there);
   if (shown_ == box) return;
-  if (const QString text = QString::fromStdString(box.text); text != this->text()) setText(text);
+  showtext(box.text);
   setReadOnly(box.locked);
   setcolours(*this, screencolour(box.back), readable(box));
   shown_ = box;
@@ -161,8 +172,18 @@ MarksBox::MarksBox(QWidget* parent, int cell) : QPlainTextEdit(parent), cell_(ce
   setFocusPolicy(Qt::NoFocus);
   viewport()->setMouseTracking(true);
   viewport()->setCursor(Qt::ArrowCursor);
-  connect(this, &QPlainTextEdit::textChanged, this,
-          [this] { onevent([this, typed = toPlainText().toStdString()] { Text2_Typed(cell_, typed); }); });
+  connect(this, &QPlainTextEdit::textChanged, this, &MarksBox::taketext);
+}
+
+void MarksBox::taketext() {
+  if (isReadOnly()) return showtext(frmmain::Text2(cell_).text);
+  onevent([this, typed = toPlainText().toStdString()] { Text2_Typed(cell_, typed); });
+}
+
+void MarksBox::showtext(const std::string& shown) {
+  const QString text = QString::fromStdString(shown);
+  const QSignalBlocker quiet(this);
+  if (text != toPlainText()) setPlainText(text);
 }
 
 void MarksBox::mirror(const gradino::Box& box, bool editable, bool reachable) {
@@ -173,10 +194,7 @@ void MarksBox::mirror(const gradino::Box& box, bool editable, bool reachable) {
     viewport()->setCursor(editable ? Qt::IBeamCursor : Qt::ArrowCursor);
   }
   if (shown_ == box) return;
-  if (const QString text = QString::fromStdString(box.text); text != toPlainText()) {
-    const QSignalBlocker quiet(this);
-    setPlainText(text);
-  }
+  showtext(box.text);
   setcolours(*this, screencolour(box.back), readable(box));
   shown_ = box;
 }

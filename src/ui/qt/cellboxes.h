@@ -8,6 +8,7 @@
 #include <QPoint>
 #include <array>
 #include <optional>
+#include <string>
 
 #include "boxes.h"
 
@@ -32,6 +33,8 @@ class DigitBox : public QLineEdit {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void taketext();
+  void showtext(const std::string& shown);
   void setghost(bool ghost);
 
   int cell_;
@@ -54,6 +57,9 @@ class MarksBox : public QPlainTextEdit {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void taketext();
+  void showtext(const std::string& shown);
+
   int cell_;
   std::optional<gradino::Box> shown_;
 };

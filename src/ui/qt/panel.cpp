@@ -190,6 +190,9 @@ void Panel::addtextboxes(QWidget* client) {
     } else {
       setcolours(*edit, teal, paleyellow);
     }
+    // A screen reader can put a text even where nobody can type.
+    QObject::connect(edit, &QLineEdit::textChanged, edit,
+                     [edit, &row] { edit->setText(QString::fromStdString(row.box->text)); });
     nameby(*edit, [&row] { return spoken(*row.box); });
     textboxes_.push_back({row.box, edit, {}});
   }
