@@ -33,6 +33,8 @@ class Editing : public QObject {
   void arrows_data();
   void arrows();
   void arrowsfromclickedcell();
+  void caretafterarrows_data();
+  void caretafterarrows();
   void anykeymovesfocus();
   void altleavesthebox();
   void tableaves();
@@ -239,6 +241,37 @@ void Editing::arrowsfromclickedcell() {
   user.key(Qt::Key_Right);
   user.type("3");
   QCOMPARE(user.text("Text1_41"), "3");
+}
+
+void Editing::caretafterarrows_data() {
+  QTest::addColumn<int>("key");
+  QTest::addColumn<int>("from");
+  QTest::newRow("left") << int(Qt::Key_Left) << 41;
+  QTest::newRow("right") << int(Qt::Key_Right) << 39;
+  QTest::newRow("up") << int(Qt::Key_Up) << 49;
+  QTest::newRow("down") << int(Qt::Key_Down) << 31;
+}
+// Wherever it stood when the cell was left, with Shift or without: the next Backspace deletes the digit.
+void Editing::caretafterarrows() {
+  QFETCH(int, key);
+  QFETCH(int, from);
+  for (const auto modifier : {Qt::NoModifier, Qt::ShiftModifier}) {
+    for (const int leave : {int(Qt::Key_End), int(Qt::Key_Home)}) {
+      User user;
+      user.press("Text1_40");
+      user.press("Picture1_7");
+      navcell = 40;
+      user.key(leave);
+      user.press(cellname("Text1", from));
+      navcell = from;  // Shift is a key too
+      user.key(key, modifier);
+      QVERIFY(user.focused("Text1_40"));
+      QCOMPARE(user.get<QLineEdit>("Text1_40")->cursorPosition(), 1);
+      QVERIFY(!user.get<QLineEdit>("Text1_40")->hasSelectedText());
+      user.key(Qt::Key_Backspace);
+      QCOMPARE(user.text("Text1_40"), "");
+    }
+  }
 }
 
 void Editing::anykeymovesfocus() {

@@ -126,18 +126,22 @@ void DigitBox::setghost(bool ghost) {
   update();
 }
 
-// A key moves the focus first, and its character then goes to the box that has the focus.
+// A key moves the focus first, and its character then goes to the box that has the focus. An arrow key has no
+// character: the caret stands after the digit of the new cell, whichever way it was reached.
 bool DigitBox::event(QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
   auto* pressed = static_cast<QKeyEvent*>(event);
-  onevent([this, pressed] { Text1_KeyDown(cell_, keycode(pressed->key())); });
+  const int code = keycode(pressed->key());
+  onevent([this, code] { Text1_KeyDown(cell_, code); });
   auto* target = dynamic_cast<DigitBox*>(window()->focusWidget());
   if (target == nullptr ||
       pressed->modifiers().testFlag(Qt::AltModifier)) {  // Alt calls a menu, it doesn't type
     pressed->ignore();
     return true;
   }
-  return target->QLineEdit::event(event);
+  if (code == 0) return target->QLineEdit::event(event);
+  target->end(false);
+  return true;
 }
 
 void DigitBox::mouseReleaseEvent(QMouseEvent* event) {
