@@ -43,6 +43,8 @@ class Editing : public QObject {
   void mnuedit();
   void marksreadonly();
   void marksedited();
+  void marksreleased_data();
+  void marksreleased();
   void contextmenus();
   void painting();
   void paintinginwait();
@@ -363,6 +365,29 @@ void Editing::marksedited() {
   user.press("Toolbar1_modifica");
   QCOMPARE(user.text("Text2_2"), "");
   QVERIFY(user.shown("candidate_29") && user.shown("candidate_22") && !user.shown("candidate_21"));
+}
+
+void Editing::marksreleased_data() {
+  QTest::addColumn<QString>("how");
+  QTest::newRow("key") << "Toolbar1_modifica";
+  QTest::newRow("menu") << "mnuedit";
+}
+// Whoever wrote pencil marks goes on with the keys: they go to the cell that the arrow keys reached last.
+void Editing::marksreleased() {
+  QFETCH(QString, how);
+  const auto turn = [&how](User& user) { how.startsWith("mnu") ? user.choose(how) : user.press(how); };
+  User user;
+  user.open(easypuzzle);
+  user.key(Qt::Key_Right);
+  turn(user);
+  user.press("candidate_21");
+  user.type("9");
+  QVERIFY(user.focused("Text2_2"));
+  turn(user);
+  QVERIFY(user.focused("Text1_1"));
+  user.key(Qt::Key_Right);
+  user.type("4");
+  QCOMPARE(user.text("Text1_2"), "4");
 }
 
 // The menus of the right button speak the language of the moment in which they open.

@@ -283,6 +283,7 @@ void CellBoxes::addcovered() {
 void CellBoxes::mirror() {
   const bool editable = modificacandidati || frmmain::Toolbar1::modifica.ticked;
   if (editable || readerlistens() || !allcovered()) addcovered();
+  if (!editable) leavemarks();
   movefocus();
   for (std::size_t cell = 0; cell < 81; ++cell) {
     const int number = static_cast<int>(cell);
@@ -295,6 +296,14 @@ void CellBoxes::mirror() {
   for (std::size_t index = 0; index < candidates_.size(); ++index)
     if (candidates_[index] != nullptr)
       candidates_[index]->mirror(frmmain::candidate(static_cast<int>(index)));
+}
+
+// Marks that can't be edited any longer take no keys: the next one is for the board.
+void CellBoxes::leavemarks() const {
+  using frmmain::Focus;
+  const auto* marks = dynamic_cast<MarksBox*>(digits_[0]->window()->focusWidget());
+  if (marks != nullptr && frmmain::focusrequest.on == Focus::On::nothing)
+    frmmain::focusrequest = {.on = Focus::On::text1, .cell = navcell};
 }
 
 void CellBoxes::movefocus() {

@@ -90,6 +90,7 @@ class CellBoxes {
   void addcovered();
 
  private:
+  void leavemarks() const;
   void movefocus();
 
   std::array<DigitBox*, 81> digits_{};
