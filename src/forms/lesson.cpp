@@ -5,6 +5,17 @@
 #include "words.h"
 
 namespace gradino {
+namespace {
+
+/// While it lives, an explanation waits.
+struct Explaining {
+  Explaining() { explaining = true; }
+  ~Explaining() { explaining = false; }
+  Explaining(const Explaining&) = delete;
+  Explaining& operator=(const Explaining&) = delete;
+};
+
+}  // namespace
 
 Lesson& Lesson::line(std::string_view text) {
   if (begun_) text_ += newline;
@@ -22,6 +33,7 @@ Lesson& Lesson::words(std::string_view text) {
 bool Lesson::stopped() const {
   frmactivity::Text3.text = text_;
   frmactivity::visible = true;
+  const Explaining now;
   return gradino::stopped();
 }
 

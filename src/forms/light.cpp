@@ -25,6 +25,7 @@ void aspetta() {
 
 void loseboard() {
   showlight(false);
+  if (explaining) frmactivity::visible = explaining = false;
   lightresult = 2;
   boardnumber += 1;
 }

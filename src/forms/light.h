@@ -17,7 +17,11 @@ void aspetta();
 /// Grows when the board is cleared.
 inline constinit int boardnumber = 0;
 
-/// The board is being cleared: a step that still waits has lost it, and its wait ends.
+/// True while an explanation waits for its answer.
+inline constinit bool explaining = false;
+
+/// The board is being cleared: a step that still waits has lost it, and its wait ends. An explanation that
+/// still waits argues about nothing now: its window closes.
 void loseboard();
 
 /// Thrown by a routine whose board was cleared while it let events run (the menu has no lock): it must not

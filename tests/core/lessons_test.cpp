@@ -4,10 +4,13 @@
 #include "captions.h"
 #include "editing.h"
 #include "explain.h"
+#include "files.h"
+#include "generator.h"
 #include "grid.h"
 #include "light.h"
 #include "menu.h"
 #include "player.h"
+#include "replay.h"
 #include "singles.h"
 #include "step.h"
 #include "stepsolver.h"
@@ -280,6 +283,42 @@ TEST_P(Explanation, StopStopsTheStepTooAndLeavesWindowAndColours) {
   EXPECT_TRUE(frmactivity::visible);
   EXPECT_EQ(look(), frame);
   EXPECT_FALSE(waiting());
+}
+
+TEST_P(Explanation, ABoardClearedInItsWaitClosesItsWindow) {
+  const std::vector<std::function<void()>> commands = {mnunew_Click, clearboard, frmmain::nuovoschema};
+  for (const auto& command : commands) {
+    put(crossedboard);
+    player.script = {help, [&] {
+                       EXPECT_TRUE(frmactivity::visible);
+                       command();
+                       EXPECT_FALSE(frmactivity::visible) << "at once";
+                     }};
+    player.event(mnuposition_Click);
+    EXPECT_FALSE(frmactivity::visible);
+    EXPECT_FALSE(waiting());
+  }
+}
+
+TEST_P(Explanation, ABoardClearedInAnotherWaitLeavesTheWindowThatWasStopped) {
+  put(crossedboard);
+  explained(stop);
+  player.script = {mnunew_Click};
+  player.event(mnuposition_Click);
+  EXPECT_TRUE(frmactivity::visible);
+  mnunew_Click();
+  EXPECT_TRUE(frmactivity::visible);
+}
+
+TEST_P(Explanation, ABoardClearedAfterItsWaitLeavesItsWindow) {
+  put(crossedboard);
+  player.script = {help, [] {
+                     clearboard();
+                     frmactivity::visible = true;  // shown by something else
+                     clearboard();
+                   }};
+  player.event(mnuposition_Click);
+  EXPECT_TRUE(frmactivity::visible);
 }
 
 TEST_P(Explanation, TheNextOneRewritesTheTextAndItsGoHidesTheWindow) {
