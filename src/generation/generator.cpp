@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
@@ -37,6 +38,8 @@ constexpr const char* newpuzzle = "new puzzle";  // in both languages
 Table<int, 0, 80> cellescelte{"cellescelte"}, cifrescelte{"cifrescelte"};
 Int16 scelte{"scelte"};
 
+bool marksbehind = false;  ///< a digit was put in, and the pencil marks on the screen don't know it yet
+
 constexpr int unsolved = 21;     ///< up to this many entries are chosen with no solving at all
 constexpr int enoughpairs = 20;  ///< with fewer free pairs the choice is no longer left to chance
 
@@ -61,6 +64,7 @@ bool place(int cell) {
   writetext1(cell, std::string(1, digit));
   Text1(cell).locked = true;
   placequickly(cell, digit - '0');
+  marksbehind = true;
   return true;
 }
 
@@ -113,12 +117,12 @@ std::optional<Single> quicksingle() {
   return std::nullopt;
 }
 
-/// Fills what follows from the board by singles, intersections and naked pairs. What it places stays on the
-/// board as filled, but is not shown and not entered. The position index is whole: placing keeps it.
+/// Fills what follows from the board by singles, intersections and naked pairs. What it places and deletes
+/// stays on the board, but is not shown and not entered. The position index is whole: placing keeps it.
 void risolvirapido() {
   cleargrade();
   boardfinished = false;
-  updatetext2();  // what was placed last: nobody could look before, and what follows is not shown
+  if (std::exchange(marksbehind, false)) updatetext2();  // nobody could look before
   suppresschange = true;
   for (;;) {
     if (!windowsturn()) return;

@@ -320,6 +320,44 @@ TEST_F(Generation, WhatTheUserDoesMeanwhileSpoilsNoPuzzle) {
     }
 }
 
+/// Which pencil marks are to be seen, cell by cell.
+std::string marks() {
+  std::string all;
+  for (int cell = 0; cell < cells; ++cell) {
+    for (int digit = 1; digit <= 9; ++digit)
+      if (frmmain::candidate(cell * 10 + digit).visible) all += static_cast<char>('0' + digit);
+    all += ' ';
+  }
+  return all;
+}
+
+std::string candidates() {
+  std::string all;
+  for (int cell = 0; cell < cells; ++cell) all += candstr(cell) + ' ';
+  return all;
+}
+
+// A digit that is put in repaints them. What the quick solver finds isn't shown, nor is the reduction.
+TEST_F(Generation, PencilMarksAreThoseOfTheLastDigitPutIn) {
+  for (const bool four : {false, true}) {
+    supersymmetric(four);
+    host.random = seededrandom(8, four ? 1 : 0);
+    std::string boxes = boxtexts(), shown = marks();
+    int placements = 0, quiet = 0, reduced = 0;
+    player.onevents = [&] {
+      const bool placed = boxtexts() != boxes && frmactivity::Text3.text.empty();
+      if (placed) shown = candidates();
+      EXPECT_EQ(marks(), shown) << boxtexts();
+      (placed ? placements : frmactivity::Text3.text.empty() ? quiet : reduced) += 1;
+      boxes = boxtexts();
+    };
+    player.event(frmmain::nuovoschema);
+    EXPECT_GT(std::min({placements, quiet, reduced}), 3);
+    EXPECT_EQ(marks(), candidates()) << "shown for the puzzle once it stands";
+    player.onevents = nullptr;
+  }
+}
+
 TEST_F(Generation, ReductionTakesTheGroupsFromTheTopLeftInOnePass) {
   for (const bool four : {false, true}) {
     supersymmetric(four);
