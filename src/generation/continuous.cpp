@@ -26,11 +26,19 @@ constexpr int hardenough = 4, manygivens = 27;
 
 // One puzzle of the list, last line first; in Italian whatever the language.
 constexpr const char* listed =
-    " tempo totale, secondi {total:g}\r\n"
-    " tempo, secondi {time:g}\r\n"
+    " tempo totale, secondi {total}\r\n"
+    " tempo, secondi {time}\r\n"
     " numeri {givens}\r\n"
     " LIVELLO {level}\r\n"
     " schema {number}\r\n";
+
+/// Seconds to the hundredth, without noughts that say nothing: 25000.25, 0.5, 12.
+std::string hundredths(double seconds) {
+  std::string text = fmt::format("{:.2f}", seconds);
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.back() == '.') text.pop_back();
+  return text == "-0" ? "0" : text;
+}
 
 /// While it lives, message boxes don't wait for anybody.
 struct Unattended {
@@ -105,8 +113,9 @@ void run() {
         puzzleend = host.clock();
         frmgeneratore::Text1.text.insert(
             0, fmt::format(listed, fmt::arg("number", int(number)), fmt::arg("level", int(runninglevel)),
-                           fmt::arg("givens", int(filledcount)), fmt::arg("time", *puzzleend - puzzlestart),
-                           fmt::arg("total", *puzzleend - runstart)));
+                           fmt::arg("givens", int(filledcount)),
+                           fmt::arg("time", hundredths(*puzzleend - puzzlestart)),
+                           fmt::arg("total", hundredths(*puzzleend - runstart))));
         Data1.addnew();
       }
     }

@@ -3,6 +3,7 @@
 #include <deque>
 #include <map>
 #include <set>
+#include <utility>
 
 #include "boxes.h"
 #include "captions.h"
@@ -495,6 +496,33 @@ TEST_F(Continuous, TimesAreThoseOfThePuzzleAndOfTheRun) {
   const auto seconds = [&](std::size_t line) { return std::stod(list[line].substr(list[line].rfind(' '))); };
   EXPECT_GT(seconds(1), 0);
   EXPECT_LE(seconds(1) + seconds(6), seconds(0)) << "two puzzles are no longer than the run";
+}
+
+TEST_F(Continuous, TimesAreToldInHundredthsHoweverLongItHasRun) {
+  struct Row {
+    double seconds;
+    const char* told;
+  };
+  // The sequence's first puzzle is kept.
+  for (const auto& [seconds, told] :
+       {Row{25000.25, "25000.25"}, Row{1234567.89, "1234567.89"}, Row{100000, "100000"},
+        Row{24999.5, "24999.5"}, Row{0.254, "0.25"}, Row{0.004, "0"}, Row{12.999, "13"}, Row{0, "0"},
+        Row{-0.004, "0"}, Row{-86390.5, "-86390.5"}}) {
+    supersymmetric(false);
+    host.random = seededrandom(9);
+    frmgeneratore::Text1.text.clear();
+    player.now = 86399;
+    player.onevents = [&, later = 86399 + seconds] { player.now = later; };
+    bool kept = false;
+    atnew = [&] {
+      if (std::exchange(kept, true)) throw NoMoreDraws{};
+    };
+    EXPECT_THROW(frmmain::genera_e_conta(), NoMoreDraws);
+    const std::vector<std::string> list = lines(frmgeneratore::Text1.text);
+    ASSERT_EQ(list.size(), 5U);
+    EXPECT_EQ(list[0], std::string(" tempo totale, secondi ") + told);
+    EXPECT_EQ(list[1], std::string(" tempo, secondi ") + told);
+  }
 }
 
 TEST_F(Continuous, AClockThatPassesMidnightDoesNotEndIt) {
