@@ -1,6 +1,5 @@
 // What menu and toolbars say and do: tables, one row a command, in the order of the screen. A command that
-// can't run says so in a message; none is ever greyed. A row whose command this build doesn't have yet is not
-// shown.
+// can't run says so in a message; none is ever greyed.
 #pragma once
 
 #include <span>
