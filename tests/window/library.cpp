@@ -30,6 +30,7 @@ class Library : public QObject {
   void typing();
   void thelastradioliesontheloops();
   void alevelsnamechoosesit();
+  void countsreadasonerow();
   void loads();
   void italian();
   void closedbyitsuser();
@@ -130,6 +131,36 @@ void Library::firstpick() {
   QCOMPARE(library.label("Text2_2"), ".");
   QCOMPARE(library.get("Text2_0")->palette().color(QPalette::WindowText), QColor(255, 0, 0));
   QCOMPARE(library.get("Text2_3")->x() - library.get("Text2_2")->x(), 16);
+}
+
+// "The library contains 5 puzzles           puzzle selected 1".
+void Library::countsreadasonerow() {
+  for (const bool italian : {false, true}) {
+    User user;
+    if (italian) user.press("cmdlan");
+    const Window library(user);
+    QCOMPARE(library.label("Label12"), italian ? "La libreria contiene" : "The library contains");
+    QCOMPARE(library.label("Label13"),
+             italian ? "schemi         schema selezionato" : "puzzles           puzzle selected");
+    QRect last;
+    for (const char* name : {"Label12", "numerototale", "Label13", "numeroselezionato"}) {
+      const QWidget* part = library.get(name);
+      const QRect place = part->geometry();
+      QVERIFY2(place.width() >= part->sizeHint().width() || part->inherits("QLineEdit"), name);
+      QVERIFY2(library.window->rect().contains(place), name);
+      for (const QWidget* other :
+           library.window->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        QVERIFY2(other == part || !other->isVisible() || !other->geometry().intersects(place), name);
+      if (!last.isNull()) {
+        QVERIFY2(qAbs(place.center().y() - last.center().y()) <= 1, name);
+        QVERIFY2(place.left() > last.right() && place.left() - last.right() < 12, name);
+      }
+      last = place;
+    }
+    QVERIFY(library.get<QLineEdit>("numerototale")->fontMetrics().horizontalAdvance("24396") <
+            library.get("numerototale")->width() - 10);
+    library.window->close();
+  }
 }
 
 void Library::buttons() {

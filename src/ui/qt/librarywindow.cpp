@@ -19,11 +19,12 @@ using namespace frmlivello;
 
 namespace {
 
-constexpr QSize windowsize{760, 470};
 constexpr int levelsx = 12, levelsy = 10, levelheight = 19, radiosize = 17, namewidth = 470;
 constexpr QPoint previeworigin{566, 14};
 constexpr double unitsperpixel = 15;
+constexpr int countsx = 12, countsy = 468, countsgap = 6;  // a row: y is its middle
 
+// Of the counts only the size: they follow each other in a row.
 // clang-format off
 struct LabelRow { const Box* box; const char* name; int x, y; };
 const LabelRow labelrows[] = {
@@ -31,8 +32,8 @@ const LabelRow labelrows[] = {
     {&frmlivello::Label1, "Label1",  522, 158},
     {&Label14,            "Label14", 522, 188},
     {&Label15,            "Label15", 522, 218},
-    {&Label12,            "Label12", 522, 276},
-    {&Label13,            "Label13", 522, 306},
+    {&Label12,            "Label12", 0, 0},
+    {&Label13,            "Label13", 0, 0},
 };
 
 struct TextRow { const Box* box; const char* name; QRect place; bool editable; };
@@ -40,17 +41,17 @@ const TextRow textrows[] = {
     {&id,                "id",                {620, 155, 128, 22}, false},
     {&difftxt,           "difftxt",           {620, 185, 128, 22}, false},
     {&dettagliotxt,      "dettagliotxt",      {522, 240, 226, 22}, false},
-    {&numerototale,      "numerototale",      {678, 273,  70, 22}, false},
-    {&numeroselezionato, "numeroselezionato", {678, 328,  70, 22}, true},
+    {&numerototale,      "numerototale",      {  0,   0,  50, 22}, false},
+    {&numeroselezionato, "numeroselezionato", {  0,   0,  60, 22}, true},
 };
 
 struct ButtonRow { const Control* control; const char* name; const char* art; QRect place; void (*click)(); };
 const ButtonRow buttonrows[] = {
-    {&Command5, "Command5", "library/first",    {522, 362, 112, 28}, Command5_Click},
-    {&Command4, "Command4", "library/last",     {636, 362, 112, 28}, Command4_Click},
-    {&Command2, "Command2", "library/previous", {522, 394, 112, 28}, Command2_Click},
-    {&Command3, "Command3", "library/next",     {636, 394, 112, 28}, Command3_Click},
-    {&Command1, "Command1", "library/load",     {522, 428, 226, 32}, Command1_Click},
+    {&Command5, "Command5", "library/first",    {522, 382, 112, 28}, Command5_Click},
+    {&Command4, "Command4", "library/last",     {636, 382, 112, 28}, Command4_Click},
+    {&Command2, "Command2", "library/previous", {522, 414, 112, 28}, Command2_Click},
+    {&Command3, "Command3", "library/next",     {636, 414, 112, 28}, Command3_Click},
+    {&Command1, "Command1", "library/load",     {522, 448, 226, 32}, Command1_Click},
 };
 // clang-format on
 
@@ -96,7 +97,7 @@ int inpixels(int units) {
 LibraryWindow::LibraryWindow(const QWidget& mainwindow) : mainwindow_(mainwindow) {
   setObjectName("frmlivello");
   nameby(*this, [] { return spokenwindow(caption); });
-  setFixedSize(windowsize);
+  setFixedSize(librarysize);
   addlevels();
   addpreview();
   addtexts();
@@ -178,7 +179,7 @@ void LibraryWindow::addbuttons() {
 }
 
 void LibraryWindow::showover() {
-  placebeside(*this, {frmmain::left + frmmain::width, frmmain::top}, windowsize);
+  placebeside(*this, {frmmain::left + frmmain::width, frmmain::top}, librarysize);
   winId();  // from here on there is a window that can stay over another
   windowHandle()->setTransientParent(mainwindow_.windowHandle());
 }
@@ -209,7 +210,18 @@ void LibraryWindow::mirror() {
     if (row.edit->isReadOnly()) row.edit->setCursorPosition(0);
   }
   for (const Button& row : buttons_) row.button->setText(QString::fromStdString(row.control->caption));
+  mirrorcounts();
   mirrorpreview();
+}
+
+// One sentence with the two numbers in it, however long its words are.
+void LibraryWindow::mirrorcounts() {
+  int x = countsx;
+  for (const char* name : {"Label12", "numerototale", "Label13", "numeroselezionato"}) {
+    auto* part = findChild<QWidget*>(name);
+    part->move(x, countsy - part->height() / 2);
+    x += part->width() + countsgap;
+  }
 }
 
 void LibraryWindow::mirrorpreview() {

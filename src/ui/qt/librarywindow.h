@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSize>
 #include <QWidget>
 #include <array>
 #include <optional>
@@ -13,6 +14,8 @@
 #include "boxes.h"
 
 namespace gradino {
+
+inline constexpr QSize librarysize{760, 490};
 
 /// frmlivello.
 class LibraryWindow : public QWidget {
@@ -30,6 +33,7 @@ class LibraryWindow : public QWidget {
   void addpreview();
   void addtexts();
   void addbuttons();
+  void mirrorcounts();
   void mirrorpreview();
 
   struct Text {
