@@ -72,8 +72,9 @@ struct Focus {
 };
 inline Focus focusrequest;
 
-/// Where the window stands on the screen, kept up to date by whoever shows it.
-inline int left = 0, top = 0, width = clientwidth;
+/// Where the window stands on the screen, kept up to date by whoever shows it; head is as much of its height
+/// as title, menu and toolbars take.
+inline int left = 0, top = 0, width = clientwidth, head = 0;
 
 }  // namespace frmmain
 

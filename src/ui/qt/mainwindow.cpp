@@ -20,7 +20,7 @@
 namespace gradino {
 namespace {
 
-constexpr int toolbar2y = 0, toolbar1y = 28;
+constexpr int toolbar2y = 0, toolbar1y = 28, toolbarsend = 56;
 
 /// The place of the layout: of a fixed size, below the menu bar.
 QWidget* newclient(QMainWindow& window) {
@@ -61,12 +61,14 @@ void settaborder(const QWidget& client) {
   }
 }
 
-/// Beside the window there should be room for the explanations.
+/// Beside the window there should be room for the other windows. Some desktops take the place for that of the
+/// window without its frame: its title is to be on the screen there too.
 QPoint startplace(const QScreen& screen, const QSize& window) {
   const QRect room = screen.availableGeometry();
-  const QSize both = window + QSize(activitysize.width(), 0);
-  return {qMax(room.left(), room.center().x() - both.width() / 2),
-          qMax(room.top(), room.center().y() - both.height() / 2)};
+  const QSize side = roombeside(), framed = window + unseenframe;
+  const QSize all(framed.width() + side.width(), qMax(framed.height(), side.height()));
+  return {qMax(room.left(), room.center().x() - all.width() / 2),
+          qMax(room.top() + unseenframe.height(), room.center().y() - all.height() / 2)};
 }
 
 /// While it lives, the pointer is taken to be outside of the window. For every box that comes up in a window
@@ -159,6 +161,7 @@ void MainWindow::noteplace() const {
   frmmain::left = place.left();
   frmmain::top = place.top();
   frmmain::width = place.width();
+  frmmain::head = centralWidget()->mapToGlobal(QPoint(0, toolbarsend)).y() - place.top();
 }
 
 // The window is on the screen sooner if what can't be seen yet waits for its first picture.

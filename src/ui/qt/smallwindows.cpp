@@ -7,9 +7,11 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "boxes.h"
 #include "events.h"
+#include "librarywindow.h"
 #include "look.h"
 #include "menu.h"
 #include "replay.h"
@@ -18,11 +20,11 @@
 namespace gradino {
 namespace {
 
-constexpr QSize logsize{560, 420}, generatorsize{260, 420};
-constexpr int listedlines = 1000;  ///< of the generator's list: a run lasts for hours
-
-/// What the window manager will put around a window: not known before it was shown once.
-constexpr QSize unseenframe{12, 40};
+// As wide as the longest title, in a desktop's large letters: it tells what to do.
+constexpr QSize activitysize{560, 420}, logsize{560, 300};
+constexpr QSize generatorsize{260, 300};
+constexpr QSize leasttext{360, 160};  ///< of a text that is still easy to read
+constexpr int listedlines = 1000;     ///< of the generator's list: a run lasts for hours
 
 /// The text of the log, which tells where it was double-clicked or where the caret stood at the Return key.
 class LogText : public QPlainTextEdit {
@@ -71,17 +73,39 @@ void namewindow(QWidget& window, const std::string& caption, QPlainTextEdit& tex
   nameby(text, [&box] { return spoken(box); });
 }
 
+/// Beside the main window at its right, and below the place of the explanations.
+QPoint belowexplanations() {
+  return {frmmain::left + frmmain::width, frmmain::top + activitysize.height() + unseenframe.height()};
+}
+
+QRect roomonscreen(const QWidget& window) {
+  const QScreen* screen = QGuiApplication::screenAt({frmmain::left + frmmain::width / 2, frmmain::top});
+  return (screen != nullptr ? screen : window.screen())->availableGeometry();
+}
+
 }  // namespace
 
-void placebeside(QWidget& window, const QPoint& wanted, const QSize& content) {
-  const QScreen* screen = QGuiApplication::screenAt({frmmain::left + frmmain::width / 2, frmmain::top});
-  const QRect room = (screen != nullptr ? screen : window.screen())->availableGeometry();
-  const QSize size = window.frameGeometry().size().expandedTo(content + unseenframe);
-  const int rightmost = room.right() + 1 - size.width();
-  const int lowest = room.bottom() + 1 - size.height();
-  const int leftof = frmmain::left - size.width();
-  const int left = wanted.x() > rightmost && leftof >= room.left() ? leftof : wanted.x();
-  window.move(qMax(room.left(), qMin(left, rightmost)), qMax(room.top(), qMin(wanted.y(), lowest)));
+QSize roombeside() {
+  return QSize(qMax(activitysize.width(), librarysize.width()), activitysize.height() + logsize.height()) +
+         unseenframe + QSize(0, unseenframe.height());
+}
+
+void placebeside(QWidget& window, const QPoint& wanted, const QSize& least) {
+  const QRect room = roomonscreen(window);
+  const QSize frame = (window.frameGeometry().size() - window.size()).expandedTo(unseenframe);
+  const QSize left(room.right() + 1 - wanted.x(), room.bottom() + 1 - wanted.y());
+  const QSize whole = window.size() + frame;
+  const bool otherside = whole.width() > left.width() && frmmain::left - whole.width() >= room.left();
+  const QSize size((otherside ? whole : whole.boundedTo(left)).width(), whole.boundedTo(left).height());
+  window.resize(size.expandedTo(least + frame) - frame);
+
+  const QSize taken = window.size() + frame;
+  int x = otherside ? frmmain::left - taken.width() : wanted.x(), y = wanted.y();
+  if (!otherside && taken.width() > left.width()) {
+    x = room.right() + 1 - taken.width();
+    y = qMax(y, frmmain::top + frmmain::head);
+  }
+  window.move(qMax(room.left(), x), qMax(room.top(), qMin(y, room.bottom() + 1 - taken.height())));
 }
 
 LogWindow::LogWindow() : text_(new LogText(this)) {
@@ -99,6 +123,7 @@ void LogWindow::mirror() {
     shown_ = Frmlog::Text3.text;
   }
   if (Frmlog::visible == isVisible()) return;
+  if (!std::exchange(placed_, true)) placebeside(*this, belowexplanations(), leasttext);
   setVisible(Frmlog::visible);
 }
 
@@ -132,7 +157,7 @@ void ActivityWindow::mirror() {
 void ActivityWindow::place() {
   const bool everplaced = frmactivity::left != 0 || frmactivity::top != 0;
   const QPoint beside(frmmain::left + frmmain::width, frmmain::top);
-  placebeside(*this, everplaced ? QPoint(frmactivity::left, frmactivity::top) : beside, activitysize);
+  placebeside(*this, everplaced ? QPoint(frmactivity::left, frmactivity::top) : beside, leasttext);
 }
 
 void ActivityWindow::closeEvent(QCloseEvent* event) {
@@ -152,9 +177,16 @@ void GeneratorWindow::mirror() {
   settitle(*this, frmgeneratore::caption);
   if (shown_.size() != frmgeneratore::Text1.text.size()) showlist();
   if (frmgeneratore::visible == isVisible()) return;
-  const int besideboth = frmactivity::visible ? activitysize.width() + unseenframe.width() : 0;
-  placebeside(*this, {frmmain::left + frmmain::width + besideboth, frmmain::top}, generatorsize);
+  placebeside(*this, place(), {generatorsize.width(), leasttext.height()});
   setVisible(frmgeneratore::visible);
+}
+
+// Beside the explanations, or below them where the screen is too narrow for three windows in a row.
+QPoint GeneratorWindow::place() const {
+  const int besideboth = frmmain::left + frmmain::width + activitysize.width() + unseenframe.width();
+  const int end = besideboth + generatorsize.width() + unseenframe.width();
+  if (end > roomonscreen(*this).right() + 1) return belowexplanations();
+  return {besideboth, frmmain::top};
 }
 
 // The list only grows at its top, or begins anew.

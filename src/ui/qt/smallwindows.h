@@ -10,13 +10,19 @@
 
 namespace gradino {
 
-inline constexpr QSize activitysize{440, 420};
+/// What the window manager will put around a window: not known before it was shown once.
+inline constexpr QSize unseenframe{12, 40};
 
-/// Moves a window to a place beside the main one, but never off the screen: beside a main window at the
-/// screen's right edge it stands on the other side, so that the traffic light is not covered.
-void placebeside(QWidget& window, const QPoint& wanted, const QSize& content);
+/// What the windows beside the main one take at most.
+QSize roombeside();
 
-/// Frmlog. A double click on a line goes back to that step.
+/// Moves a window to a place beside the main one, but never off the screen. Where there is not enough room it
+/// stands on the main window's other side, or gets smaller, down to its least size. Where even that isn't
+/// enough it covers the board, but not what stands above it: close button, menu, keys, traffic light.
+void placebeside(QWidget& window, const QPoint& wanted, const QSize& least);
+
+/// Frmlog. A double click on a line goes back to that step. It comes up below the place of the explanations;
+/// once shown it stays where its user has put it.
 class LogWindow : public QWidget {
  public:
   LogWindow();
@@ -28,6 +34,7 @@ class LogWindow : public QWidget {
  private:
   QPlainTextEdit* text_;
   std::optional<std::string> shown_;
+  bool placed_ = false;
 };
 
 /// frmactivity. It comes up beside the main window without taking the focus.
@@ -57,6 +64,7 @@ class GeneratorWindow : public QWidget {
 
  private:
   void showlist();
+  QPoint place() const;
 
   QPlainTextEdit* text_;
   std::string shown_;
