@@ -13,7 +13,7 @@ namespace gradino {
 struct Host {
   /// Lets the events that are waiting run, and returns at once.
   std::function<void()> runevents = [] {};
-  /// Repaints the main window without letting events run.
+  /// Repaints the windows without letting events run.
   std::function<void()> repaint = [] {};
   /// Sleeps until an event has come, and lets it run. A wait without a player would never end.
   std::function<void()> waitevents;

@@ -24,6 +24,7 @@ class Generation : public QObject {
   void closedmeanwhile();
   void clearedmeanwhile();
   void continuous();
+  void continuoustells();
   void tools();
   void endoftheearlierlayout();
 };
@@ -170,6 +171,46 @@ void Generation::continuous() {
   QVERIFY(store.count(wholetable) >= listed);
   QCOMPARE(QString::fromStdString(store.at(wholetable, 0)->row[field::progressivo]), "8371");
   QVERIFY(ispuzzle(store.at(wholetable, 1)->row[field::stringa]));
+}
+
+/// A text of the reductions, newest first, whole or as far as it has come.
+bool tellsofreductions(const QString& text) {
+  return text.startsWith("beginning = ") || text.startsWith("coppia analizzata ") ||
+         text.startsWith("1 RIDUZIONE ESEGUITA ") || text.startsWith("executed ");
+}
+
+// Most of the time goes into tries, and the text of the last puzzle has then gone from the box.
+void Generation::continuoustells() {
+  const QTemporaryDir folder;
+  apppath = folder.path().toStdString();
+  QStringList told;
+  int blank = 0, withoutaword = 0;
+  {
+    User user;
+    fixsequence();
+    doubleclickframe(user);
+    const auto look = [&] {
+      const QWidget* explanations = toplevel("frmactivity");
+      if (explanations == nullptr || !explanations->isVisible()) return;
+      const QString text = explanations->findChild<QPlainTextEdit*>()->toPlainText();
+      if (frmactivity::Text3.text.empty()) ++withoutaword;
+      if (text.isEmpty()) {
+        if (!told.isEmpty()) ++blank;
+      } else if (told.isEmpty() || told.last() != text) {
+        told << text;
+      }
+      if (told.size() >= 5 && withoutaword >= 20) user.window().close();
+    };
+    host.runevents = [look, turn = host.runevents] {
+      turn();
+      look();
+    };
+    QCOMPARE(run(user, [&] { user.press("Toolbar2_continuo"); }), 0);
+  }
+  closelibrary();
+  apppath.clear();
+  QCOMPARE(blank, 0);
+  for (const QString& text : told) QVERIFY2(tellsofreductions(text), qPrintable(text));
 }
 
 void Generation::tools() {

@@ -11,6 +11,7 @@
 
 #include "boxes.h"
 #include "events.h"
+#include "host.h"
 #include "librarywindow.h"
 #include "look.h"
 #include "menu.h"
@@ -143,7 +144,9 @@ ActivityWindow::ActivityWindow() : text_(new QPlainTextEdit(this)) {
 
 void ActivityWindow::mirror() {
   settitle(*this, frmactivity::caption);
-  if (shown_ != frmactivity::Text3.text) {
+  // The continuous generator empties the text at each try and fills it in a blink: what it told last stays.
+  const bool between = unattended && frmactivity::Text3.text.empty();
+  if (!between && shown_ != frmactivity::Text3.text) {
     text_->setPlainText(QString::fromStdString(frmactivity::Text3.text));
     shown_ = frmactivity::Text3.text;
   }

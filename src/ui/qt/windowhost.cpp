@@ -1,6 +1,6 @@
 #include "windowhost.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QMessageBox>
@@ -85,11 +85,11 @@ void usewindows(QWidget& mainwindow, QWidget& client) {
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     leaveifended();
   };
-  host.repaint = [&mainwindow] {
-    frames.show([&mainwindow] {
+  host.repaint = [] {
+    frames.show([] {
       const Hush hush;
       showchanges();
-      mainwindow.repaint();
+      for (QWidget* window : QApplication::topLevelWidgets()) window->repaint();
     });
   };
   host.message = [&mainwindow](const std::string& text) { tell(mainwindow, text); };
