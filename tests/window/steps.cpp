@@ -1,6 +1,9 @@
 // A hint from the question to the digit: wait, paint, explanation, light; and back to a step by the log.
 #include <QPlainTextEdit>
 #include <QTextBlock>
+#include <algorithm>
+#include <cmath>
+#include <utility>
 
 #include "boxes.h"
 #include "light.h"
@@ -24,6 +27,7 @@ class Steps : public QObject {
   void locked();
   void notlocked();
   void painteddigit();
+  void digitsonallpaints();
   void languageinwait();
   void logshown();
   void logclosed();
@@ -228,6 +232,40 @@ void Steps::painteddigit() {
                }};
   user.press(hintkey);
   QCOMPARE(user.find("Text1_4")->palette().color(QPalette::Text), QColor(255, 0, 0));
+}
+
+/// The contrast ratio of two colours, from 1 to 21, as the accessibility guidelines of the web define it.
+double ratio(const QColor& a, const QColor& b) {
+  const auto light = [](const QColor& colour) {
+    double sum = 0;
+    for (const auto& [part, weight] :
+         {std::pair(colour.redF(), 0.2126), {colour.greenF(), 0.7152}, {colour.blueF(), 0.0722}})
+      sum += weight * (part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4));
+    return sum;
+  };
+  return (std::max(light(a), light(b)) + 0.05) / (std::min(light(a), light(b)) + 0.05);
+}
+
+// Letters as large as a digit need 3; red on red was given 3.3, and green is no worse.
+void Steps::digitsonallpaints() {
+  User user;
+  const auto shownas = [&](const QString& name) { return user.find(name)->palette().color(QPalette::Text); };
+  const Colour paints[] = {white, yellow, red, green, cyan, magenta, lightblue, orange};
+  for (int cell = 0; cell < 16; ++cell)
+    frmmain::Text1(cell) = {.text = "5", .back = paints[cell % 8], .fore = cell < 8 ? red : textcolor};
+  user.moveto(QPoint(2, 2));
+  user.press("cmdlan");
+  for (int cell = 0; cell < 16; ++cell) {
+    const QString name = QString("Text1_%1").arg(cell);
+    const QColor text = shownas(name);
+    const double figure = ratio(text, user.ground(name));
+    QVERIFY2(figure >= 3, qPrintable(QString("%1: %2").arg(name).arg(figure)));
+    if (cell < 8) QVERIFY2(text.red() > 0 && text.green() == 0 && text.blue() == 0, "a given is red");
+    if (cell >= 8) QCOMPARE(text, QColor(0, 0, 0));
+  }
+  QCOMPARE(shownas("Text1_0"), QColor(255, 0, 0));
+  QCOMPARE(shownas("Text1_3"), shownas("Text1_2"));  // on green as on red
+  QVERIFY(ratio(shownas("Text1_2"), user.ground("Text1_2")) > 3.3);
 }
 
 void Steps::languageinwait() {

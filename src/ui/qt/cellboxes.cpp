@@ -60,10 +60,12 @@ void drawborder(QWidget& widget, bool focus) {
   drawframe(painter, widget.rect(), 1, bordergrey);
 }
 
-/// The text's colour on its ground: a red digit in a red cell would not be seen.
+constexpr double enough = 3;  ///< contrast of letters as large as a digit
+
+/// The text's colour on its ground: a red digit in a red cell would not be seen, in a green one hardly.
 QColor readable(const gradino::Box& box) {
   const QColor text = screencolour(box.fore);
-  return box.fore == box.back ? text.darker(250) : text;
+  return contrast(text, screencolour(box.back)) < enough ? text.darker(250) : text;
 }
 
 bool allcovered() {

@@ -11,6 +11,8 @@
 #include <QStyleFactory>
 #include <QSvgRenderer>
 #include <QWidget>
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 // The artwork is linked in from a library, which has to be asked for outside of any namespace.
@@ -35,6 +37,23 @@ void setlook() {
 QColor screencolour(Colour colour) {
   if (colour == textcolor) return QGuiApplication::palette().color(QPalette::Text);
   return QColor(colour & 0xff, colour >> 8 & 0xff, colour >> 16 & 0xff);
+}
+
+namespace {
+
+/// From 0, black, to 1, white, as the eye takes it.
+double luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+}  // namespace
+
+double contrast(const QColor& text, const QColor& ground) {
+  const auto [dark, light] = std::minmax({luminance(text), luminance(ground)});
+  return (light + 0.05) / (dark + 0.05);
 }
 
 QFont pixelfont(const char* family, int height, bool bold) {

@@ -24,6 +24,9 @@ void setlook();
 /// A colour of the boxes on the screen.
 QColor screencolour(Colour colour);
 
+/// How well a text stands out on its ground, from 1, not at all, to 21: the ratio of their luminances.
+double contrast(const QColor& text, const QColor& ground);
+
 /// A font that stands at a fixed height: the layout is in pixels.
 QFont pixelfont(const char* family, int height, bool bold = false);
 
