@@ -40,8 +40,18 @@ same "what the library holds" "$("$cli" library stats)" "$("$cli" library --file
 cmp "$shipped" "$share/gradino/schemigenerati.mdb"
 
 step "desktop entry, description, icons"
-desktop-file-validate "$share/applications/gradino.desktop"
-grep -q "^Exec=gradino$" "$share/applications/gradino.desktop" || fail "the entry starts something else"
+desktop-file-validate "$share/applications/gradino.desktop" || fail "the desktop entry isn't valid"
+entry=$share/applications/gradino.desktop
+same "what the entry starts" "$(sed -n 's/^Exec=//p' "$entry" | head -n 1)" "gradino"
+action=$(sed -n '/^\[Desktop Action twice\]$/,$p' "$entry")
+for key in Name Name\\[it\\]; do
+  grep -q "^$key=." <<<"$action" || fail "the action has no $key"
+done
+larger=$(sed -n 's/^Exec=//p' <<<"$action")
+same "what the action starts" "$larger" "env QT_SCALE_FACTOR=2 gradino"
+status=0
+QT_QPA_PLATFORM=offscreen PATH=$place/usr/bin:$PATH timeout 3 sh -c "$larger" || status=$?
+same "the end of the larger window after three seconds" $status 124
 appstreamcli validate --no-net "$share/metainfo/arpa.home.gradino.metainfo.xml" >"$log" || {
   cat "$log"
   fail "the description isn't valid"
