@@ -24,7 +24,10 @@ NOTE = "<!-- Written by tools/technique-pages.py: change the text in {} instead.
 
 CELL = 48
 MARGIN = 24
-# As on the screen, but softer where a whole cell is painted behind its marks.
+# As on the screen, but softer where a whole cell is painted behind its marks. Digits are calmer too: red givens
+# would catch the eye on a page before the step does.
+ENTERED = "#1a237e"
+DIGITS = "Givens are black here and entered digits blue; in the window givens are red and entered digits black."
 COLOURS = {"yellow": "#ffee55", "green": "#7be07b", "red": "#ff8a80", "cyan": "#7fe5f0", "magenta": "#f2a0f2",
            "lightblue": "#8fc7ff", "orange": "#ffb74d"}
 
@@ -170,7 +173,7 @@ def drawcell(step, givens, cell):
     if box:
         yield rectangle(x, y, CELL, CELL, COLOURS[box])
     if step.before.values[cell]:
-        more = ' fill="#1a237e"' if givens[cell] == "." else ""
+        more = f' fill="{ENTERED}"' if givens[cell] == "." else ""
         yield write(x + CELL / 2, y + 34, 28, step.before.values[cell], more)
         return
     placing = step.before.values != step.after.values
@@ -260,7 +263,8 @@ def page(program, code, technique, files):
         heading = f"## Example {k}" if len(technique.examples) > 1 else "## An example"
         examples.append(
             f"{heading}\n\n![The board as the hint shows it](pictures/{image})\n\n"
-            f"The hint, in English and in Italian:\n\n"
+            + (f"{DIGITS}\n\n" if k == 1 else "") +
+            "The hint, in English and in Italian:\n\n"
             + fenced([step.wait["hint"], italian.wait["hint"]])
             + "\n" + textwrap.fill(f"{became(step)} In the log of the grader, at level {level}:", 116)
             + "\n\n" + fenced(log)
