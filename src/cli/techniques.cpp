@@ -1,28 +1,18 @@
 #include <array>
 #include <charconv>
+#include <span>
 #include <stdexcept>
 #include <utility>
 
-#include "bug.h"
-#include "colouring.h"
-#include "fish.h"
-#include "forcing.h"
 #include "gradestate.h"
-#include "intersections.h"
+#include "ladders.h"
 #include "log.h"
-#include "loops.h"
-#include "nishio.h"
-#include "pairs.h"
-#include "rectangles.h"
 #include "session.h"
 #include "singles.h"
 #include "step.h"
 #include "subcommands.h"
-#include "subsets.h"
 #include "tables.h"
-#include "wings.h"
 #include "words.h"
-#include "xychains.h"
 
 namespace gradino::cli {
 namespace {
@@ -90,35 +80,12 @@ void putboard(const Position& position) {
   nishioflag = position.nishio;
 }
 
-// clang-format off
-constexpr std::pair<const char*, void (*)()> twins[] = {
-    {"intersections", frmgenerazione::intersections},
-    {"nakedpair",     frmgenerazione::nakedpair},
-    {"hiddenpair",    frmgenerazione::hiddenpair},
-    {"findtriple",    frmgenerazione::findtriple},
-    {"findquad",      frmgenerazione::findquad},
-    {"findxywing",    frmgenerazione::findxywing},
-    {"findxyzwing",   frmgenerazione::findxyzwing},
-    {"findxwing",     frmgenerazione::findxwing},
-    {"findswordfish", frmgenerazione::findswordfish},
-    {"findjellyfish", frmgenerazione::findjellyfish},
-    {"colors",        frmgenerazione::gradecolors},
-    {"xcolors",       frmgenerazione::gradexcolors},
-    {"ur",            frmgenerazione::gradeur},
-    {"bug",           frmgenerazione::gradebug},
-    {"xychain",       frmgenerazione::gradexychain},
-    {"links",         frmgenerazione::gradelinks},
-    {"forcing",       frmgenerazione::gradeforcing},
-    {"nishio",        frmgenerazione::gradenishio},
-};
-// clang-format on
-
 /// Lets one twin alone act on the board, in a freshly started program.
-Json actionof(void (*twin)(), const Position& position, const Options& options) {
+Json actionof(const Technique& technique, const Position& position, const Options& options) {
   Session session;
   startsession(session, options.language);
   putboard(position);
-  runguarded(session, twin);
+  runguarded(session, technique.twin);
   Json out;
   out["found"] = foundflag;
   out["level"] = int(runninglevel);
@@ -142,8 +109,9 @@ std::string techniques(const std::string& line, const Options& options) {
   startsession(session, options.language);
   putboard(position);
   Json out;
-  for (const SingleRung& rung : singlerungs) out[rung.tag] = rung.find();
-  for (const auto& [name, twin] : twins) out[name] = actionof(twin, position, options);
+  for (const SingleRung& rung : singlerungs) out[std::string(rung.technique.name)] = rung.find();
+  for (const Technique* technique : std::span(hintladder).subspan(singlerungs.size()))
+    out[std::string(technique->name)] = actionof(*technique, position, options);
   return out.dump() + "\n";
 }
 

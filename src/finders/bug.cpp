@@ -101,7 +101,7 @@ std::string tell(const Words& words, const Bug& find) {
 
 void frmmain::stepbug() {
   foundflag = false;
-  steptag = "bug";
+  steptag = techniques::bug.tag;
   const Bug find = shown = scanbug(colourdigit);  // a command that comes in during the wait may show another
   if (find.cell == nocell) return;
   colourdigit = find.digit;
@@ -147,5 +147,10 @@ void explainbug() {
   closelesson();
   clearcolours();
 }
+
+// ---- record -----------------------------------------------------------------------------------------------
+
+const Technique techniques::bug = {
+    "bug", "bug", byfoundflag<frmmain::stepbug>, byfoundflag<frmgenerazione::gradebug>, explainbug, level};
 
 }  // namespace gradino

@@ -1,6 +1,8 @@
 // BUG (bivalue universal grave), level 18.
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -10,5 +12,9 @@ namespace frmgenerazione {
 void gradebug();
 }
 void explainbug();
+
+namespace techniques {
+extern const Technique bug;
+}
 
 }  // namespace gradino

@@ -691,7 +691,7 @@ void showxclash(const XColours& find) {
 }  // namespace
 
 void frmmain::stepcolors() {
-  steptag = "colors";
+  steptag = techniques::simplecolours.tag;
   const Colours find = shown = scancolors(colourdigit);
   colourtype = find.type;
   if (find.type == Colourtype::nothing) return;
@@ -936,5 +936,22 @@ void explaincolors() {
       return explainxclash();
   }
 }
+
+// ---- records ----------------------------------------------------------------------------------------------
+
+const Technique techniques::simplecolours = {"colors",
+                                             "colors",
+                                             byfoundflag<frmmain::stepcolors>,
+                                             byfoundflag<frmgenerazione::gradecolors>,
+                                             explaincolors,
+                                             level,
+                                             clashlevel};
+const Technique techniques::xcolours = {"colors",
+                                        "xcolors",
+                                        byfoundflag<frmmain::stepxcolors>,
+                                        byfoundflag<frmgenerazione::gradexcolors>,
+                                        explaincolors,
+                                        xlevel,
+                                        xclashlevel};
 
 }  // namespace gradino

@@ -1,6 +1,8 @@
 // Colours: simple colours (levels 13 and 14) and x-colours (15 and 16).
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -15,5 +17,9 @@ void gradexcolors();
 
 /// The step of either that is on show.
 void explaincolors();
+
+namespace techniques {
+extern const Technique simplecolours, xcolours;
+}
 
 }  // namespace gradino

@@ -147,9 +147,8 @@ constexpr Words deletejoiner = {" e ", " and "};
 
 /// What tells the three fish apart.
 struct FishKind {
-  const char* tag;
+  const Technique& technique;
   int n;  ///< lines
-  int level;
   Pair found;
   Words logdeleted, rule;
   std::string_view ruleline;
@@ -157,11 +156,11 @@ struct FishKind {
 };
 
 // clang-format off
-constexpr FishKind xwing     = {"findxwing",     2, 10, xwingfound,     logdeletedxwing, xwingrule,     longruleline,
+constexpr FishKind xwing     = {techniques::xwing,     2, xwingfound,     logdeletedxwing, xwingrule,     longruleline,
                                 xwingdelete,     {xwingfrom, xwingfrom}};
-constexpr FishKind swordfish = {"findswordfish", 3, 11, swordfishfound, logdeleted,      swordfishrule, ruleline,
+constexpr FishKind swordfish = {techniques::swordfish, 3, swordfishfound, logdeleted,      swordfishrule, ruleline,
                                 swordfishdelete, {swordfishfrom, swordfishfrom}};
-constexpr FishKind jellyfish = {"findjellyfish", 4, 12, jellyfishfound, logdeleted,      jellyfishrule, ruleline,
+constexpr FishKind jellyfish = {techniques::jellyfish, 4, jellyfishfound, logdeleted,      jellyfishrule, ruleline,
                                 jellyfishdelete, jellyfishfrom};
 // clang-format on
 
@@ -309,7 +308,7 @@ std::vector<int> paint(const FishKind& fish, const Fish& find) {
 }
 
 void step(const FishKind& fish) {
-  steptag = fish.tag;
+  steptag = fish.technique.tag;
   foundflag = false;
   const Fish find = shown = scan(fish);
   if (find.kind == Fish::none) return;
@@ -347,7 +346,7 @@ void twin(const FishKind& fish) {
     deletecandidate(cell, find.digit);
     appendwords(at(deletedcell, cell));
   });
-  raiselevel(fish.level);
+  raiselevel(fish.technique.level);
   settledeletions();
 }
 
@@ -427,5 +426,23 @@ void explainswordfish() {
 void explainjellyfish() {
   explain(jellyfish);
 }
+
+// ---- records ----------------------------------------------------------------------------------------------
+
+const Technique techniques::xwing = {
+    "findxwing",  "findxwing", byfoundflag<frmmain::findxwing>, byfoundflag<frmgenerazione::findxwing>,
+    explainxwing, 10};
+const Technique techniques::swordfish = {"findswordfish",
+                                         "findswordfish",
+                                         byfoundflag<frmmain::findswordfish>,
+                                         byfoundflag<frmgenerazione::findswordfish>,
+                                         explainswordfish,
+                                         11};
+const Technique techniques::jellyfish = {"findjellyfish",
+                                         "findjellyfish",
+                                         byfoundflag<frmmain::findjellyfish>,
+                                         byfoundflag<frmgenerazione::findjellyfish>,
+                                         explainjellyfish,
+                                         12};
 
 }  // namespace gradino

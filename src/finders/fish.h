@@ -1,6 +1,8 @@
 // Fish: X-Wing (level 10), Swordfish (11), Jellyfish (12).
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -18,5 +20,9 @@ void findjellyfish();
 void explainxwing();
 void explainswordfish();
 void explainjellyfish();
+
+namespace techniques {
+extern const Technique xwing, swordfish, jellyfish;
+}
 
 }  // namespace gradino

@@ -347,7 +347,7 @@ void scanforcingall() {
 // ---- step -------------------------------------------------------------------------------------------------
 
 void frmmain::stepforcing() {
-  steptag = "xlinks";
+  steptag = techniques::forcingchain.tag;
   scanforcingall();
   if (chainsteps >= showable) return;
   const Chain chain(forcinglength);
@@ -408,5 +408,11 @@ void explainforcing() {
   foundflag = true;
   clearcolours();
 }
+
+// ---- record -----------------------------------------------------------------------------------------------
+
+const Technique techniques::forcingchain = {
+    "xlinks",       "forcing", byfoundflag<frmmain::stepforcing>, byfoundflag<frmgenerazione::gradeforcing>,
+    explainforcing, level};
 
 }  // namespace gradino

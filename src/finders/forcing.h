@@ -1,6 +1,8 @@
 // Forcing chains, level 21.
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -10,5 +12,9 @@ namespace frmgenerazione {
 void gradeforcing();
 }
 void explainforcing();
+
+namespace techniques {
+extern const Technique forcingchain;
+}
 
 }  // namespace gradino

@@ -235,7 +235,7 @@ void keep(const Intersection& find) {
 
 void frmmain::intersections() {
   foundflag = false;
-  steptag = "intersections";
+  steptag = techniques::intersections.tag;
   shown = {};
   scan([](const Intersection& find) {
     keep(find);
@@ -294,5 +294,14 @@ void explainintersections() {
   closelesson();
   clearcolours();
 }
+
+// ---- record -----------------------------------------------------------------------------------------------
+
+const Technique techniques::intersections = {"intersections",
+                                             "intersections",
+                                             byfoundflag<frmmain::intersections>,
+                                             byfoundflag<frmgenerazione::intersections>,
+                                             explainintersections,
+                                             level};
 
 }  // namespace gradino

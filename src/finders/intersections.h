@@ -1,6 +1,8 @@
 // Intersections (locked candidates), level 3.
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -10,5 +12,9 @@ namespace frmgenerazione {
 void intersections();
 }
 void explainintersections();
+
+namespace techniques {
+extern const Technique intersections;
+}
 
 }  // namespace gradino

@@ -52,7 +52,7 @@ constexpr int level = 20;
 // ---- step -------------------------------------------------------------------------------------------------
 
 void frmmain::steplinks() {
-  steptag = "links";
+  steptag = techniques::loop.tag;
   foundflag = false;
   int digit = 0, cell = 0;
   scanchain(ChainRules::loops, digit, cell);
@@ -108,5 +108,11 @@ void explainlinks() {
   clearcolours();
   foundflag = true;
 }
+
+// ---- record -----------------------------------------------------------------------------------------------
+
+const Technique techniques::loop = {
+    "links",      "links", byfoundflag<frmmain::steplinks>, byfoundflag<frmgenerazione::gradelinks>,
+    explainlinks, level};
 
 }  // namespace gradino

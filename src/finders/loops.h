@@ -1,6 +1,8 @@
 // Loops, level 20.
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -10,5 +12,9 @@ namespace frmgenerazione {
 void gradelinks();
 }
 void explainlinks();
+
+namespace techniques {
+extern const Technique loop;
+}
 
 }  // namespace gradino

@@ -244,7 +244,7 @@ void paintplacings(const Trial& trial, Colour colour) {
 // ---- step -------------------------------------------------------------------------------------------------
 
 void frmmain::stepnishio() {
-  steptag = "impossible";  // also behind the menu and the toolbar, so that the help argues this step
+  steptag = techniques::nishio.tag;
   scannishio();
   if (chainsteps >= usable) return;
   foundflag = true;
@@ -360,5 +360,11 @@ void explainnishio() {
   closelesson();
   clearcolours();
 }
+
+// ---- record -----------------------------------------------------------------------------------------------
+
+const Technique techniques::nishio = {
+    "impossible",  "nishio", byfoundflag<frmmain::stepnishio>, byfoundflag<frmgenerazione::gradenishio>,
+    explainnishio, level};
 
 }  // namespace gradino

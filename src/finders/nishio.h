@@ -1,6 +1,8 @@
 // Nishio, level 21: the last rung.
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -10,5 +12,9 @@ namespace frmgenerazione {
 void gradenishio();
 }
 void explainnishio();
+
+namespace techniques {
+extern const Technique nishio;
+}
 
 }  // namespace gradino

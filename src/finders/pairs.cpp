@@ -254,7 +254,7 @@ void narrow(const Pair& hidden) {
 
 void frmmain::nakedpair() {
   foundflag = false;
-  steptag = "nakedpair";
+  steptag = techniques::nakedpair.tag;
   const Pair pair = shown = findnaked();
   if (!pair.found()) return;
   keep(pair);
@@ -276,7 +276,7 @@ void frmmain::nakedpair() {
 // still show the old candidates: the same find is passed over at the next try.
 void frmmain::hiddenpair() {
   foundflag = false;
-  steptag = "hiddenpair";
+  steptag = techniques::hiddenpair.tag;
   const Pair pair = shown = findhidden();
   if (!pair.found()) return;
   keep(pair);
@@ -371,5 +371,17 @@ void explainhiddenpair() {
   closelesson();
   clearcolours();
 }
+
+// ---- records ----------------------------------------------------------------------------------------------
+
+const Technique techniques::nakedpair = {
+    "nakedpair",      "nakedpair", byfoundflag<frmmain::nakedpair>, byfoundflag<frmgenerazione::nakedpair>,
+    explainnakedpair, nakedlevel};
+const Technique techniques::hiddenpair = {"hiddenpair",
+                                          "hiddenpair",
+                                          byfoundflag<frmmain::hiddenpair>,
+                                          byfoundflag<frmgenerazione::hiddenpair>,
+                                          explainhiddenpair,
+                                          hiddenlevel};
 
 }  // namespace gradino

@@ -1,6 +1,8 @@
 // Naked and hidden pairs, levels 4 and 5.
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -13,5 +15,9 @@ void hiddenpair();
 }  // namespace frmgenerazione
 void explainnakedpair();
 void explainhiddenpair();
+
+namespace techniques {
+extern const Technique nakedpair, hiddenpair;
+}
 
 }  // namespace gradino

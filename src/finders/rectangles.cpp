@@ -338,7 +338,7 @@ bool arguetype2(const Rectangle& find, Lesson& lesson) {
 }  // namespace
 
 void frmmain::stepur() {
-  steptag = "ur";
+  steptag = techniques::uniquerectangle.tag;
   scanur(shown);
   const Rectangle find = shown;  // a command that comes in during the wait may show another
   if (find.urtype != Rectangle::type1 && find.urtype != Rectangle::type2) return;
@@ -366,5 +366,10 @@ void explainur() {
   closelesson();
   clearcolours();
 }
+
+// ---- record -----------------------------------------------------------------------------------------------
+
+const Technique techniques::uniquerectangle = {
+    "ur", "ur", byfoundflag<frmmain::stepur>, byfoundflag<frmgenerazione::gradeur>, explainur, level};
 
 }  // namespace gradino

@@ -1,6 +1,8 @@
 // Unique rectangles, level 17.
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -10,5 +12,9 @@ namespace frmgenerazione {
 void gradeur();
 }
 void explainur();
+
+namespace techniques {
+extern const Technique uniquerectangle;
+}
 
 }  // namespace gradino

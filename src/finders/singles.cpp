@@ -232,17 +232,18 @@ std::string tell(const SingleRung& rung, const Words& words, const Single& found
 
 // clang-format off
 const std::array<SingleRung, 5> singlerungs{{
-    // tag                 search              reading     hint         headline     level
-    {"findOneMissing",     findOneMissing,     readlast,   lastinrow,   lastinrow,   0},
-    {"findSingleInBlock",  findSingleInBlock,  readblock,  hintblock,   headblock,   0},
-    {"findSingleInRow",    findSingleInRow,    readrow,    hintrow,     headrow,     1},
-    {"findSingleInColumn", findSingleInColumn, readcolumn, hintcolumn,  headcolumn,  1},
-    {"findSingleInCell",   findSingleInCell,   readcell,   hintcell,    headcell,    2},
+    // technique                          search              reading     hint         headline
+    {techniques::lastdigit,            findOneMissing,     readlast,   lastinrow,   lastinrow},
+    {techniques::hiddensingleinblock,  findSingleInBlock,  readblock,  hintblock,   headblock},
+    {techniques::hiddensingleinrow,    findSingleInRow,    readrow,    hintrow,     headrow},
+    {techniques::hiddensingleincolumn, findSingleInColumn, readcolumn, hintcolumn,  headcolumn},
+    {techniques::nakedsingle,          findSingleInCell,   readcell,   hintcell,    headcell},
 }};
 // clang-format on
 
 // A command that comes in during the wait may move curcell and curdigit: the step goes by its own find.
 bool frmmain::single(const SingleRung& rung) {
+  steptag = rung.technique.tag;
   const std::string result = rung.find();
   if (result.empty()) return false;
   const Single found = rung.read(result);
@@ -276,7 +277,7 @@ bool frmgenerazione::single(const SingleRung& rung) {
   const std::string line = tell(rung, rung.headline, found);
   counthead();
   placequickly(found.cell, found.digit);
-  if (rung.level > 0) raiselevel(rung.level);
+  if (rung.technique.level > 0) raiselevel(rung.technique.level);
   appendline(line);
   return true;
 }
@@ -410,5 +411,34 @@ void explainsingleincell() {
   lesson.line(say(thedigit, hole("digit", stepdigit)));
   argue(lesson);
 }
+
+// ---- records ----------------------------------------------------------------------------------------------
+
+// They are tested by their result: foundflag is nothing to them.
+namespace {
+
+template <int rung>
+bool singlestep() {
+  return frmmain::single(singlerungs[rung]);
+}
+template <int rung>
+bool singletwin() {
+  return frmgenerazione::single(singlerungs[rung]);
+}
+
+}  // namespace
+
+// clang-format off
+const Technique techniques::lastdigit =
+    {"findOneMissing",     "findOneMissing",     singlestep<0>, singletwin<0>, nullptr,               0};
+const Technique techniques::hiddensingleinblock =
+    {"findSingleInBlock",  "findSingleInBlock",  singlestep<1>, singletwin<1>, explainsingleinblock,  0};
+const Technique techniques::hiddensingleinrow =
+    {"findSingleInRow",    "findSingleInRow",    singlestep<2>, singletwin<2>, explainsingleinrow,    1};
+const Technique techniques::hiddensingleincolumn =
+    {"findSingleInColumn", "findSingleInColumn", singlestep<3>, singletwin<3>, explainsingleincolumn, 1};
+const Technique techniques::nakedsingle =
+    {"findSingleInCell",   "findSingleInCell",   singlestep<4>, singletwin<4>, explainsingleincell,   2};
+// clang-format on
 
 }  // namespace gradino

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "technique.h"
 #include "words.h"
 
 namespace gradino {
@@ -27,13 +28,12 @@ struct Single {
   int digit, cell;
 };
 
-/// One rung. The ladders run the five in the order of this table.
+/// What tells the five apart, in the order of the ladders.
 struct SingleRung {
-  const char* tag;
+  const Technique& technique;
   std::string (*find)();
   Single (*read)(const std::string& result);
   Words hint, headline;
-  int level;
 };
 extern const std::array<SingleRung, 5> singlerungs;
 
@@ -51,5 +51,9 @@ void explainsingleinblock();
 void explainsingleinrow();
 void explainsingleincolumn();
 void explainsingleincell();
+
+namespace techniques {
+extern const Technique lastdigit, hiddensingleinblock, hiddensingleinrow, hiddensingleincolumn, nakedsingle;
+}
 
 }  // namespace gradino

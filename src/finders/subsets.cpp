@@ -142,8 +142,8 @@ constexpr auto quads = digitsets<4>();
 
 /// What tells triples and quads apart.
 struct Size {
-  const char* tag;
-  int n, level;
+  const Technique& technique;
+  int n;
   int toofew;  ///< a house with no more open digits than this is not looked at
   std::span<const int> sets;
   Words count;
@@ -152,9 +152,9 @@ struct Size {
 };
 
 // clang-format off
-constexpr Size triple = {"findtriple", 3, 6, 5, triples, countthree, nakedtriplefound, hiddentriplefound,
+constexpr Size triple = {techniques::triple, 3, 5, triples, countthree, nakedtriplefound, hiddentriplefound,
                          nakedtripletitle, hiddentripletitle, ourcasetriplecolumn};
-constexpr Size quad   = {"findquad",   4, 7, 6, quads,   countfour,  nakedquadfound,   hiddenquadfound,
+constexpr Size quad   = {techniques::quad,   4, 6, quads,   countfour,  nakedquadfound,   hiddenquadfound,
                          nakedquadtitle,   hiddenquadtitle,   ourcase};
 // clang-format on
 
@@ -356,7 +356,7 @@ void paint(const Subset& find, Colour colour) {
 
 // foundflag is not cleared: a search without a result leaves it as the routine before has left it.
 void step(const Size& size) {
-  steptag = size.tag;
+  steptag = size.technique.tag;
   const Subset find = shown = subsetfinder(size);
   if (!find.found()) return;
   foundflag = true;
@@ -384,7 +384,7 @@ void twin(const Size& size) {
   foundflag = true;
   headline(tellfound(find));
   detail(tell(find.naked() ? logdeleted : logentered, find));
-  raiselevel(size.level);
+  raiselevel(size.technique.level);
   victims(find, [&](int cell, int digit) {
     deletecandidate(cell, digit);
     if (find.naked()) appendwords(tellcandidate(deletedcandidate, cell, digit));
@@ -466,5 +466,17 @@ void explaintriple() {
 void explainquad() {
   explain();
 }
+
+// ---- records ----------------------------------------------------------------------------------------------
+
+const Technique techniques::triple = {"findtriple",
+                                      "findtriple",
+                                      byfoundflag<frmmain::findtriple>,
+                                      byfoundflag<frmgenerazione::findtriple>,
+                                      explaintriple,
+                                      6};
+const Technique techniques::quad = {
+    "findquad",  "findquad", byfoundflag<frmmain::findquad>, byfoundflag<frmgenerazione::findquad>,
+    explainquad, 7};
 
 }  // namespace gradino

@@ -1,6 +1,8 @@
 // Triples (level 6) and quads (level 7), naked and hidden.
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -15,5 +17,9 @@ void findquad();
 
 void explaintriple();
 void explainquad();
+
+namespace techniques {
+extern const Technique triple, quad;
+}
 
 }  // namespace gradino

@@ -312,16 +312,15 @@ Wing shownxy, shownxyz;
 
 /// What tells the two techniques apart.
 struct WingKind {
-  const char* tag;
-  int level;
+  const Technique& technique;
   void (*scan)(Wing&);
   Wing& shown;
   Words found, rule, thecase, ifdigit;
 };
 
 // clang-format off
-constexpr WingKind xywing  = {"findxywing",  8, scanxywing,  shownxy,  xyfound,  xyrule,  xycase,  xyif};
-constexpr WingKind xyzwing = {"findxyzwing", 9, scanxyzwing, shownxyz, xyzfound, xyzrule, xyzcase, xyzif};
+constexpr WingKind xywing  = {techniques::xywing,  scanxywing,  shownxy,  xyfound,  xyrule,  xycase,  xyif};
+constexpr WingKind xyzwing = {techniques::xyzwing, scanxyzwing, shownxyz, xyzfound, xyzrule, xyzcase, xyzif};
 // clang-format on
 
 std::string tell(const Words& words, const Wing& find) {
@@ -341,7 +340,7 @@ void paint(const Wing& find, Colour marks, Colour boxes) {
 }
 
 void step(const WingKind& kind) {
-  steptag = kind.tag;
+  steptag = kind.technique.tag;
   Wing find;
   kind.scan(find);
   kind.shown = find;
@@ -372,7 +371,7 @@ void twin(const WingKind& kind) {
   victims(find, [&](int cell) {
     if (deletecandidate(cell, find.z)) appendwords(at(deletedcell, cell));
   });
-  raiselevel(kind.level);
+  raiselevel(kind.technique.level);
   settledeletions();
 }
 
@@ -421,5 +420,20 @@ void explainxywing() {
 void explainxyzwing() {
   explain(xyzwing);
 }
+
+// ---- records ----------------------------------------------------------------------------------------------
+
+const Technique techniques::xywing = {"findxywing",
+                                      "findxywing",
+                                      byfoundflag<frmmain::findxywing>,
+                                      byfoundflag<frmgenerazione::findxywing>,
+                                      explainxywing,
+                                      8};
+const Technique techniques::xyzwing = {"findxyzwing",
+                                       "findxyzwing",
+                                       byfoundflag<frmmain::findxyzwing>,
+                                       byfoundflag<frmgenerazione::findxyzwing>,
+                                       explainxyzwing,
+                                       9};
 
 }  // namespace gradino

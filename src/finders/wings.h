@@ -1,6 +1,8 @@
 // XY-Wing (level 8) and XYZ-Wing (level 9).
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -15,5 +17,9 @@ void findxyzwing();
 
 void explainxywing();
 void explainxyzwing();
+
+namespace techniques {
+extern const Technique xywing, xyzwing;
+}
 
 }  // namespace gradino

@@ -63,7 +63,7 @@ void paintends(const Chain& chain, int digit, Colour ends, Colour start) {
 // ---- step -------------------------------------------------------------------------------------------------
 
 void frmmain::stepxychain() {
-  steptag = "xychain";
+  steptag = techniques::xychain.tag;
   foundflag = false;
   int digit = 0, cell = 0;
   scanchain(ChainRules::xychains, digit, cell);
@@ -118,5 +118,11 @@ void explainxychain() {
   clearcolours();
   foundflag = true;
 }
+
+// ---- record -----------------------------------------------------------------------------------------------
+
+const Technique techniques::xychain = {
+    "xychain",      "xychain", byfoundflag<frmmain::stepxychain>, byfoundflag<frmgenerazione::gradexychain>,
+    explainxychain, level};
 
 }  // namespace gradino

@@ -1,6 +1,8 @@
 // XY-chains, level 19.
 #pragma once
 
+#include "technique.h"
+
 namespace gradino {
 
 namespace frmmain {
@@ -10,5 +12,9 @@ namespace frmgenerazione {
 void gradexychain();
 }
 void explainxychain();
+
+namespace techniques {
+extern const Technique xychain;
+}
 
 }  // namespace gradino

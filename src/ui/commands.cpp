@@ -30,6 +30,7 @@
 namespace gradino {
 
 using namespace frmmain;
+using namespace techniques;
 
 namespace {
 
@@ -85,18 +86,18 @@ bool savekey() {
   return true;
 }
 
-/// Techniques from the menu: one behind the other, whatever the first did.
-template <auto... techniques>
+/// Techniques from the menu: one after the other, whatever the first did.
+template <const Technique&... technique>
 void eachof() {
-  (techniques(), ...);
+  (technique.step(), ...);
 }
 
 /// Techniques from the toolbar: each only if the one before found nothing. Not every technique clears
 /// foundflag itself, and what an earlier command found is none of this one's.
-template <auto... techniques>
+template <const Technique&... technique>
 bool untilfound() {
   foundflag = false;
-  static_cast<void>(((techniques(), foundflag) || ...));
+  static_cast<void>((technique.step() || ...));
   return true;
 }
 
@@ -121,15 +122,15 @@ const MenuRow menutable[] = {
     {&mnuposition,   false, {"suggerisci posizione", "Suggest position"},       mnuposition_Click},
     {&mnunumber,     false, {"suggerisci numero", "Suggest number"},            mnunumber_Click},
     {&mnutecniche,   true,  {"Tecniche", "Tecniques"},                          nullptr},
-    {&mnurestricted, false, {"Intersezioni", "Intersections"},                  frmmain::intersections},
-    {&mnunakedpair,  false, both("Naked Pair"),                                 frmmain::nakedpair},
-    {&mnuhidden,     false, both("Hidden pair"),                                frmmain::hiddenpair},
-    {&mnutriplet,    false, both("Naked-Hidden triple-quad"),                   eachof<findtriple, findquad>},
-    {&mnuxy,         false, both("XY-XYZ Wing"),                                eachof<findxywing, findxyzwing>},
-    {&mnuxwing,      false, both("X Wing"),                                     findxwing},
-    {&mnusword,      false, both("Sword Fish -JellyFish"),                      eachof<findswordfish, findjellyfish>},
-    {&mnucolori,     false, {"Colori", "Coloring"},                             eachof<stepcolors, stepxcolors>},
-    {&mnuchain,      false, {"Catene forzate", "Forcing chain"},                eachof<steplinks, stepnishio>},
+    {&mnurestricted, false, {"Intersezioni", "Intersections"},                  eachof<techniques::intersections>},
+    {&mnunakedpair,  false, both("Naked Pair"),                                 eachof<techniques::nakedpair>},
+    {&mnuhidden,     false, both("Hidden pair"),                                eachof<techniques::hiddenpair>},
+    {&mnutriplet,    false, both("Naked-Hidden triple-quad"),                   eachof<triple, quad>},
+    {&mnuxy,         false, both("XY-XYZ Wing"),                                eachof<xywing, xyzwing>},
+    {&mnuxwing,      false, both("X Wing"),                                     eachof<xwing>},
+    {&mnusword,      false, both("Sword Fish -JellyFish"),                      eachof<swordfish, jellyfish>},
+    {&mnucolori,     false, {"Colori", "Coloring"},                             eachof<simplecolours, xcolours>},
+    {&mnuchain,      false, {"Catene forzate", "Forcing chain"},                eachof<loop, nishio>},
     {&mnutools,      true,  {"Strumenti", "Tools"},                             nullptr},
     {&mnusolve,      false, {"Risolvi", "Solve"},                               mnusolve_Click},
     {&mnugenerator,  true,  {"Generatore", "Generator"},                        nullptr},
@@ -158,15 +159,15 @@ const KeyRow toolbar1table[] = {
     {&Toolbar1::modifica,    "modifica",    "",       {},                                              run<modifica_Click>},
     {&Toolbar1::activity,    "activity",    "",       {"log attività", "activity log"},                run<mnuactivity_Click>},
     {nullptr,                "",            "",       {},                                              nullptr},
-    {&Toolbar1::obbligate,   "obbligate",   "",       {"intersezioni", "intersections"},               run<frmmain::intersections>},
-    {&Toolbar1::nakedpair,   "nakedpair",   "",       {"doppia nuda", "naked pair"},                   run<frmmain::nakedpair>},
-    {&Toolbar1::hidden,      "hidden",      "",       {"doppia nascosta", "hidden pair"},              run<frmmain::hiddenpair>},
-    {&Toolbar1::nakedtriple, "nakedtriple", "",       {"triple quadruple", "naked_hidden triple-quad"}, untilfound<findtriple, findquad>},
-    {&Toolbar1::xywing,      "xywing",      "",       {"XY-XYZ Wing", "XY-XYZ Wing "},                 untilfound<findxywing, findxyzwing>},
-    {&Toolbar1::xwing,       "xwing",       "",       {"X Wing", "X Wing"},                            run<findxwing>},
-    {&Toolbar1::sword,       "sword",       "",       {"swordfish-jellyfish", "swordfish-jellyfish"},  untilfound<findswordfish, findjellyfish>},
-    {&Toolbar1::colori,      "colori",      "",       {"colori", "colors"},                            untilfound<stepcolors, stepxcolors>},
-    {&Toolbar1::chain,       "chain",       "",       {"cicli - catene forzate", "loops - chains"},    untilfound<steplinks, stepforcing, stepnishio>},
+    {&Toolbar1::obbligate,   "obbligate",   "",       {"intersezioni", "intersections"},               untilfound<techniques::intersections>},
+    {&Toolbar1::nakedpair,   "nakedpair",   "",       {"doppia nuda", "naked pair"},                   untilfound<techniques::nakedpair>},
+    {&Toolbar1::hidden,      "hidden",      "",       {"doppia nascosta", "hidden pair"},              untilfound<techniques::hiddenpair>},
+    {&Toolbar1::nakedtriple, "nakedtriple", "",       {"triple quadruple", "naked_hidden triple-quad"}, untilfound<triple, quad>},
+    {&Toolbar1::xywing,      "xywing",      "",       {"XY-XYZ Wing", "XY-XYZ Wing "},                 untilfound<xywing, xyzwing>},
+    {&Toolbar1::xwing,       "xwing",       "",       {"X Wing", "X Wing"},                            untilfound<xwing>},
+    {&Toolbar1::sword,       "sword",       "",       {"swordfish-jellyfish", "swordfish-jellyfish"},  untilfound<swordfish, jellyfish>},
+    {&Toolbar1::colori,      "colori",      "",       {"colori", "colors"},                            untilfound<simplecolours, xcolours>},
+    {&Toolbar1::chain,       "chain",       "",       {"cicli - catene forzate", "loops - chains"},    untilfound<loop, forcingchain, nishio>},
     {nullptr,                "",            "",       {},                                              nullptr},
     {nullptr,                "",            "",       {},                                              nullptr},
     {nullptr,                "",            "",       {},                                              nullptr},
@@ -230,11 +231,11 @@ void showgivens() {
 }
 
 void cmdimpossibili_Click() {
-  untilfound<stepbug, stepur>();
+  untilfound<bug, uniquerectangle>();
 }
 
 void Cmdtest_Click() {
-  stepxychain();
+  xychain.step();
 }
 
 void mnuprint_Click() {

@@ -1,0 +1,28 @@
+// A technique, as whoever lists techniques sees it: the two ladders, the explanations, menu and toolbar,
+// gradino-cli. Each has one record, declared in the header of its finder.
+#pragma once
+
+#include <string_view>
+
+#include "step.h"
+
+namespace gradino {
+
+struct Technique {
+  std::string_view tag;    ///< what steptag holds while its step is the one on show
+  std::string_view name;   ///< what gradino-cli calls it
+  bool (*step)();          ///< the step of the main window: shows, waits, acts. True: there was one
+  bool (*twin)();          ///< the grader's silent twin: logs, acts, raises the level. True: there was one
+  void (*explain)();       ///< argues the step on show; nullptr: there is nothing to argue
+  int level;               ///< what one step raises the grade to
+  int clashlevel = level;  ///< and one whose argument ends in a contradiction
+};
+
+/// A routine that leaves in foundflag whether it found something, as a record has it.
+template <void (*routine)()>
+bool byfoundflag() {
+  routine();
+  return foundflag;
+}
+
+}  // namespace gradino
