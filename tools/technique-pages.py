@@ -4,7 +4,7 @@
   tools/technique-pages.py GRADINO-CLI            writes the pages and pictures
   tools/technique-pages.py GRADINO-CLI --check    fails when what is there is not what would be written
 
-The prose stands in docs/techniques/text, one file a technique, in front of it its step and twin in the code
+The prose stands in docs/techniques/text, one file a technique, in front of it its record in the code
 and one example or more: a puzzle, and the step of its walk at which the technique is the next one. All else
 on a page is taken from the program: board, colours, sentences and log lines from a run of it, levels and
 points and the two ladders from the tables of its sources.
@@ -39,26 +39,26 @@ def source(name):
 @dataclass
 class Code:
     """What the tables of the sources tell."""
-    levels: dict          # level: (name, points)
-    singles: dict         # find: level
-    hintladder: list      # of steps
-    gradeladder: list     # of twins
-    names: dict           # twin: its name in the output of `gradino-cli techniques`
+    levels: dict       # level: (name, points)
+    names: dict        # record: its name in the output of `gradino-cli techniques`
+    singles: dict      # record of a single: its level
+    hintladder: list   # of records
+    gradeladder: list  # of records
 
     @staticmethod
     def read():
-        row = r'/\*\s*(\d+) \*/ \{\{\s*"[^"]*",\s*"([^"]*)"\},\s*(\d+)\}'
-        levels = {int(n): (name.strip(), int(points))
-                  for n, name, points in re.findall(row, source("solving/levelreport.cpp"))}
-        singles = {find: int(level) for find, level in
-                   re.findall(r'\{"\w+",\s*(\w+),[^}]*?(\d+)\},\n', source("finders/singles.cpp"))}
-        steps = re.findall(r'\{"\w+",\s*frmmain::(\w+)\}', source("solving/stepsolver.cpp"))
-        twins = re.findall(r'^    frmgenerazione::(\w+),$', source("solving/grader.cpp"), re.M)
-        names = {twin: name for name, twin in
-                 re.findall(r'\{"(\w+)",\s*frmgenerazione::(\w+)\}', source("cli/techniques.cpp"))}
-        if len(levels) != 22 or len(singles) != 5 or not len(steps) == len(twins) == len(names) == 18:
+        row = r'/\*\s*(\d+) \*/ \{(\d+),\s*\{"[^"]*",\s*"([^"]*)"\}'
+        levels = {int(n): (name.strip(), int(points)) for n, points, name in re.findall(row, source("forms/levels.cpp"))}
+        record = r'const Technique techniques::(\w+)\{\s*\.tag = "\w+",\s*\.name = "(\w+)",([^;]*)\};'
+        records = [match for path in sorted((ROOT / "src" / "finders").glob("*.cpp"))
+                   for match in re.findall(record, path.read_text())]
+        names = {name: called for name, called, _ in records}
+        singles = {name: int(re.search(r"level = (\d+)", rest)[1]) for name, _, rest in records if "singlestep" in rest}
+        hint, grade = (re.findall(r"&(\w+),", ladder)
+                       for ladder in re.findall(r"ladder = \{(.*?)\};", source("solving/ladders.cpp"), re.S))
+        if len(levels) != 22 or len(singles) != 5 or not set(names) == set(hint) == set(grade):
             sys.exit("technique-pages: the tables of the sources don't look as this script knows them")
-        return Code(levels, singles, [*singles, *steps], [*singles, *twins], names)
+        return Code(levels, names, singles, hint, grade)
 
 
 @dataclass
@@ -134,8 +134,7 @@ class Technique:
     name: str
     title: str
     text: str
-    step: str = ""
-    twin: str = ""
+    record: str = ""  # in the header of its finder
     examples: list = field(default_factory=list)
 
     @staticmethod
@@ -212,13 +211,13 @@ def picture(step, givens, title):
 
 def loglines(program, technique, code, puzzle, step, solution):
     """The level and the lines that the grader writes for the same find."""
-    if technique.step in code.singles:
+    if technique.record in code.singles:
         place = re.search(r"r\dc\d", step.wait["hint"])[0]
         digit = step.wait["number"]
         lines = [line for line in program.grade(puzzle)["log"]
                  if line.startswith(digit + " ") and line.endswith(place)]
-        return code.singles[technique.step], lines[:1]
-    result = program.techniques(step.before, solution)[code.names[technique.twin]]
+        return code.singles[technique.record], lines[:1]
+    result = program.techniques(step.before, solution)[code.names[technique.record]]
     if not result["found"] or result["fault"]:
         sys.exit(f"technique-pages: {technique.name} finds nothing on its example")
     return result["level"], [line for line in result["log"] if line]
@@ -274,7 +273,7 @@ def page(program, code, technique, files):
     for level in levels:
         name, points = code.levels[level]
         facts += f"- **Level {level}**: {name}; {points} points a step\n"
-    hint, grader = code.hintladder.index(technique.step) + 1, code.gradeladder.index(technique.twin) + 1
+    hint, grader = code.hintladder.index(technique.record) + 1, code.gradeladder.index(technique.record) + 1
     facts += (f"- The {ordinal(hint)} of {len(code.hintladder)} techniques that the hint tries, "
               f"the {ordinal(grader)} that the grader tries\n")
     head = f"{NOTE.format(f'text/{technique.name}.md')}# {technique.title}\n\n{facts}\n{technique.text}\n\n"
@@ -287,8 +286,8 @@ def index(code, techniques, levels):
     for technique in techniques:
         points = [str(code.levels[level][1]) for level in levels[technique.name]]
         points = list(dict.fromkeys(points))
-        rows.append(f"| {code.hintladder.index(technique.step) + 1} "
-                    f"| {code.gradeladder.index(technique.twin) + 1} "
+        rows.append(f"| {code.hintladder.index(technique.record) + 1} "
+                    f"| {code.gradeladder.index(technique.record) + 1} "
                     f"| [{technique.title}]({technique.name}.md) "
                     f"| {', '.join(map(str, sorted(levels[technique.name])))} | {', '.join(points)} |")
     return (NOTE.format("text/README.md") + (PAGES / "text" / "README.md").read_text().strip()
@@ -299,9 +298,9 @@ def index(code, techniques, levels):
 def pages(program):
     code = Code.read()
     techniques = [Technique.read(path) for path in (PAGES / "text").glob("*.md") if path.stem != "README"]
-    if sorted(t.step for t in techniques) != sorted(code.hintladder):
+    if sorted(t.record for t in techniques) != sorted(code.hintladder):
         sys.exit("technique-pages: not one text for each technique of the hint's ladder")
-    techniques.sort(key=lambda technique: code.hintladder.index(technique.step))
+    techniques.sort(key=lambda technique: code.hintladder.index(technique.record))
     files, levels = {}, {}
     for technique in techniques:
         levels[technique.name] = page(program, code, technique, files)

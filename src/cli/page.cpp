@@ -7,7 +7,7 @@
 #include <cairo-pdf.h>
 #include <cairo.h>
 
-#include "levelnames.h"
+#include "levels.h"
 #include "output.h"
 #include "words.h"
 
@@ -130,7 +130,7 @@ Rectangle field(const PageOptions& options, int k, int columns, int rows, double
 
 std::string caption(const Printed& puzzle) {
   if (puzzle.standing != Standing::single) return std::string(ingradesplace(puzzle.standing));
-  const std::string name(inlanguage(levelname(puzzle.level)));
+  const std::string name(inlanguage(levelof(puzzle.level).brief));
   if (puzzle.difficulty < 0) return say(ungraded, hole("level", puzzle.level));
   return say(graded, hole("level", puzzle.level), hole("name", std::string_view(name)),
              hole("difficulty", puzzle.difficulty));

@@ -1,18 +1,22 @@
 #include "soundness.h"
 
+#include <algorithm>
 #include <array>
 
 #include <fmt/format.h>
 
 #include "boxes.h"
+#include "colouring.h"
 #include "explain.h"
 #include "files.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "host.h"
 #include "houses.h"
-#include "levelnames.h"
+#include "ladders.h"
+#include "levels.h"
 #include "light.h"
+#include "nishio.h"
 #include "session.h"
 #include "step.h"
 #include "stepsolver.h"
@@ -97,12 +101,15 @@ class Watch {
 std::string gradertechnique(const Moment& before) {
   for (int level = 21; level >= 1; --level)
     if (levelcount(level) != before.counts[static_cast<std::size_t>(level)])
-      return std::string(level == 21 && nishioflag ? techniquename("impossible").en : levelname(level).en);
-  return std::string(levelname(0).en);
+      return std::string(level == 21 && nishioflag ? techniques::nishio.called.en : levelof(level).brief.en);
+  return std::string(levelof(0).brief.en);
 }
 
+/// By the tag of the step, which simple colours and X-colours share.
 std::string walktechnique(const Moment&) {
-  return std::string(techniquename(steptag).en);
+  if (steptag == techniques::simplecolours.tag) return "simple colours or X-colours";
+  const auto* rung = std::ranges::find(hintladder, steptag, &Technique::tag);
+  return std::string((*rung)->called.en);
 }
 
 std::string lastlogline() {

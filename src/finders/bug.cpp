@@ -150,7 +150,14 @@ void explainbug() {
 
 // ---- record -----------------------------------------------------------------------------------------------
 
-const Technique techniques::bug = {
-    "bug", "bug", byfoundflag<frmmain::stepbug>, byfoundflag<frmgenerazione::gradebug>, explainbug, level};
+const Technique techniques::bug{
+    .tag = "bug",
+    .name = "bug",
+    .called = {"BUG", "BUG"},
+    .step = byfoundflag<frmmain::stepbug>,
+    .twin = byfoundflag<frmgenerazione::gradebug>,
+    .explain = explainbug,
+    .level = level,
+};
 
 }  // namespace gradino

@@ -939,19 +939,25 @@ void explaincolors() {
 
 // ---- records ----------------------------------------------------------------------------------------------
 
-const Technique techniques::simplecolours = {"colors",
-                                             "colors",
-                                             byfoundflag<frmmain::stepcolors>,
-                                             byfoundflag<frmgenerazione::gradecolors>,
-                                             explaincolors,
-                                             level,
-                                             clashlevel};
-const Technique techniques::xcolours = {"colors",
-                                        "xcolors",
-                                        byfoundflag<frmmain::stepxcolors>,
-                                        byfoundflag<frmgenerazione::gradexcolors>,
-                                        explaincolors,
-                                        xlevel,
-                                        xclashlevel};
+const Technique techniques::simplecolours{
+    .tag = "colors",
+    .name = "colors",
+    .called = {"colori semplici", "simple colours"},
+    .step = byfoundflag<frmmain::stepcolors>,
+    .twin = byfoundflag<frmgenerazione::gradecolors>,
+    .explain = explaincolors,
+    .level = level,
+    .clashlevel = clashlevel,
+};
+const Technique techniques::xcolours{
+    .tag = "colors",
+    .name = "xcolors",
+    .called = {"X-Colors", "X-colours"},
+    .step = byfoundflag<frmmain::stepxcolors>,
+    .twin = byfoundflag<frmgenerazione::gradexcolors>,
+    .explain = explaincolors,
+    .level = xlevel,
+    .clashlevel = xclashlevel,
+};
 
 }  // namespace gradino

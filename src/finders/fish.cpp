@@ -429,20 +429,32 @@ void explainjellyfish() {
 
 // ---- records ----------------------------------------------------------------------------------------------
 
-const Technique techniques::xwing = {
-    "findxwing",  "findxwing", byfoundflag<frmmain::findxwing>, byfoundflag<frmgenerazione::findxwing>,
-    explainxwing, 10};
-const Technique techniques::swordfish = {"findswordfish",
-                                         "findswordfish",
-                                         byfoundflag<frmmain::findswordfish>,
-                                         byfoundflag<frmgenerazione::findswordfish>,
-                                         explainswordfish,
-                                         11};
-const Technique techniques::jellyfish = {"findjellyfish",
-                                         "findjellyfish",
-                                         byfoundflag<frmmain::findjellyfish>,
-                                         byfoundflag<frmgenerazione::findjellyfish>,
-                                         explainjellyfish,
-                                         12};
+const Technique techniques::xwing{
+    .tag = "findxwing",
+    .name = "findxwing",
+    .called = {"X-Wing", "X-Wing"},
+    .step = byfoundflag<frmmain::findxwing>,
+    .twin = byfoundflag<frmgenerazione::findxwing>,
+    .explain = explainxwing,
+    .level = 10,
+};
+const Technique techniques::swordfish{
+    .tag = "findswordfish",
+    .name = "findswordfish",
+    .called = {"Swordfish", "Swordfish"},
+    .step = byfoundflag<frmmain::findswordfish>,
+    .twin = byfoundflag<frmgenerazione::findswordfish>,
+    .explain = explainswordfish,
+    .level = 11,
+};
+const Technique techniques::jellyfish{
+    .tag = "findjellyfish",
+    .name = "findjellyfish",
+    .called = {"Jellyfish", "Jellyfish"},
+    .step = byfoundflag<frmmain::findjellyfish>,
+    .twin = byfoundflag<frmgenerazione::findjellyfish>,
+    .explain = explainjellyfish,
+    .level = 12,
+};
 
 }  // namespace gradino

@@ -411,8 +411,14 @@ void explainforcing() {
 
 // ---- record -----------------------------------------------------------------------------------------------
 
-const Technique techniques::forcingchain = {
-    "xlinks",       "forcing", byfoundflag<frmmain::stepforcing>, byfoundflag<frmgenerazione::gradeforcing>,
-    explainforcing, level};
+const Technique techniques::forcingchain{
+    .tag = "xlinks",
+    .name = "forcing",
+    .called = {"forcing chain", "forcing chain"},
+    .step = byfoundflag<frmmain::stepforcing>,
+    .twin = byfoundflag<frmgenerazione::gradeforcing>,
+    .explain = explainforcing,
+    .level = level,
+};
 
 }  // namespace gradino

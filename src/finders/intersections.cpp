@@ -297,11 +297,14 @@ void explainintersections() {
 
 // ---- record -----------------------------------------------------------------------------------------------
 
-const Technique techniques::intersections = {"intersections",
-                                             "intersections",
-                                             byfoundflag<frmmain::intersections>,
-                                             byfoundflag<frmgenerazione::intersections>,
-                                             explainintersections,
-                                             level};
+const Technique techniques::intersections{
+    .tag = "intersections",
+    .name = "intersections",
+    .called = {"intersezioni", "intersections"},
+    .step = byfoundflag<frmmain::intersections>,
+    .twin = byfoundflag<frmgenerazione::intersections>,
+    .explain = explainintersections,
+    .level = level,
+};
 
 }  // namespace gradino

@@ -111,8 +111,14 @@ void explainlinks() {
 
 // ---- record -----------------------------------------------------------------------------------------------
 
-const Technique techniques::loop = {
-    "links",      "links", byfoundflag<frmmain::steplinks>, byfoundflag<frmgenerazione::gradelinks>,
-    explainlinks, level};
+const Technique techniques::loop{
+    .tag = "links",
+    .name = "links",
+    .called = {"loop", "loop"},
+    .step = byfoundflag<frmmain::steplinks>,
+    .twin = byfoundflag<frmgenerazione::gradelinks>,
+    .explain = explainlinks,
+    .level = level,
+};
 
 }  // namespace gradino

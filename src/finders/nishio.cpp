@@ -363,8 +363,14 @@ void explainnishio() {
 
 // ---- record -----------------------------------------------------------------------------------------------
 
-const Technique techniques::nishio = {
-    "impossible",  "nishio", byfoundflag<frmmain::stepnishio>, byfoundflag<frmgenerazione::gradenishio>,
-    explainnishio, level};
+const Technique techniques::nishio{
+    .tag = "impossible",
+    .name = "nishio",
+    .called = {"Nishio", "Nishio"},
+    .step = byfoundflag<frmmain::stepnishio>,
+    .twin = byfoundflag<frmgenerazione::gradenishio>,
+    .explain = explainnishio,
+    .level = level,
+};
 
 }  // namespace gradino

@@ -374,14 +374,23 @@ void explainhiddenpair() {
 
 // ---- records ----------------------------------------------------------------------------------------------
 
-const Technique techniques::nakedpair = {
-    "nakedpair",      "nakedpair", byfoundflag<frmmain::nakedpair>, byfoundflag<frmgenerazione::nakedpair>,
-    explainnakedpair, nakedlevel};
-const Technique techniques::hiddenpair = {"hiddenpair",
-                                          "hiddenpair",
-                                          byfoundflag<frmmain::hiddenpair>,
-                                          byfoundflag<frmgenerazione::hiddenpair>,
-                                          explainhiddenpair,
-                                          hiddenlevel};
+const Technique techniques::nakedpair{
+    .tag = "nakedpair",
+    .name = "nakedpair",
+    .called = {"coppia nuda", "naked pair"},
+    .step = byfoundflag<frmmain::nakedpair>,
+    .twin = byfoundflag<frmgenerazione::nakedpair>,
+    .explain = explainnakedpair,
+    .level = nakedlevel,
+};
+const Technique techniques::hiddenpair{
+    .tag = "hiddenpair",
+    .name = "hiddenpair",
+    .called = {"coppia nascosta", "hidden pair"},
+    .step = byfoundflag<frmmain::hiddenpair>,
+    .twin = byfoundflag<frmgenerazione::hiddenpair>,
+    .explain = explainhiddenpair,
+    .level = hiddenlevel,
+};
 
 }  // namespace gradino

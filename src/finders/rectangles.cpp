@@ -369,7 +369,14 @@ void explainur() {
 
 // ---- record -----------------------------------------------------------------------------------------------
 
-const Technique techniques::uniquerectangle = {
-    "ur", "ur", byfoundflag<frmmain::stepur>, byfoundflag<frmgenerazione::gradeur>, explainur, level};
+const Technique techniques::uniquerectangle{
+    .tag = "ur",
+    .name = "ur",
+    .called = {"rettangolo unico", "unique rectangle"},
+    .step = byfoundflag<frmmain::stepur>,
+    .twin = byfoundflag<frmgenerazione::gradeur>,
+    .explain = explainur,
+    .level = level,
+};
 
 }  // namespace gradino

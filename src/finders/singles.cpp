@@ -428,17 +428,50 @@ bool singletwin() {
 
 }  // namespace
 
-// clang-format off
-const Technique techniques::lastdigit =
-    {"findOneMissing",     "findOneMissing",     singlestep<0>, singletwin<0>, nullptr,               0};
-const Technique techniques::hiddensingleinblock =
-    {"findSingleInBlock",  "findSingleInBlock",  singlestep<1>, singletwin<1>, explainsingleinblock,  0};
-const Technique techniques::hiddensingleinrow =
-    {"findSingleInRow",    "findSingleInRow",    singlestep<2>, singletwin<2>, explainsingleinrow,    1};
-const Technique techniques::hiddensingleincolumn =
-    {"findSingleInColumn", "findSingleInColumn", singlestep<3>, singletwin<3>, explainsingleincolumn, 1};
-const Technique techniques::nakedsingle =
-    {"findSingleInCell",   "findSingleInCell",   singlestep<4>, singletwin<4>, explainsingleincell,   2};
-// clang-format on
+const Technique techniques::lastdigit{
+    .tag = "findOneMissing",
+    .name = "findOneMissing",
+    .called = {"ultima cifra di una casa", "last digit of a house"},
+    .step = singlestep<0>,
+    .twin = singletwin<0>,
+    .explain = nullptr,
+    .level = 0,
+};
+const Technique techniques::hiddensingleinblock{
+    .tag = "findSingleInBlock",
+    .name = "findSingleInBlock",
+    .called = {"singolo nascosto in un riquadro", "hidden single in a block"},
+    .step = singlestep<1>,
+    .twin = singletwin<1>,
+    .explain = explainsingleinblock,
+    .level = 0,
+};
+const Technique techniques::hiddensingleinrow{
+    .tag = "findSingleInRow",
+    .name = "findSingleInRow",
+    .called = {"singolo nascosto in una riga", "hidden single in a row"},
+    .step = singlestep<2>,
+    .twin = singletwin<2>,
+    .explain = explainsingleinrow,
+    .level = 1,
+};
+const Technique techniques::hiddensingleincolumn{
+    .tag = "findSingleInColumn",
+    .name = "findSingleInColumn",
+    .called = {"singolo nascosto in una colonna", "hidden single in a column"},
+    .step = singlestep<3>,
+    .twin = singletwin<3>,
+    .explain = explainsingleincolumn,
+    .level = 1,
+};
+const Technique techniques::nakedsingle{
+    .tag = "findSingleInCell",
+    .name = "findSingleInCell",
+    .called = {"singolo nudo", "naked single"},
+    .step = singlestep<4>,
+    .twin = singletwin<4>,
+    .explain = explainsingleincell,
+    .level = 2,
+};
 
 }  // namespace gradino

@@ -469,14 +469,23 @@ void explainquad() {
 
 // ---- records ----------------------------------------------------------------------------------------------
 
-const Technique techniques::triple = {"findtriple",
-                                      "findtriple",
-                                      byfoundflag<frmmain::findtriple>,
-                                      byfoundflag<frmgenerazione::findtriple>,
-                                      explaintriple,
-                                      6};
-const Technique techniques::quad = {
-    "findquad",  "findquad", byfoundflag<frmmain::findquad>, byfoundflag<frmgenerazione::findquad>,
-    explainquad, 7};
+const Technique techniques::triple{
+    .tag = "findtriple",
+    .name = "findtriple",
+    .called = {"tripla", "triple"},
+    .step = byfoundflag<frmmain::findtriple>,
+    .twin = byfoundflag<frmgenerazione::findtriple>,
+    .explain = explaintriple,
+    .level = 6,
+};
+const Technique techniques::quad{
+    .tag = "findquad",
+    .name = "findquad",
+    .called = {"quadrupla", "quad"},
+    .step = byfoundflag<frmmain::findquad>,
+    .twin = byfoundflag<frmgenerazione::findquad>,
+    .explain = explainquad,
+    .level = 7,
+};
 
 }  // namespace gradino

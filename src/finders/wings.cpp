@@ -423,17 +423,23 @@ void explainxyzwing() {
 
 // ---- records ----------------------------------------------------------------------------------------------
 
-const Technique techniques::xywing = {"findxywing",
-                                      "findxywing",
-                                      byfoundflag<frmmain::findxywing>,
-                                      byfoundflag<frmgenerazione::findxywing>,
-                                      explainxywing,
-                                      8};
-const Technique techniques::xyzwing = {"findxyzwing",
-                                       "findxyzwing",
-                                       byfoundflag<frmmain::findxyzwing>,
-                                       byfoundflag<frmgenerazione::findxyzwing>,
-                                       explainxyzwing,
-                                       9};
+const Technique techniques::xywing{
+    .tag = "findxywing",
+    .name = "findxywing",
+    .called = {"XY-Wing", "XY-Wing"},
+    .step = byfoundflag<frmmain::findxywing>,
+    .twin = byfoundflag<frmgenerazione::findxywing>,
+    .explain = explainxywing,
+    .level = 8,
+};
+const Technique techniques::xyzwing{
+    .tag = "findxyzwing",
+    .name = "findxyzwing",
+    .called = {"XYZ-Wing", "XYZ-Wing"},
+    .step = byfoundflag<frmmain::findxyzwing>,
+    .twin = byfoundflag<frmgenerazione::findxyzwing>,
+    .explain = explainxyzwing,
+    .level = 9,
+};
 
 }  // namespace gradino

@@ -121,8 +121,14 @@ void explainxychain() {
 
 // ---- record -----------------------------------------------------------------------------------------------
 
-const Technique techniques::xychain = {
-    "xychain",      "xychain", byfoundflag<frmmain::stepxychain>, byfoundflag<frmgenerazione::gradexychain>,
-    explainxychain, level};
+const Technique techniques::xychain{
+    .tag = "xychain",
+    .name = "xychain",
+    .called = {"XY-chain", "XY-chain"},
+    .step = byfoundflag<frmmain::stepxychain>,
+    .twin = byfoundflag<frmgenerazione::gradexychain>,
+    .explain = explainxychain,
+    .level = level,
+};
 
 }  // namespace gradino

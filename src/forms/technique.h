@@ -5,12 +5,14 @@
 #include <string_view>
 
 #include "step.h"
+#include "words.h"
 
 namespace gradino {
 
 struct Technique {
   std::string_view tag;    ///< what steptag holds while its step is the one on show
-  std::string_view name;   ///< what gradino-cli calls it
+  std::string_view name;   ///< its key in what gradino-cli writes
+  Words called;            ///< what people call it
   bool (*step)();          ///< the step of the main window: shows, waits, acts. True: there was one
   bool (*twin)();          ///< the grader's silent twin: logs, acts, raises the level. True: there was one
   void (*explain)();       ///< argues the step on show; nullptr: there is nothing to argue

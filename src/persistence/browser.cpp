@@ -13,6 +13,7 @@
 #include "gradestate.h"
 #include "grid.h"
 #include "host.h"
+#include "levels.h"
 #include "library.h"
 #include "light.h"
 #include "replay.h"
@@ -47,37 +48,6 @@ const LabelWords labelwords[] = {
     {&Label14, {"difficoltà",                                 "difficulty"}},
     {&Label20, {"Schemi ordinati per difficoltà decrescente", "Puzzles ordered by decreasing difficulty"}},
     {&frmlivello::Label1, {"schema nr.",                      "grid  id "}},
-};
-
-// From level 12 on the Italian names begin with the English word.
-constexpr Words levelnames[] = {
-    {"Livello 0 - BANALE- numeri obbligati dalla posizione dei simili",
-     "Level 0 - VERY EASY- numbers forced by position of similar"},
-    {"Livello 1 - FACILE - Hidden Single , Unica cella che può contenere un numero",
-     "Level 1 - EASY - Hidden Single , unique cell that can contain a number"},
-    {"Livello 2 - MEDIO - Naked Single , Unico numero possibile per la cella ",
-     "Level 2 - MEDIUM - Naked Single , unique number possible for the cell"},
-    {"Livello 3 - AVANZATO-Intersezioni settori-righe-colonne",
-     "Level 3 - ADVANCED-Intersections blocks-rows-columns"},
-    {"Livello 4 - AVANZATO - coppie nude",                    "Level 4 - ADVANCED - naked pair"},
-    {"Livello 5 - DIFFICILE - coppie nascoste",               "Level 5 - HARD - hidden pair"},
-    {"Livello 6 - DIFFICILE - triple nude/nascoste",          "Level 6 - HARD - naked / hidden triple"},
-    {"Livello 7 - MOLTO DIFFICILE - quadruple nude/nascoste", "Level 7 - VERY HARD - hidden / naked quad"},
-    {"Livello 8 - MOLTO DIFFICILE - XY Wing",                 "Level 8 - VERY HARD - XY Wing"},
-    {"Livello 9 - MOLTO DIFFICILE - XYZ Wing",                "Level 9 - VERY HARD - XYZ Wing"},
-    {"Livello 10 - MOLTO DIFFICILE - X Wing",                 "Level 10 - VERY HARD - X Wing"},
-    {"Livello 11 - MOLTO DIFFICILE - Sfordfish",              "Level 11 - VERY HARD - Sfordfish"},
-    {"Level 12 - MOLTO DIFFICILE - Jellyfish",                "Level 12 - VERY HARD - Jellyfish"},
-    {"Level 13 - ESTREMO - COLORI SEMPLICI",                  "Level 13 - EXTREME - SIMPLE COLORS"},
-    {"Level 14 - ESTREMO - COLORI SEMPLICI Contraddizione",
-     "Level 14 - EXTREME - SIMPLE COLORS Contradiction"},
-    {"Level 15 - ESTREMO - X-COLORI",                         "Level 15 - EXTREME - X-COLORS"},
-    {"Level 16 - ESTREMO - X-COLORI Contraddizione",          "Level 16 - EXTREME - X-COLORS Contradiction"},
-    {"Level 17 - ESTREMO - RETTANGOLI UNICI",                 "Level 17 - EXTREME - Unique Rectangle"},
-    {"Level 18 - ESTREMO - BUGS",                             "Level 18 - EXTREME - BUGS"},
-    {"Level 19 - ESTREMO - CATENE XY",                        "Level 19 - EXTREME - XY-Chains"},
-    {"Level 20 - ESTREMO - CICLI",                            "Level 20 - EXTREME - Loops"},
-    {"Level 21 - ESTREMO - CATENE FORZATE",                   "Level 21 - EXTREME - Forcing Chains"},
 };
 // clang-format on
 
@@ -166,7 +136,7 @@ void load() {
   visible = true;
   caption = inlanguage(title);
   for (const LabelWords& row : labelwords) row.label->text = inlanguage(row.words);
-  for (int level = 0; level <= 21; ++level) LabelL(level).text = inlanguage(levelnames[level]);
+  for (int level = 0; level <= 21; ++level) LabelL(level).text = inlanguage(levelof(level).inlibrary);
 }
 
 /// The record's puzzle into givens and boxes. What is neither digit nor "." counts as empty.

@@ -362,7 +362,7 @@ TEST_F(Program, BothLaddersTryTheSinglesInTheirOrder) {
     ASSERT_EQ(player.frames.back().tag, tag);
     for (const SingleRung& rung : singlerungs)
       if (frmgenerazione::single(rung)) {
-        EXPECT_EQ(rung.tag, tag);
+        EXPECT_EQ(rung.technique.tag, tag);
         break;
       }
   }
