@@ -48,7 +48,7 @@ class Code:
     @staticmethod
     def read():
         row = r'/\*\s*(\d+) \*/ \{(\d+),\s*\{"[^"]*",\s*"([^"]*)"\}'
-        levels = {int(n): (name.strip(), int(points)) for n, points, name in re.findall(row, source("forms/levels.cpp"))}
+        levels = {int(n): (name.strip(), int(points)) for n, points, name in re.findall(row, source("steps/levels.cpp"))}
         record = r'const Technique techniques::(\w+)\{\s*\.tag = "\w+",\s*\.name = "(\w+)",([^;]*)\};'
         records = [match for path in sorted((ROOT / "src" / "finders").glob("*.cpp"))
                    for match in re.findall(record, path.read_text())]

@@ -171,6 +171,11 @@ void placeuncounted(int cell, int digit) {
   }
 }
 
+void settledeletions() {
+  rebuildcandstr();
+  rebuildpositions();
+}
+
 bool deletecandidate(int cell, int digit) {
   if (!hascandidate(cell, digit)) return false;
   candmask(cell) ^= bitvalue(digit);

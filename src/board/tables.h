@@ -74,6 +74,9 @@ void placequickly(int cell, int digit);
 /// The same without counting the cell as filled: for a trial.
 void placeuncounted(int cell, int digit);
 
+/// After candidates were deleted: candstr and positions. The main window has showdeletions instead.
+void settledeletions();
+
 /// True when the digit was a candidate of the cell, and then it is one no more.
 bool deletecandidate(int cell, int digit);
 

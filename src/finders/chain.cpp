@@ -1,6 +1,7 @@
 #include "chain.h"
 
 #include "boxes.h"
+#include "grid.h"
 #include "houses.h"
 #include "log.h"
 #include "nodequeue.h"

@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include "clearboard.h"
 #include "counter.h"
 #include "files.h"
 #include "grader.h"
@@ -16,7 +17,6 @@
 #include "levels.h"
 #include "library.h"
 #include "light.h"
-#include "replay.h"
 #include "tables.h"
 
 namespace gradino {

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "boxes.h"
+#include "clearboard.h"
 #include "counter.h"
 #include "grader.h"
 #include "gradestate.h"
@@ -16,7 +17,6 @@
 #include "menu.h"
 #include "puzzlefile.h"
 #include "replacefile.h"
-#include "replay.h"
 #include "tables.h"
 #include "view.h"
 #include "words.h"

@@ -1,5 +1,4 @@
-// The log as a table of contents: from a line back to the board just before that step. And the empty board
-// that a new puzzle starts from.
+// The log as a table of contents: from a line back to the board just before that step.
 #pragma once
 
 #include <cstddef>
@@ -22,11 +21,5 @@ void Text3_Return(std::size_t caret);
 /// Restores snapshot `logline`, with all eliminations up to there, and runs the step solver. A line without a
 /// snapshot empties the board.
 void ritrova();
-
-/// A new puzzle's start state: an empty board with red digit boxes, an empty log, no grade.
-void clearboard();
-
-/// Shows or hides the log window.
-void mnuactivity_Click();
 
 }  // namespace gradino

@@ -13,12 +13,12 @@
 #include "grid.h"
 #include "host.h"
 #include "intersections.h"
+#include "log.h"
 #include "loops.h"
 #include "menu.h"
 #include "nishio.h"
 #include "pairs.h"
 #include "rectangles.h"
-#include "replay.h"
 #include "step.h"
 #include "stepsolver.h"
 #include "subsets.h"
@@ -209,6 +209,12 @@ void mnurefresh_Click() {
 void mnunumber_Click() {
   mnunumber.ticked = !mnunumber.ticked;
   Label3.visible = Text5.visible = mnunumber.ticked;
+}
+
+void mnuactivity_Click() {
+  loadlogwindow();
+  Frmlog::visible = !frmmain::mnuactivity.ticked;
+  frmmain::mnuactivity.ticked = Frmlog::visible;
 }
 
 void mnusolve_Click() {

@@ -36,6 +36,7 @@ void Toolbar1_ButtonClick(const KeyRow& row);
 void Toolbar2_ButtonClick(const KeyRow& row);
 
 void mnurefresh_Click();
+void mnuactivity_Click();
 void mnunumber_Click();
 void mnusolve_Click();
 

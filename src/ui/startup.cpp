@@ -6,7 +6,7 @@
 #include "clock.h"
 #include "counter.h"
 #include "editing.h"
-#include "freshforms.h"
+#include "freshstate.h"
 #include "grader.h"
 #include "librarycursor.h"
 #include "replay.h"
@@ -18,7 +18,7 @@ namespace gradino {
 
 void startprogram() {
   freshboard();
-  freshforms();
+  freshstate();
   stepdigit = stepcell = 0;
   boardfinished = false;
   logline = 0;

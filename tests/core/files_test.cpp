@@ -21,7 +21,6 @@
 #include "menu.h"
 #include "player.h"
 #include "puzzlefile.h"
-#include "replay.h"
 #include "step.h"
 #include "view.h"
 

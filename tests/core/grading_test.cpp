@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "captions.h"
+#include "clearboard.h"
+#include "commands.h"
 #include "files.h"
 #include "grader.h"
 #include "gradestate.h"

@@ -51,9 +51,9 @@ TEST(Ladders, HaveEveryRecordOnce) {
 // The order that a puzzle is graded in is that of the hint, but for BUG and unique rectangle.
 TEST(Ladders, DifferInBugAndUniqueRectangleOnly) {
   const auto tags = [](const Ladder& ladder) {
-    std::vector<std::string_view> tags;
-    for (const Technique* technique : ladder) tags.push_back(technique->tag);
-    return tags;
+    std::vector<std::string_view> found;
+    for (const Technique* technique : ladder) found.push_back(technique->tag);
+    return found;
   };
   using Tags = std::vector<std::string_view>;
   EXPECT_EQ(tags(hintladder), (Tags{"findOneMissing",

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "captions.h"
+#include "clearboard.h"
 #include "editing.h"
 #include "explain.h"
 #include "files.h"

@@ -14,6 +14,7 @@
 
 #include "chains.h"
 #include "chainsteps.h"
+#include "clearboard.h"
 #include "commands.h"
 #include "counter.h"
 #include "files.h"

@@ -12,6 +12,7 @@
 #include "host.h"
 #include "light.h"
 #include "menu.h"
+#include "runevent.h"
 #include "startup.h"
 #include "step.h"
 

@@ -14,7 +14,7 @@
 #include "log.h"
 #include "menu.h"
 #include "player.h"
-#include "replay.h"
+#include "runevent.h"
 #include "startup.h"
 #include "step.h"
 #include "stepsolver.h"

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "bug.h"
+#include "clearboard.h"
 #include "colouring.h"
 #include "counter.h"
 #include "fish.h"

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include "host.h"
+#include "runevent.h"
 
 namespace gradino {
 namespace {

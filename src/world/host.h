@@ -37,8 +37,4 @@ inline Host host;
 /// Nobody may be there: while set, a message box is shown without waiting for its user.
 inline constinit bool unattended = false;
 
-/// Runs one event. A fault ends the event and is told in a message box; the program lives on with what the
-/// user had, and the boxes' change handling works again. Every event of every host goes through here.
-void runevent(const std::function<void()>& event);
-
 }  // namespace gradino

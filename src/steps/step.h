@@ -4,6 +4,7 @@
 #include <string>
 
 #include "checked.h"
+#include "houses.h"
 
 namespace gradino {
 
@@ -16,6 +17,11 @@ inline std::string steptag;
 // The step on show: digit, cell, house (0-based). A single sets only the house that it found in.
 inline constinit Byte curdigit{"curdigit"}, curcell{"curcell"};
 inline constinit Byte curblock{"curblock"}, currow{"currow"}, curcol{"curcol"};
+
+/// Keeps the house of the step on show: in currow, curcol or curblock.
+inline void keephouse(HouseKind kind, int house) {
+  (kind == HouseKind::row ? currow : kind == HouseKind::column ? curcol : curblock) = house;
+}
 
 /// Digit of the last search of the main window's colours, rectangles or BUG; 10 after colours that found
 /// nothing. BUG finds it as they left it.

@@ -1,4 +1,4 @@
-#include "freshforms.h"
+#include "freshstate.h"
 
 #include "boxes.h"
 #include "gradestate.h"
@@ -11,7 +11,7 @@
 
 namespace gradino {
 
-void freshforms() {
+void freshstate() {
   freshboxes();
   suppresschange = modificacandidati = false;
   colorescelto = 0;

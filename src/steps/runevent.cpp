@@ -1,9 +1,10 @@
-#include "host.h"
+#include "runevent.h"
 
 #include <stdexcept>
 
 #include "faults.h"
 #include "grid.h"
+#include "host.h"
 #include "light.h"
 
 namespace gradino {

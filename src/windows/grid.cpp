@@ -66,6 +66,12 @@ void updatetext2() {
   }
 }
 
+void showdeletions() {
+  rebuildcandstr();
+  updatetext2();
+  rebuildpositions();
+}
+
 void clearcolours() {
   for (int cell = 0; cell < cells; ++cell) {
     frmmain::Text2(cell).back = white;

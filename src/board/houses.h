@@ -1,10 +1,9 @@
-// What all technique families speak of: houses as nine cells, cells by name, and what ends a step.
+// Houses as nine cells.
 #pragma once
 
 #include <array>
 #include <string>
 
-#include "boxes.h"
 #include "tables.h"
 
 namespace gradino {
@@ -53,20 +52,8 @@ inline Positions housepos(HouseKind kind, int digit, int house) {
 }
 
 /// "r4c5"
-std::string cellname(int cell);
-
-/// The pencil mark of a digit in a cell.
-inline Box& pencilmark(int cell, int digit) {
-  return frmmain::candidate(cell * 10 + digit);
+inline std::string cellname(int cell) {
+  return {'r', static_cast<char>('0' + cellrow(cell)), 'c', static_cast<char>('0' + cellcol(cell))};
 }
-
-/// Keeps the house of the step on show: in currow, curcol or curblock.
-void keephouse(HouseKind kind, int house);
-
-/// After a step of the main window has deleted candidates: candstr, pencil marks, positions.
-void showdeletions();
-
-/// The same for a twin, which touches no box.
-void settledeletions();
 
 }  // namespace gradino

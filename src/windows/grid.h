@@ -29,6 +29,14 @@ void writetext2(int cell, std::string_view text);
 /// Repaints the pencil marks from candstr: each small box visible or not. Empties Text2.
 void updatetext2();
 
+/// The pencil mark of a digit in a cell.
+inline Box& pencilmark(int cell, int digit) {
+  return frmmain::candidate(cell * 10 + digit);
+}
+
+/// After a step of the main window has deleted candidates: candstr, pencil marks, positions.
+void showdeletions();
+
 /// Sets the background of every cell box and pencil mark to white.
 void clearcolours();
 
