@@ -46,7 +46,7 @@ std::int32_t bitof(int cell, const char* place) {
 }  // namespace
 
 void rebuildusedmask() {
-  // The rows go first, one slot at a time: a value that is no digit is met here, behind the rows above it.
+  // The rows go first, one slot at a time: a value that is no digit is met here, after the rows above it.
   std::int32_t columns[9] = {}, blocks[9] = {};
   for (int row = 0; row < 9; ++row) {
     std::int32_t used = 0;

@@ -10,7 +10,7 @@ inline int candidatecount(int cell) {
   return static_cast<int>(candstr(cell).size());
 }
 
-/// The k-th candidate, from 0; behind the end 0.
+/// The k-th candidate, from 0; past the end 0.
 inline int candidateat(int cell, int k) {
   if (k >= candidatecount(cell)) return 0;
   const char c = candstr(cell)[static_cast<std::size_t>(k)];

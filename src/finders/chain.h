@@ -31,7 +31,7 @@ class Chain {
   /// The boxes of all steps but those in the cell of the hypothesis.
   void paint(Colour colour) const;
 
-  /// One detail line for each step behind the hypothesis.
+  /// One detail line for each step after the hypothesis.
   void log() const;
 
   /// Tells the hypothesis in these words, then each step, painted green and waited at. False: the user said

@@ -57,7 +57,7 @@ constexpr Words clashheadline = {"COLORI - CONTRADIZIONE, il numero {digit} è f
 constexpr Words entered = {"inserito {digit} in ", "entered {digit} in "};
 constexpr Words logentered = {" * inserito {digit} in ", " * entered {digit} in "};
 
-// The cells of a colour, or of a group, in the log: the two lists behind every headline.
+// The cells of a colour, or of a group, in the log: the two lists after every headline.
 constexpr std::array<Words, 2> loglist = {{{" * color1 ", " * color1 "}, {" * color2 ", " * color2 "}}};
 constexpr Words listcell = {"{cell},", "{cell},"};
 constexpr std::array<std::string_view, 2> logcolour = {"color1", "color2"};

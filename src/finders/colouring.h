@@ -7,7 +7,7 @@ namespace gradino {
 
 namespace frmmain {
 void stepcolors();
-void stepxcolors();  ///< leaves steptag alone: it is tried right behind stepcolors, and shares its tag
+void stepxcolors();  ///< leaves steptag alone: it is tried right after stepcolors, and shares its tag
 }  // namespace frmmain
 
 namespace frmgenerazione {

@@ -9,7 +9,7 @@ inline constexpr int nochain = 20;
 
 /// Where a chain may go.
 enum class ChainRules {
-  loops,     ///< anywhere; behind a Nishio step the start is widened to all candidates of the pair
+  loops,     ///< anywhere; after a Nishio step the start is widened to all candidates of the pair
   xychains,  ///< through cells with two candidates only
 };
 

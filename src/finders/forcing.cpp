@@ -143,7 +143,7 @@ class Hypothesis {
     clearqueue();
     says(cell, digit, true, By::other);
     addhypothesis(cell, digit, 2);  // "0,"
-    // A contradiction behind a node takes its path, the contradicting step and at least the hypothesis again.
+    // A contradiction after a node takes its path, the contradicting step and at least the hypothesis again.
     for (int node = 0; node < nodecount() && nodecount() <= walklimit && depth_[at(node)] + 3 < enough;
          ++node)
       if (chainpath(node) < 3 * forcinglength && !expand(node)) return;

@@ -76,7 +76,7 @@ constexpr KindWords blockcolumn = {
      "in the column {target} the number {digit} is forced in one of green cells"},
 };
 
-// The headline has two blanks behind the digit in Italian.
+// The headline has two blanks after the digit in Italian.
 constexpr KindWords rowblock = {
     HouseKind::row,
     HouseKind::block,

@@ -82,7 +82,7 @@ struct Impossible {
   int cell = 0;
 };
 
-/// One trial: the placings behind the hypothesis, and how it ended.
+/// One trial: the placings that follow the hypothesis, and how it ended.
 struct Trial {
   std::vector<int> cell, digit;
   Impossible end;

@@ -33,7 +33,7 @@ int depthof(int node);
 /// How many characters an index and its comma take in a path's text.
 int tokenlength(int node);
 
-/// Puts a node with a path of that length behind its parent. A twin (same cell, digit and truth) that stands
+/// Puts a node with a path of that length after its parent. A twin (same cell, digit and truth) that stands
 /// there already with a path shorter than the parent's plus 5 characters refuses it; one with a longer path
 /// is told in a message box.
 enum class Added { yes, refused, full };

@@ -27,7 +27,7 @@ namespace {
 // ---- words ------------------------------------------------------------------------------------------------
 
 // Hint and headline of the naked pair are not alike: the comma before the cells stands otherwise, and the
-// English headline has two blanks behind it.
+// English headline has two blanks after it.
 constexpr Words nakedhint = {"COPPIA NUDA {digits} nelle celle {first} , {second}",
                              "NAKED PAIR {digits}, cells {first} , {second}"};
 constexpr Words nakedheadline = {"COPPIA NUDA {digits} , celle {first} , {second}",
@@ -310,7 +310,7 @@ void frmgenerazione::nakedpair() {
   settledeletions();
 }
 
-// Unlike the step it narrows behind its snapshot, which holds the board before the step as all snapshots do.
+// Unlike the step it narrows after its snapshot, which holds the board before the step as all snapshots do.
 void frmgenerazione::hiddenpair() {
   foundflag = false;
   const Pair pair = findhidden();

@@ -269,7 +269,7 @@ bool frmmain::single(const SingleRung& rung) {
   return true;
 }
 
-// The snapshot holds the board before the digit; the headline is written behind it.
+// The snapshot holds the board before the digit; the headline is written after it.
 bool frmgenerazione::single(const SingleRung& rung) {
   const std::string result = rung.find();
   if (result.empty()) return false;

@@ -82,8 +82,8 @@ Board loadgivens() {
   return board;
 }
 
-/// One pass, never repeated: each empty cell with one digit left gets it. Cells behind see it at once, cells
-/// before don't. A board that has a cell with no digit left before the pass stays as it is.
+/// One pass, never repeated: each empty cell with one digit left gets it. Cells after it see it at once,
+/// cells before don't. A board that has a cell with no digit left before the pass stays as it is.
 void forcedpass(Board& board) {
   for (std::size_t cell = 0; cell < cells; ++cell)
     if (board.digits[cell] == 0 && board.seen(cell) == fullmask) return;

@@ -14,7 +14,8 @@ void mnusave_Click();
 /// New blank: an empty board ready to be typed in.
 void mnunew_Click();
 
-// What opening and saving do behind their file, in acts that stand apart for who looks between them.
+// What opening and saving do once the file is read or written. Each act stands alone, so that a watcher can
+// look at the board between two of them.
 
 /// Counts the solutions of the givens and tells if there is more than one.
 void countgivens();

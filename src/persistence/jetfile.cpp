@@ -2,7 +2,7 @@
 // in a process of its own, which sends the rows through a pipe and whose death or silence is a damaged file.
 // What it prints there reaches nobody.
 //
-// What goes through the pipe: pieces, each a letter and, where one belongs to it, a text behind its length.
+// What goes through the pipe: pieces, each a letter and, where one belongs to it, a text after its length.
 //
 //   =text   the next value of a row      ?text   there is no such field: the end
 //   .       there is no more: the end    !       there is no table: the end

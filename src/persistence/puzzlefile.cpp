@@ -115,7 +115,7 @@ std::string puzzleline() {
   return text;
 }
 
-// A digit replaces its dot one for one; a longer text overwrites what stands behind the dot.
+// A digit replaces its dot one for one; a longer text overwrites what follows the dot.
 std::string puzzledrawing() {
   std::string text = drawing();
   const std::array<std::size_t, 81> places = dots(text);

@@ -3,7 +3,7 @@
 //
 //   .sav .txt .sdk   81 symbols in one line, "." for an empty cell         read and written
 //   .lgc             a drawing of 13 lines, 81 dots in it for the cells    read and written
-//   .sas             81 numbers, each with a comma behind                  read only
+//   .sas             81 numbers, a comma after each                         read only
 //
 // Only two readers exist: the comma reader for names that end in "sas", and for all others a scanner that
 // takes the symbols it knows and skips the rest. Line ends are CR LF; a lone LF is read too.

@@ -153,7 +153,7 @@ std::string holes() {
   return all;
 }
 
-/// What stands behind "SELECT schema.*" in a query.
+/// What follows "SELECT schema.*" in a query.
 std::string_view clauses(std::string_view query) {
   return query.substr(std::string_view("SELECT schema.*").size());
 }

@@ -28,7 +28,7 @@ constexpr Words nosnapshot = {
     "per questa linea non è stato conservato lo schema: non c'è nulla a cui tornare",
     "no board was kept for this line: there is nothing to go back to"};
 
-/// The line around the caret: between the last line break before it and the next at or behind it.
+/// The line around the caret: between the last line break before it and the next at or after it.
 std::string_view lineat(std::string_view text, std::size_t caret) {
   const std::string_view upto = text.substr(0, text.find(newline, caret));
   const std::size_t begin = upto.rfind(newline);

@@ -10,7 +10,7 @@ void stepsolver();
 /// False, with a message, when no puzzle is loaded: filetxt is empty.
 bool checkloaded();
 
-/// The position hint: the step solver behind checkloaded.
+/// The position hint: checkloaded, then the step solver.
 void mnuposition_Click();
 
 }  // namespace gradino

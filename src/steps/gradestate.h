@@ -16,7 +16,7 @@ inline constinit Table<Byte, 1, 21> levelcount{"levelcount"};
 /// The solutions of the puzzle, as far as they were counted.
 inline constinit int numerosoluzioni = 0;
 
-/// The steps by level in short form, hardest first: "12x1 - 3x2 - 1x20 ", with its blank behind.
+/// The steps by level in short form, hardest first: "12x1 - 3x2 - 1x20 ", with its blank at the end.
 inline std::string dettaglio;
 
 /// The weighted score.

@@ -56,7 +56,7 @@ void detail(std::string_view line) {
 namespace {
 
 /// A number of the snapshot as it is written, "1022,", with its length in the last byte: eight bytes that are
-/// copied at once, whatever the length, and the next number begins behind it.
+/// copied at once, whatever the length, and the next number begins right after it.
 using MaskText = std::array<char, 8>;
 
 /// By mask. A puzzle's grade writes some four thousand of them.
@@ -72,8 +72,8 @@ const auto masktexts = [] {
 
 using Numbers = std::span<const std::int32_t, cells>;
 
-// Whether a number is none that a board should hold is asked behind the loop, of all at once: a table that
-// was written past its meaning is told as it stands, slowly.
+// Numbers that no board should hold are looked for once, after the loop: a table that has one is written out
+// by a slower way, as it stands.
 
 /// Sixteen cells at a time in plain vectors of the compiler, and the last.
 void writevalues(std::string& text, Numbers values) {

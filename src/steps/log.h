@@ -17,7 +17,7 @@ inline constinit Int16 logcount{"logcount"};
 
 // The snapshots, by line number. Detail lines have none: their entries stay empty.
 inline Table<std::string, 0, 650> logvalues{"logvalues"};  ///< 81 digits, "0" for an empty cell
-inline Table<std::string, 0, 650> logcands{"logcands"};    ///< 81 decimal candmasks, each with a comma behind
+inline Table<std::string, 0, 650> logcands{"logcands"};    ///< 81 decimal candmasks, a comma after each
 inline Table<bool, 0, 650> logflags{"logflags"};           ///< the nishioflag of that moment
 
 /// The log window comes to be when it is first reached, and keeps the caption of the language of that moment.

@@ -31,7 +31,7 @@ std::span<const KeyRow> toolbar1rows();
 std::span<const KeyRow> toolbar2rows();
 
 /// The clicks. Toolbar1 refuses during a wait, but for the keys that only change the view; Toolbar2 refuses
-/// always, and turns the pencil marks on behind a command that ran to its end.
+/// always, and turns the pencil marks on after a command that ran to its end.
 void Toolbar1_ButtonClick(const KeyRow& row);
 void Toolbar2_ButtonClick(const KeyRow& row);
 

@@ -22,7 +22,7 @@ constexpr Words lightwaits = {"per procedere, cliccare sul semaforo verde",
 constexpr Words tipedit = {"modifica candidati", "edit pencil marks"};
 constexpr Words tipfreeze = {"blocca candidati", "freeze pencil marks"};
 
-/// How far before and behind the clicked cell, in cell numbers, the pointer may go with the ring still open.
+/// How far before and after the clicked cell, in cell numbers, the pointer may go with the ring still open.
 constexpr int ringreach = 11;
 
 void showring(bool visible) {

@@ -20,7 +20,7 @@ inline std::function<void()> showchanges = [] {};
 /// leaveifended.
 void endprogram();
 
-/// Throws ProgramEnd once the program has ended. To be called behind everything that let events run.
+/// Throws ProgramEnd once the program has ended. To be called after everything that let events run.
 void leaveifended();
 
 /// A program that has not ended: for a new main window.

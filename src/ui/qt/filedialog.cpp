@@ -64,7 +64,7 @@ class NameDialog : public QFileDialog {
 };
 
 /// "words|*.a;*.b|words|..." as the toolkit wants it: "words (*.a *.b)". It can't read patterns with
-/// semicolons, so the words themselves are put back behind it.
+/// semicolons, so the words themselves are put back afterwards.
 void setfilter(QFileDialog& dialog, const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split('|');
   QStringList words, filters;

@@ -34,8 +34,8 @@ QWidget* newclient(QMainWindow& window) {
   return client;
 }
 
-// Where the Tab key goes behind the board, which is one stop, or two while pencil marks are edited: the arrow
-// keys go from cell to cell. The lights stand behind the keys that bring them up, the colours and texts as
+// Where the Tab key goes after the board, which is one stop, or two while pencil marks are edited: the arrow
+// keys go from cell to cell. The lights come after the keys that bring them up, the colours and texts as
 // they stand on the screen. Of a bar its keys.
 constexpr const char* taborder[] = {
     "Toolbar2",    "cmdnice",    "Cmdtest",  "cmdlan",   "Toolbar1",   "cmdimpossibili",
