@@ -17,7 +17,7 @@
 
 namespace gradino {
 
-/// What ended a routine. Words for the user are made of it by faulttext (forms/faults.h), in the language in
+/// What ended a routine. Words for the user are made of it by faulttext (world/faults.h), in the language in
 /// force.
 struct Fault {
   enum class Kind {
