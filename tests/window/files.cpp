@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -245,9 +246,13 @@ void Files::quotesinthelist() {
 void Files::language() {
   User user;
   QList<QStringList> seen;
+  int cutoff = 0;  // heads with too little room for their word
   user.ondialog = [&] {
     auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
     QStringList words;
+    const QHeaderView* heads = dialog->findChild<QTreeView*>("treeView")->header();
+    for (int column = 0; column < 4; ++column)
+      if (heads->sectionSize(column) < heads->sectionSizeHint(column)) ++cutoff;
     for (int column = 0; column < 4; ++column)
       words << dialog->findChild<QTreeView*>("treeView")
                    ->model()
@@ -316,6 +321,7 @@ void Files::language() {
                                  "Tipo file:",
                                  "File di testo (*.txt)"};
   QCOMPARE(seen, QList<QStringList>({inenglish, initalian, inenglish}));
+  QCOMPARE(cutoff, 0);
 }
 
 void Files::fullboardsavesgivens() {

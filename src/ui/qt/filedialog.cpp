@@ -5,9 +5,11 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QTreeView>
 
 #include "events.h"
 #include "menu.h"
@@ -98,6 +100,9 @@ void speak(QFileDialog& dialog, const Control& command) {
   dialog.setLabelText(QFileDialog::LookIn, said(lookword));
   dialog.setLabelText(QFileDialog::FileName, said(nameword));
   dialog.setLabelText(QFileDialog::FileType, said(typeword));
+  QHeaderView* heads = dialog.findChild<QTreeView*>("treeView")->header();  // wide enough for English words
+  for (int n = 0; n < heads->count(); ++n)
+    heads->resizeSection(n, qMax(heads->sectionSize(n), heads->sectionSizeHint(n)));
 }
 
 void ask(NameDialog& dialog, CommonDialog& asked, const Control& command) {
