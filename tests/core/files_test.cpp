@@ -81,26 +81,30 @@ class FullDisk {
 
 constexpr uid_t nobodysnumber = 65534;
 
-/// A folder of root's with one file in it that belongs to nobody: while it lives, the program is nobody, who
-/// may write the file but not the folder.
-class Nobodysfile {
+/// A folder that can't be written, with a file in it that can. Root can write everywhere: while this lives he
+/// is nobody.
+class ClosedFolder {
  public:
-  Nobodysfile(const std::string& folder, const std::string& file) {
+  ClosedFolder(const std::string& folder, const std::string& file)
+      : folder_(folder), root_(::geteuid() == 0) {
     namespace fs = std::filesystem;
-    fs::permissions(folder, fs::perms(0755));
-    changed_ = ::chown(file.c_str(), nobodysnumber, nobodysnumber) == 0 && ::seteuid(nobodysnumber) == 0;
-    possible = changed_ && std::ofstream(file, std::ios::app).is_open();  // no folder above is closed to him
+    fs::permissions(folder, fs::perms(0555));
+    if (root_ && (::chown(file.c_str(), nobodysnumber, nobodysnumber) != 0 || ::seteuid(nobodysnumber) != 0))
+      return;
+    possible = std::ofstream(file, std::ios::app).is_open();
   }
-  ~Nobodysfile() {
-    if (changed_ && ::seteuid(0) != 0) ADD_FAILURE() << "nobody stays nobody";
+  ~ClosedFolder() {
+    if (root_ && ::seteuid(0) != 0) ADD_FAILURE() << "nobody stays nobody";
+    std::filesystem::permissions(folder_, std::filesystem::perms(0755));
   }
-  Nobodysfile(const Nobodysfile&) = delete;
-  Nobodysfile& operator=(const Nobodysfile&) = delete;
+  ClosedFolder(const ClosedFolder&) = delete;
+  ClosedFolder& operator=(const ClosedFolder&) = delete;
 
   bool possible = false;
 
  private:
-  bool changed_ = false;
+  std::string folder_;
+  bool root_;
 };
 
 class Files : public Bilingual {
@@ -643,8 +647,8 @@ TEST_P(Files, InAFolderThatCannotBeWrittenAFileIsReplacedOrStays) {
     opentext(puzzle);
     player.boxes.clear();
     file("b.sav", old);
-    const Nobodysfile nobody(path(""), path("b.sav"));
-    if (!nobody.possible) GTEST_SKIP() << "only root can be somebody else";
+    const ClosedFolder closed(path(""), path("b.sav"));
+    if (!closed.possible) GTEST_SKIP() << "a folder above is closed to nobody";
     {
       const FullDisk full(10);
       savenamed(path("b.sav"));
