@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <random>
@@ -393,7 +394,7 @@ std::function<bool()> addlibrary(CLI::App& app) {
       ->add_flag("--json", options->json, "One JSON object a level");
   level(sub("list", "Puzzles in the order of the browser", list))
       ->add_option("--most", options->most, "How many")
-      ->check(CLI::PositiveNumber);
+      ->check(CLI::Range(1, std::numeric_limits<int>::max(), "POSITIVE"));
   level(sub("export", "All fields of the rows: JSON lines", exportrows))
       ->add_flag("--csv", options->csv, "Comma-separated values instead");
   sub("check", "Grades each puzzle again; tells the rows whose stored values differ", check)

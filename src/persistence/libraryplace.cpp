@@ -21,8 +21,8 @@ constexpr Words wasnone = {"Il file \"{file}\" non era una libreria ed è conser
                            "The file \"{file}\" was no library and is kept as \"{kept}\"."};
 constexpr Words nowcopy = {" Al suo posto c'è una nuova copia della libreria fornita con il programma.",
                            " In its place stands a fresh copy of the library that came with the program."};
-constexpr Words nowempty = {" Al suo posto c'è una libreria nuova, ancora vuota.",
-                            " In its place stands a new library, still empty."};
+constexpr Words nowempty = {" Il primo schema da conservare ne comincia una nuova.",
+                            " The first puzzle that is to be kept begins a new one."};
 constexpr Words onlyshipped = {
     "La copia personale della libreria, \"{own}\", non può essere creata: {reason}. Si usa quella fornita con il "
     "programma, \"{file}\", che può essere solo letta: non vi si registra nulla.",

@@ -563,7 +563,7 @@ TEST_F(Place, WithoutAShippedLibraryANewOneTakesThePlace) {
   EXPECT_EQ(toldatstart(),
             std::vector<std::string>{"The file \"" + beside + "\" was no library and is kept as \"" +
                                      path("prefix/bin/schemigenerati-aside.mdb") +
-                                     "\". In its place stands a new library, still empty."});
+                                     "\". The first puzzle that is to be kept begins a new one."});
   EXPECT_EQ(rowsof(beside).size(), 0U);
 }
 

@@ -125,6 +125,7 @@ misread 106 "A subcommand is required" "$cli" library
 misread 106 "--output is required" "$cli" sheet
 misread 105 "--stop: Value 0 not in range 1 to 2147483647" "$cli" walk --stop 0
 misread 105 "--stop: Value third not in range 1 to 2147483647" "$cli" walk --stop third
+misread 105 "--most: Value 0 not in range 1 to 2147483647" "$cli" library list --most 0
 
 echo "cli-test: what can't be written leaves no half"
 # No file may grow: as on a full disk, but for the error's name. (What measures coverage complains, too.)
@@ -182,6 +183,11 @@ rm -f here/*
 many=$(for _ in {1..50}; do echo "$puzzle"; done)
 lines "$many" 5 "$many" | "$cli" convert --keep-going --to sdm -o here >/dev/null 2>err.txt || true
 same "one of a hundred and one" "$(wc -l <here/puzzle.sdm) $(<err.txt)" "100 standard input:51: not a puzzle's line: $expected"
+control="a control character: expected a text, in UTF-8 or of single bytes"
+printf '%s\nab\001\n%s\n\032\n%s\n\032' "$puzzle" "$turned" "$puzzle" >control.sdm
+run 1 "here/control.sdm" "$(lines "control.sdm:2: $control" "control.sdm:4: $control")" \
+  "$cli" convert --keep-going --to sdm -o here control.sdm
+same "what is left of the control characters" "$(tr -d '\r' <here/control.sdm)" "$(lines "$puzzle" "$turned" "$puzzle")"
 rm -f here/*
 
 echo "cli-test: convert tells a section that it leaves out"
@@ -305,6 +311,8 @@ for file in oneline.opensudoku oneline.json; do
   run 0 "$("$cli" grade <<<"$puzzle")" "" "$cli" grade $file
 done
 run 0 "$("$cli" count <<<"$puzzle")" "" "$cli" count "$data/formats/dottedframe.txt"
+{ cat "$data/formats/dottedframe.txt"; printf '\032'; } >dos.txt
+run 0 "$("$cli" count <<<"$puzzle")" "" "$cli" count dos.txt
 run 0 "$("$cli" walk <<<"$puzzle")" "" bash -c "$cli walk <'$data/formats/rows.csv'"
 run 0 "$("$cli" grade --json - <<<"$puzzle"; "$cli" grade --json <<<"$puzzle")" "" \
   "$cli" grade --json --jobs 2 "$data/formats/blanks.txt" "$data/formats/simple.ss"

@@ -1,5 +1,6 @@
 #include "puzzles.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -28,24 +29,38 @@ std::string cellname(std::size_t cell) {
 }
 
 /// UTF-16 and binary files have these characters, texts don't.
-void checktext(std::string_view text) {
+bool iscontrol(char c) {
+  return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\f';
+}
+
+/// A line with such a character is emptied where the other lines are wanted all the same; in the first line
+/// it says that the file is no text.
+void checktext(std::string& text, const Listener& listener) {
   long line = 1;
-  for (const char c : text) {
-    if (c == '\n') ++line;
-    if (static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\f')
-      throw Unreadable(line,
-                       {"un carattere di controllo: atteso un testo, in UTF-8 o a un byte per carattere",
-                        "a control character: expected a text, in UTF-8 or of single bytes"});
+  for (std::size_t begin = 0; begin < text.size(); ++line) {
+    const std::size_t end = std::min(text.find('\n', begin), text.size());
+    const auto first = text.begin() + static_cast<std::ptrdiff_t>(begin);
+    const auto last = text.begin() + static_cast<std::ptrdiff_t>(end);
+    if (std::any_of(first, last, iscontrol)) {
+      const Unreadable error(
+          line, {"un carattere di controllo: atteso un testo, in UTF-8 o a un byte per carattere",
+                 "a control character: expected a text, in UTF-8 or of single bytes"});
+      if (!listener.unread || line == 1) throw error;
+      listener.unread(error);
+      std::fill(first, last, ' ');
+    }
+    begin = end + 1;
   }
 }
 
-/// Without the mark of UTF-8 at its beginning, and without what DOS ends a text with.
+/// Without the mark of UTF-8 at its beginning, and without what DOS ends a text with, maybe in a line of its
+/// own.
 std::string_view unmarked(std::string_view bytes) {
   constexpr std::string_view mark = "\xEF\xBB\xBF";
   constexpr char endoftext = '\x1A';
   if (bytes.starts_with(mark)) bytes.remove_prefix(mark.size());
-  while (bytes.ends_with(endoftext)) bytes.remove_suffix(1);
-  return bytes;
+  const std::size_t end = bytes.find_last_not_of("\r\n\x1A") + 1;
+  return bytes.find(endoftext, end) == std::string_view::npos ? bytes : bytes.substr(0, end);
 }
 
 /// Every line end becomes a line feed: it may be CR LF, or CR alone.
@@ -106,8 +121,8 @@ void readpart(const Listener& listener, const std::function<void()>& read) {
 }
 
 std::vector<Puzzle> readpuzzles(std::string_view bytes, const Listener& listener) {
-  const std::string text = plainlines(unmarked(bytes));
-  checktext(text);
+  std::string text = plainlines(unmarked(bytes));
+  checktext(text, listener);
   const std::size_t first = text.find_first_not_of(" \t\n\f");
   if (first == std::string::npos)
     throw Unreadable(1, {"niente: atteso uno schema", "nothing there: expected a puzzle"});
