@@ -14,7 +14,7 @@ import sys
 from pathlib import Path
 
 sys.dont_write_bytecode = True  # nothing is left beside the sources
-from tour import PATIENCE, Missed, at_desk, await_end, parts, start_program, tell_desktop, type_line, until, up, xdotool
+from tour import PATIENCE, Missed, at_desk, close_window, parts, start_program, tell_desktop, type_line, until, up, xdotool
 
 SECONDS = 600  # for the whole game; it takes less than thirty
 EXPLAINED = 2  # the step whose explanation he asks for
@@ -306,8 +306,7 @@ def game(program, puzzle):
     read_board(ears, head)
     print(f"After {steps} steps the puzzle was solved; each was announced, found true, and answered with go.")
     change_language(ears, head)
-    xdotool("key", "alt+F4")
-    await_end(process)
+    close_window(process)
 
 
 def main():

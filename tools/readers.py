@@ -17,7 +17,7 @@ import sys
 from pathlib import Path
 
 sys.dont_write_bytecode = True  # nothing is left beside the sources
-from tour import Eyes, Missed, at_desk, await_end, start_program, tell_desktop, until, up, xdotool
+from tour import Eyes, Missed, at_desk, close_window, start_program, tell_desktop, until, up, xdotool
 
 SECONDS = 300  # for a case; it takes less than five
 CELL = "r1c1"
@@ -84,8 +84,7 @@ def play(program, case):
     process, eyes = CASES[case](program)
     type_digit(eyes, "5")
     tells(eyes, f"cell {CELL}, digit 5, given")
-    xdotool("key", "alt+F4")
-    await_end(process)
+    close_window(process)
 
 
 def main():

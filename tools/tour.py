@@ -92,10 +92,16 @@ def start_program(program):
     return watched[-1]
 
 
-def await_end(process):
-    """The program was asked to end, and has to do so in peace."""
+def close_window(process):
+    """The program has to end in peace. A window manager that is busy may miss a key: it is pressed again."""
     waits_for("closing the window did not end the program")
-    status = process.wait()
+    status = None
+    while status is None:
+        xdotool("key", "alt+F4")
+        try:
+            status = process.wait(timeout=10)
+        except subprocess.TimeoutExpired:
+            pass
     if status != 0:
         raise Missed(f"closing the window ended the program with status {status}")
 
@@ -378,8 +384,7 @@ def lesson(program, puzzle, picture):
     paper = ask_why(eyes, place)
     take_picture(eyes, paper, picture)
     press_green(eyes, place)
-    xdotool("key", "alt+F4")
-    await_end(process)
+    close_window(process)
     print("He closed the window, and the program ended.")
 
 
