@@ -232,7 +232,7 @@ std::string tell(const SingleRung& rung, const Words& words, const Single& found
 
 // clang-format off
 const std::array<SingleRung, 5> singlerungs{{
-    // technique                          search              reading     hint         headline
+    // technique                       search              reading     hint         headline
     {techniques::lastdigit,            findOneMissing,     readlast,   lastinrow,   lastinrow},
     {techniques::hiddensingleinblock,  findSingleInBlock,  readblock,  hintblock,   headblock},
     {techniques::hiddensingleinrow,    findSingleInRow,    readrow,    hintrow,     headrow},
