@@ -113,7 +113,7 @@ constexpr int quietmasks[] = {
 void putquiet() {
   host = {};
   startprogram();
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     cellvalue(cell) = quietvalues[cell] - '0';
     candmask(cell) = quietmasks[cell];
   }

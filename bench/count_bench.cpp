@@ -30,7 +30,7 @@ using Clock = std::chrono::steady_clock;
 
 /// Microseconds of one call.
 double timed(const std::string& puzzle, const char* command) {
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const char c = puzzle[static_cast<std::size_t>(cell)];
     givens(cell) = c == '.' || c == '0' ? "" : std::string(1, c);
   }

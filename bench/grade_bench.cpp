@@ -39,7 +39,7 @@ struct Band {
 
 /// Microseconds of a grade.
 double timed(const std::string& puzzle) {
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const char c = puzzle[static_cast<std::size_t>(cell)];
     givens(cell) = c == '.' || c == '0' ? "" : std::string(1, c);
   }

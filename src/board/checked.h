@@ -37,13 +37,13 @@ struct Fault {
   std::string written = {};      ///< the file that was written before
 };
 
-/// A number together with the routine that speaks it: lets a fault in an operator name its place.
-struct Spoken {
+/// A number together with the routine that it comes from: lets a fault in an operator name its place.
+struct Located {
   long long value;
   const char* place;
   template <class V>
   requires(std::convertible_to<V, long long> &&
-           !std::same_as<V, Spoken>) constexpr Spoken(const V& v, const char* at = __builtin_FUNCTION())
+           !std::same_as<V, Located>) constexpr Located(const V& v, const char* at = __builtin_FUNCTION())
       : value(v), place(at) {}  // NOLINT
 };
 
@@ -62,16 +62,16 @@ class Small {
     value_ = other.value_;
     return *this;
   }
-  constexpr Small& operator=(Spoken s) {
+  constexpr Small& operator=(Located s) {
     if (s.value < std::numeric_limits<T>::min() || s.value > std::numeric_limits<T>::max()) refuse(s);
     value_ = static_cast<T>(s.value);
     return *this;
   }
-  constexpr Small& operator+=(Spoken s) { return *this = Spoken(value_ + s.value, s.place); }
-  constexpr Small& operator-=(Spoken s) { return *this = Spoken(value_ - s.value, s.place); }
+  constexpr Small& operator+=(Located s) { return *this = Located(value_ + s.value, s.place); }
+  constexpr Small& operator-=(Located s) { return *this = Located(value_ - s.value, s.place); }
 
  private:
-  [[noreturn]] void refuse(Spoken s) const {
+  [[noreturn]] void refuse(Located s) const {
     throw Fault{Fault::Kind::overflow,         name_,  s.value, std::numeric_limits<T>::min(),
                 std::numeric_limits<T>::max(), s.place};
   }
@@ -94,8 +94,8 @@ class Table {
       namedslots(name, std::make_integer_sequence<int, HI - LO + 1>{});
   }
 
-  constexpr T& operator()(Spoken index) { return slots_[place(index)]; }
-  constexpr const T& operator()(Spoken index) const { return slots_[place(index)]; }
+  constexpr T& operator()(Located index) { return slots_[place(index)]; }
+  constexpr const T& operator()(Located index) const { return slots_[place(index)]; }
 
   constexpr auto begin() { return slots_.begin(); }
   constexpr auto end() { return slots_.end(); }
@@ -112,11 +112,11 @@ class Table {
   constexpr void namedslots(const char* name, std::integer_sequence<int, I...>) {
     ((std::construct_at(&slots_[I], name)), ...);
   }
-  constexpr std::size_t place(Spoken index) const {
+  constexpr std::size_t place(Located index) const {
     if (index.value < LO || index.value > HI) refuse(index);
     return static_cast<std::size_t>(index.value - LO);
   }
-  [[noreturn]] void refuse(Spoken index) const {
+  [[noreturn]] void refuse(Located index) const {
     throw Fault{Fault::Kind::bounds, name_, index.value, LO, HI, index.place};
   }
 
@@ -130,18 +130,18 @@ class Grid {
  public:
   constexpr explicit Grid(const char* name) : name_(name) {}
 
-  constexpr T& operator()(Spoken i, Spoken j) { return slots_[place(i, j)]; }
-  constexpr const T& operator()(Spoken i, Spoken j) const { return slots_[place(i, j)]; }
+  constexpr T& operator()(Located i, Located j) { return slots_[place(i, j)]; }
+  constexpr const T& operator()(Located i, Located j) const { return slots_[place(i, j)]; }
 
   /// The slots [i, 0 to HI2], for who goes through all of them.
-  constexpr T* row(Spoken i) { return &slots_[place(i, 0)]; }
+  constexpr T* row(Located i) { return &slots_[place(i, 0)]; }
 
   constexpr void clear() {
     for (T& slot : slots_) slot = T{};
   }
 
  private:
-  constexpr std::size_t place(Spoken i, Spoken j) const {
+  constexpr std::size_t place(Located i, Located j) const {
     if (i.value < 0 || i.value > HI1) throw Fault{Fault::Kind::bounds, name_, i.value, 0, HI1, i.place};
     if (j.value < 0 || j.value > HI2) throw Fault{Fault::Kind::bounds, name_, j.value, 0, HI2, j.place};
     return static_cast<std::size_t>(i.value * (HI2 + 1) + j.value);

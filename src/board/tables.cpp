@@ -12,7 +12,7 @@ void buildtables() {
     for (int position = 0; position < 9; ++position)
       blockcells(block, position) =
           static_cast<std::uint8_t>(block % 3 * 3 + block / 3 * 27 + position / 3 * 9 + position % 3);
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     cellrow(cell) = cell / 9 + 1;
     cellcol(cell) = cell % 9 + 1;
     cellblock(cell) = cell / 27 * 3 + cell % 9 / 3 + 1;
@@ -87,7 +87,7 @@ constexpr auto settexts = [] {
 }  // namespace
 
 void rebuildcandstr() {
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     std::int32_t& mask = candmask(cell);
     mask &= fullmask - usedmask(cell);
     const SetText& text = settexts[static_cast<std::size_t>(mask >> 1)];
@@ -98,7 +98,7 @@ void rebuildcandstr() {
 }
 
 void refreshcandidates() {
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     candmask(cell) = cellvalue(cell) == 0 ? fullmask - usedmask(cell) : 0;
 }
 

@@ -22,7 +22,7 @@
 
 namespace gradino {
 
-inline constexpr int cells = 81;
+inline constexpr int cellcount = 81;
 inline constexpr int fullmask = 1022;
 
 // Constants, filled by buildtables. Row, column and block are 1-based here, as they are read to the user.

@@ -29,7 +29,7 @@ struct ConvertOptions {
 
 /// The window's own drawing, made of what stands in its boxes.
 std::string drawn(const std::string& cells_) {
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const char symbol = cells_[static_cast<std::size_t>(cell)];
     frmmain::Text1(cell).text = symbol == '.' ? "" : std::string(1, symbol);
   }

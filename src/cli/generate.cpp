@@ -14,14 +14,14 @@ namespace {
 
 std::string joined(const Table<std::string, 0, 81>& digits, char empty) {
   std::string text;
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     text += digits(cell).empty() ? std::string(1, empty) : digits(cell);
   return text;
 }
 
 int givencount() {
   int count = 0;
-  for (int cell = 0; cell < cells; ++cell) count += !givens(cell).empty();
+  for (int cell = 0; cell < cellcount; ++cell) count += !givens(cell).empty();
   return count;
 }
 

@@ -23,7 +23,7 @@ Json snapshotsjson() {
 
 Json solutionjson() {
   std::string solution;
-  for (int cell = 0; cell < cells; ++cell) solution += solutiontext(cell);
+  for (int cell = 0; cell < cellcount; ++cell) solution += solutiontext(cell);
   return solution.empty() ? Json(nullptr) : Json(solution);
 }
 

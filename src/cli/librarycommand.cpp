@@ -261,7 +261,7 @@ bool check(const LibraryOptions& options) {
 /// What two rows of the same puzzle have in common. A row without a puzzle is only the same as itself.
 std::string identity(const LibraryRow& row) {
   const std::string& stringa = row[field::stringa];
-  return ispuzzle(stringa) ? stringa.substr(0, cells)
+  return ispuzzle(stringa) ? stringa.substr(0, cellcount)
                            : fmt::format("{}", fmt::join(row, std::string_view("\0", 1)));
 }
 

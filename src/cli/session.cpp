@@ -47,13 +47,13 @@ void putup(const std::string& puzzle) {
 
 std::string valuestext() {
   std::string text;
-  for (int cell = 0; cell < cells; ++cell) text += std::to_string(cellvalue(cell));
+  for (int cell = 0; cell < cellcount; ++cell) text += std::to_string(cellvalue(cell));
   return text;
 }
 
 Json candsjson() {
   Json masks = Json::array();
-  for (int cell = 0; cell < cells; ++cell) masks.push_back(candmask(cell));
+  for (int cell = 0; cell < cellcount; ++cell) masks.push_back(candmask(cell));
   return masks;
 }
 

@@ -68,7 +68,7 @@ Printed graded(const std::string& puzzle, const std::string& language) {
     putup(puzzle);
     printed.standing = standing(puzzle);
     if (numerosoluzioni == 1)
-      for (int cell = 0; cell < cells; ++cell) printed.solution += solutiontext(cell);
+      for (int cell = 0; cell < cellcount; ++cell) printed.solution += solutiontext(cell);
     settleboard();
     SolveSudoku();
     if (!frmmain::txtlivello.text.empty()) printed.difficulty = difficolta;
@@ -122,7 +122,7 @@ void fromlibrary(const SheetOptions& options, std::vector<Printed>& puzzles) {
     for (const Store::Record& record : hardest(store, level, count)) {
       const std::string& stringa = record.row[field::stringa];
       if (!ispuzzle(stringa)) throw std::runtime_error(say(rowwithout, hole("row", record.key)));
-      Printed printed = graded(stringa.substr(0, cells), options.language);
+      Printed printed = graded(stringa.substr(0, cellcount), options.language);
       printed.level = level;
       printed.difficulty = difficultyin(record.row[field::difficolta]);
       add(puzzles, printed, say(libraryrow, hole("row", record.key)));

@@ -31,13 +31,13 @@ constexpr int idlelimit = 3;  ///< so many calls in a row that changed nothing e
 
 /// The board of one moment, and the solution that it must lead to.
 struct Moment {
-  std::array<int, cells> values, masks;
+  std::array<int, cellcount> values, masks;
   std::array<int, 22> counts;
 };
 
 Moment now() {
   Moment moment{};
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     moment.values[static_cast<std::size_t>(cell)] = cellvalue(cell);
     moment.masks[static_cast<std::size_t>(cell)] = candmask(cell);
   }
@@ -47,9 +47,9 @@ Moment now() {
 }
 
 /// The solution as the counter found it, kept apart from the table that the techniques can read.
-std::array<int, cells> solutionnow() {
-  std::array<int, cells> solution{};
-  for (int cell = 0; cell < cells; ++cell)
+std::array<int, cellcount> solutionnow() {
+  std::array<int, cellcount> solution{};
+  for (int cell = 0; cell < cellcount; ++cell)
     solution[static_cast<std::size_t>(cell)] = static_cast<int>(leadingnumber(solutiontext(cell)));
   return solution;
 }
@@ -74,7 +74,7 @@ class Watch {
 
  private:
   void compare(const Moment& after, CheckedStep& step) const {
-    for (int cell = 0; cell < cells; ++cell) {
+    for (int cell = 0; cell < cellcount; ++cell) {
       const auto c = static_cast<std::size_t>(cell);
       const int truth = solution_[c];
       if (after.values[c] != before_.values[c]) {
@@ -93,7 +93,7 @@ class Watch {
   }
 
   const OnStep& use_;
-  std::array<int, cells> solution_;
+  std::array<int, cellcount> solution_;
   Moment before_;
 };
 

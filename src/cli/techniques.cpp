@@ -67,7 +67,7 @@ Position parse(const std::string& text) {
 
 void putboard(const Position& position) {
   filledcount = 0;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const auto c = static_cast<std::size_t>(cell);
     cellvalue(cell) = position.values[c] - '0';
     if (cellvalue(cell) != 0) filledcount += 1;

@@ -55,13 +55,13 @@ constexpr int level = 18;
 
 // ---- search -----------------------------------------------------------------------------------------------
 
-constexpr int nocell = cells;
+constexpr int nocell = cellcount;
 
 /// The one cell of more than two candidates, if it has three; or nocell. Cells with one candidate or none
 /// don't hinder.
 int gravecell() {
   int grave = nocell;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     if (candidatecount(cell) <= 2) continue;
     if (grave != nocell) return nocell;
     grave = cell;
@@ -109,7 +109,7 @@ void frmmain::stepbug() {
   Text5.text = std::to_string(find.digit);
   Text2(find.cell).back = yellow;
   txthint.text = tell(found, find);
-  const bool stop = stopped();
+  const bool stop = waitatlight() == Answer::stop;
   Text2(find.cell).back = white;
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
@@ -140,10 +140,10 @@ void explainbug() {
   Lesson lesson;
   lesson.line(title).line(inlanguage(rule)).line(longruleline);
   lesson.line(tell(found, find)).line(tell(ifdifferent, find));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
 
   lesson.line(tell(wecaninsert, find));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
 }

@@ -40,11 +40,11 @@ void Chain::log() const {
 bool Chain::argue(Lesson& lesson, std::string_view hypothesis) const {
   showgreen(start());
   lesson.line(hypothesis);
-  if (lesson.stopped()) return false;
+  if (lesson.showandwait() == Answer::stop) return false;
   for (std::size_t k = 1; k < links_.size(); ++k) {
     showgreen(links_[k]);
     lesson.line(tell(is, isnot, links_[k]));
-    if (lesson.stopped()) return false;
+    if (lesson.showandwait() == Answer::stop) return false;
   }
   return true;
 }

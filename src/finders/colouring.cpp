@@ -225,7 +225,7 @@ class Recorded {
   constexpr explicit Recorded(const char* name) : cell_(name) {}
 
   void add(int cell, const char* place = __builtin_FUNCTION()) {
-    cell_(Spoken(LO + count_, place)) = cell;
+    cell_(Located(LO + count_, place)) = cell;
     ++count_;
   }
   void clear() { count_ = 0; }
@@ -346,7 +346,7 @@ class Cluster {
 
   int digit_;
   int count_ = 0;
-  std::bitset<cells> visited_;
+  std::bitset<cellcount> visited_;
 };
 
 /// Looks through all pairs of the cluster. A clash ends it, whatever was recorded before.
@@ -472,7 +472,7 @@ class Hypothesis {
 };
 
 void recordcommon(XColours& find) {
-  std::bitset<cells> infirst;
+  std::bitset<cellcount> infirst;
   for (int cell : find.group[0]) infirst.set(static_cast<std::size_t>(cell));
   for (int cell : find.group[1])
     if (infirst[static_cast<std::size_t>(cell)]) find.common.add(cell);
@@ -508,7 +508,7 @@ bool anydeletion(const XColours& find, const std::array<unsigned, 9>& places) {
 std::array<unsigned, 9> candidatesbyrow(int digit) {
   std::array<unsigned, 9> places{};
   const int bit = bitvalue(digit);
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     if (candmask(cell) & bit) places[static_cast<std::size_t>(cell / 9)] |= 1u << cell % 9;
   return places;
 }
@@ -548,10 +548,10 @@ XColours scanxcolors(Byte& digit) {
   for (digit = 1; digit <= 9; digit += 1) {
     find.digit = digit;
     const std::array<unsigned, 9> places = candidatesbyrow(digit);
-    std::bitset<cells * cells> done;  // two cells can share a line and a block
+    std::bitset<cellcount * cellcount> done;  // two cellcount can share a line and a block
     const bool over =
         seeds(digit, {HouseKind::row, HouseKind::block, HouseKind::column}, [&](int first, int second) {
-          const auto pair = static_cast<std::size_t>(first * cells + second);
+          const auto pair = static_cast<std::size_t>(first * cellcount + second);
           if (done[pair]) return false;
           done.set(pair);
           runpair(find, first, second, places);
@@ -612,7 +612,7 @@ void showdeletion(const Colours& find) {
   paint(find.deleted, find.digit, red);
   paintcluster(find);
   frmmain::txthint.text = tell(hint, find.digit);
-  const bool stop = stopped();
+  const bool stop = waitatlight() == Answer::stop;
   paint(find.cluster, find.digit, white);
   paint(find.deleted, find.digit, white);
   if (stop) return;
@@ -627,7 +627,7 @@ void showclash(const Colours& find) {
   paintcluster(find);
   const Words& survivor = find.clashing ? greencells : yellowcells;
   frmmain::txthint.text = tellcolour(clashhint, find.digit, inlanguage(survivor));
-  const bool stop = stopped();
+  const bool stop = waitatlight() == Answer::stop;
   paint(find.cluster, find.digit, white);
   if (stop) return;
 
@@ -648,14 +648,14 @@ void showxdeletion(const XColours& find) {
   paint(find.common, digit, cyan);
   frmmain::Text5.text = std::to_string(digit);
   frmmain::txthint.text = tell(xfound, digit);
-  if (stopped()) return;
+  if (waitatlight() == Answer::stop) return;
 
   frmmain::txthint.text = tell(xdeleted, digit);
   for (int cell : find.deleted)
     if (deletecandidate(cell, digit)) frmmain::txthint.text += tellcell(xdeletedcell, cell);
   foundflag = true;
   if (!find.common.empty()) {
-    stopped();  // whatever the answer, the cells get their digit
+    waitatlight();  // whatever the answer, the cells get their digit
     frmmain::txthint.text = tell(xplaced, digit);
     for (int cell : find.common) {
       place(cell, digit);
@@ -678,7 +678,7 @@ void showxclash(const XColours& find) {
   pencilmark(seed, find.digit).back = seedyellow ? yellow : green;
   frmmain::txthint.text =
       tellcolour(xclashhint, find.digit, inlanguage(seedyellow ? yellowcells : greencells));
-  const bool stop = stopped();
+  const bool stop = waitatlight() == Answer::stop;
   paint(find.group[0], find.digit, white);
   paint(find.group[1], find.digit, white);
   if (stop) return;
@@ -814,7 +814,7 @@ void showcluster(Lesson& lesson) {
     pencilmark(cell, shown.digit).back = clustercolour(shown.first[i]);
     lesson.line(say(cellis, hole("cell", cellname(cell)),
                     hole("colour", inlanguage(shown.first[i] ? yellowword : greenword))));
-    lesson.stopped();
+    lesson.showandwait();
   }
 }
 
@@ -823,7 +823,7 @@ void explaindeletion() {
   showcluster(lesson);
   lesson.line(tell(eithercolour, shown.digit)).line(tell(candelete, shown.digit));
   paint(shown.deleted, shown.digit, red);
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
 }
@@ -842,7 +842,7 @@ void explainclash() {
   const std::string_view forced = inlanguage(isyellow ? greenword : yellowword);
   lesson.line(say(cannotstay, hole("digit", shown.digit), hole("excluded", excluded)));
   lesson.line(tell(canplace, shown.digit)).line(say(inallcells, hole("forced", forced)));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   frmmain::txthint.text = tell(closing, shown.digit);
   closelesson();
   paint(shown.cluster, shown.digit, white);
@@ -861,7 +861,7 @@ bool showseeds(Lesson& lesson) {
   for (std::size_t k : {0u, 1u}) pencilmark(seed[k], xshown.digit).back = groupwords[k].colour;
   lesson.line(say(eitherseed, hole("digit", xshown.digit), hole("first", cellname(seed[0])),
                   hole("second", cellname(seed[1]))));
-  if (lesson.stopped()) return true;
+  if (lesson.showandwait() == Answer::stop) return true;
   pencilmark(seed[1], xshown.digit).back = white;
   return false;
 }
@@ -877,7 +877,7 @@ bool showgroup(Lesson& lesson, std::size_t k) {
     for (HouseKind kind : {HouseKind::block, HouseKind::row, HouseKind::column})
       for (int seen : housecells(kind, houseof(kind, cell)))
         if (Box& box = pencilmark(seen, digit); box.back == white) box.back = red;
-    if (lesson.stopped()) return true;
+    if (lesson.showandwait() == Answer::stop) return true;
   }
   return false;
 }
@@ -894,15 +894,15 @@ void explainxdeletion() {
   for (std::size_t k : {0u, 1u}) paint(xshown.group[k], digit, groupwords[k].colour);
   paint(xshown.common, digit, cyan);
   lesson.line(tell(blue ? eithergroupblue : eithergroup, digit));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
 
   paint(xshown.deleted, digit, red);
   lesson.line(tell(xcandelete, digit));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
 
   if (blue) {
     lesson.line(inlanguage(bluecommon)).line(tell(blueplace, digit));
-    if (lesson.stopped()) return;
+    if (lesson.showandwait() == Answer::stop) return;
   }
   closelesson();
   clearcolours();
@@ -914,7 +914,7 @@ void explainxclash() {
   const int seed = xshown.group[xshown.truegroup()].first();
   lesson.line(inlanguage(twiceinhouse));
   lesson.line(tellcell(xshown.type == Colourtype::firstfalse ? musttruegreen : musttrueyellow, seed));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
 }

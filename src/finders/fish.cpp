@@ -317,7 +317,7 @@ void step(const FishKind& fish) {
   curdigit = find.digit;
   frmmain::Text5.text = std::to_string(find.digit);
   frmmain::txthint.text = tell(find.of(fish.found), find);
-  const bool stop = stopped();
+  const bool stop = waitatlight() == Answer::stop;
   for (int cell : painted) pencilmark(cell, find.digit).back = white;
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
@@ -382,7 +382,7 @@ void explain(const FishKind& fish) {
     arguecorners(find, lesson);
   else
     arguelines(find, lesson);
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
 
   lesson.line(tell(find.of(fish.candelete), find, inlanguage(deletejoiner)));
   lesson.line(inlanguage(find.of(fish.from)));
@@ -390,7 +390,7 @@ void explain(const FishKind& fish) {
     pencilmark(cell, find.digit).back = red;
     lesson.words(at(redcell, cell));
   });
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
 }

@@ -102,7 +102,7 @@ using ByHouse = std::array<std::array<T, 9>, 3>;  ///< [row, column or block][ho
 /// The pencil marks of the board, read once for many suppositions.
 struct Reading {
   Reading() {
-    for (int cell = 0; cell < cells; ++cell) {
+    for (int cell = 0; cell < cellcount; ++cell) {
       Marks& here = marks[at(cell)];
       const int count = candidatecount(cell);
       here.two = count == 2;
@@ -117,7 +117,7 @@ struct Reading {
     }
   }
 
-  std::array<Marks, cells> marks{};
+  std::array<Marks, cellcount> marks{};
   ByHouse<unsigned> bivalues{};  ///< the places of the cells with two candidates
 
  private:
@@ -306,10 +306,10 @@ class Hypothesis {
   }
 
   const Reading& board_;
-  std::array<std::uint16_t, cells> true_{}, false_{};     ///< by cell, a bit a digit
-  std::array<ByHouse<std::uint16_t>, 10> closed_{};       ///< by digit: the places where it is false
-  std::array<std::array<std::int16_t, 10>, cells> node_;  ///< that said it first
-  std::array<std::array<By, 10>, cells> by_;
+  std::array<std::uint16_t, cellcount> true_{}, false_{};     ///< by cell, a bit a digit
+  std::array<ByHouse<std::uint16_t>, 10> closed_{};           ///< by digit: the places where it is false
+  std::array<std::array<std::int16_t, 10>, cellcount> node_;  ///< that said it first
+  std::array<std::array<By, 10>, cellcount> by_;
   std::array<std::int16_t, 261> depth_{};  ///< of each node: its ancestors
 };
 
@@ -325,7 +325,7 @@ void scanforcingall() {
   int best = nochain, bestdigit = 0, bestcell = 0, longest = 0;
   for (int most = 2;; ++most) {
     const Reading board;  // of each band afresh: a command that came in between may have changed it
-    for (int cell = 0; cell < cells; ++cell) {
+    for (int cell = 0; cell < cellcount; ++cell) {
       longest = std::max(longest, candidatecount(cell));
       if (candidatecount(cell) != most) continue;
       for (int k = 0; k < candidatecount(cell); ++k) {
@@ -359,7 +359,7 @@ void frmmain::stepforcing() {
   if (comandocorrente.empty()) logcount += 1;
   nishioflag = false;
   chain.paint(yellow);
-  if (stopped()) return;  // the colours stay
+  if (waitatlight() == Answer::stop) return;  // the colours stay
 
   deletecandidate(cell, digit);
   showdeletions();
@@ -401,9 +401,9 @@ void explainforcing() {
   lesson.line(inlanguage(title)).line(ruleline);
   if (!chain.argue(lesson, tell(suppose, cell, digit))) return;
   lesson.line(inlanguage(contradiction)).line(tell(both, chain.last().cell, chain.last().digit));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   lesson.line(tell(candelete, cell, digit));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   foundflag = true;
   clearcolours();

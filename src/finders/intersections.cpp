@@ -241,7 +241,7 @@ void frmmain::intersections() {
     keep(find);
     paintholder(find, green);
     txthint.text = tell(find.kind->hint, find);
-    const bool stop = stopped();
+    const bool stop = waitatlight() == Answer::stop;
     paintholder(find, white);
     if (stop) return true;
     txthint.text = tell(deleted, find);
@@ -286,7 +286,7 @@ void explainintersections() {
     pencilmark(cell, find.digit).back = red;
     lesson.words(named(redcell, cell));
   });
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
 
   frmmain::txthint.text = tell(closing, find);
   for (int cell : housecells(kind.target, find.target))

@@ -63,7 +63,7 @@ void frmmain::steplinks() {
   pencilmark(cell, digit).back = red;
   txthint.text = tell(hint, cell, digit);
   chain.paint(yellow);
-  if (stopped()) return;  // the colours stay
+  if (waitatlight() == Answer::stop) return;  // the colours stay
 
   deletecandidate(cell, digit);
   pencilmark(cell, digit).back = white;
@@ -103,7 +103,7 @@ void explainlinks() {
   if (!chain.argue(lesson, tell(suppose, cell, digit))) return;
   lesson.line(tell(negation, cell, digit)).line(inlanguage(contradicts));
   lesson.line(tell(candelete, cell, digit));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
   foundflag = true;

@@ -126,7 +126,7 @@ void unitecandidates() {
 /// A house without a place for a digit overrides a cell without a candidate.
 void nishiocheck() {
   impossible.house = false;
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     if (candmask(cell) == 0 && cellvalue(cell) == 0)
       impossible = {true, false, "cell", cell, impossible.digit, cell};
   unitecandidates();
@@ -165,19 +165,19 @@ void nishiopropagate() {
 class Saved {
  public:
   Saved() {
-    std::copy_n(cellvalue.begin(), cells, values_.begin());
-    std::copy_n(candmask.begin(), cells, masks_.begin());
+    std::copy_n(cellvalue.begin(), cellcount, values_.begin());
+    std::copy_n(candmask.begin(), cellcount, masks_.begin());
   }
   void restore() const {
-    std::copy_n(values_.begin(), cells, cellvalue.begin());
-    std::copy_n(masks_.begin(), cells, candmask.begin());
+    std::copy_n(values_.begin(), cellcount, cellvalue.begin());
+    std::copy_n(masks_.begin(), cellcount, candmask.begin());
     rebuildusedmask();
     rebuildcandstr();
     rebuildpositions();
   }
 
  private:
-  std::array<std::int32_t, cells> values_, masks_;
+  std::array<std::int32_t, cellcount> values_, masks_;
 };
 
 void keepbest(int digit, int cell) {
@@ -216,7 +216,7 @@ void scannishio() {
   int longest = 0;
   for (int most = 2; most <= longest + 1 || most == 2; ++most) {
     const Saved board;  // of each band afresh: a command that came in between may have changed it
-    for (int cell = 0; cell < cells; ++cell) {
+    for (int cell = 0; cell < cellcount; ++cell) {
       const int count = candidatecount(cell);
       longest = std::max(longest, count);
       if (count != most) continue;
@@ -252,7 +252,7 @@ void frmmain::stepnishio() {
   const int cell = stepcell, digit = stepdigit;
   paintplacings(shown, yellow);
   txthint.text = tell(found, cell, digit);
-  const bool stop = stopped();
+  const bool stop = waitatlight() == Answer::stop;
   paintplacings(shown, white);
   if (stop) return;
   deletecandidate(cell, digit);
@@ -288,7 +288,8 @@ namespace {
 class SavedBoxes {
  public:
   explicit SavedBoxes(const Trial& argued) : argued_(argued) {
-    for (int cell = 0; cell < cells; ++cell) boxes_[static_cast<std::size_t>(cell)] = frmmain::Text1(cell);
+    for (int cell = 0; cell < cellcount; ++cell)
+      boxes_[static_cast<std::size_t>(cell)] = frmmain::Text1(cell);
   }
   ~SavedBoxes() { restore(); }
   SavedBoxes(const SavedBoxes&) = delete;
@@ -313,7 +314,7 @@ class SavedBoxes {
  private:
   const Trial& argued_;
   const int board_ = boardnumber;
-  std::array<Box, cells> boxes_;
+  std::array<Box, cellcount> boxes_;
   bool restored_ = false;
 };
 
@@ -343,20 +344,20 @@ void explainnishio() {
   lesson.line(inlanguage(title)).line(longruleline);
   lesson.line(tell(suppose, cell, digit));
   paintplacings(argued, white);
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   for (std::size_t k = 0; k < argued.cell.size(); ++k) {
     showplacing(argued.cell[k], argued.digit[k]);
     lesson.line(tell(step, argued.cell[k], argued.digit[k]));
-    if (lesson.stopped()) return;
+    if (lesson.showandwait() == Answer::stop) return;
   }
   lesson.line(tellend(argued));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
 
   boxes.restore();
   lesson.line(tell(removed, cell, digit));
   deletecandidate(cell, digit);
   showdeletions();
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
 }

@@ -162,7 +162,7 @@ bool hasvictims(const Pair& naked) {
 
 /// The first naked pair that deletes something: the lower cell outermost; for it row, column, block.
 Pair findnaked() {
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const std::string& open = candstr(cell);
     if (candmask(cell) < 1 || open.length() != 2) continue;
     for (HouseKind kind : housekinds) {
@@ -260,7 +260,7 @@ void frmmain::nakedpair() {
   keep(pair);
   paintnaked(pair, yellow);
   txthint.text = tell(nakedhint, pair);
-  const bool stop = stopped();
+  const bool stop = waitatlight() == Answer::stop;
   paintnaked(pair, white);
   if (stop) return;
   txthint.text = inlanguage(deleted);
@@ -285,7 +285,7 @@ void frmmain::hiddenpair() {
   Text5.text = pair.digits;
   painthidden(pair, green);
   txthint.text = tell(hiddenfound, pair);
-  const bool stop = stopped();
+  const bool stop = waitatlight() == Answer::stop;
   painthidden(pair, white);
   if (stop) return;
   txthint.text = tell(entered, pair);
@@ -346,7 +346,7 @@ void explainnakedpair() {
     pencilmark(cell, digit).back = red;
     lesson.words(tellcandidate(redcandidate, cell, digit));
   });
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
 
   frmmain::txthint.text = tell(nakedclosing, pair);
   for (int cell : housecells(pair.kind, pair.house))
@@ -365,7 +365,7 @@ void explainhiddenpair() {
   lesson.line(tell(inhouse.greencells, pair)).line(tell(onlyones, pair));
   lesson.line(tell(inhouse.onemust, pair)).line(tell(inhouse.othermust, pair));
   lesson.line(inlanguage(fromtwocells)).line(tell(anyother, pair));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
 
   frmmain::txthint.text = tell(hiddenclosing, pair);
   closelesson();

@@ -83,7 +83,7 @@ constexpr int level = 17;
 
 // ---- search -----------------------------------------------------------------------------------------------
 
-constexpr int nocell = cells;
+constexpr int nocell = cellcount;
 
 struct Rectangle {
   enum Type {
@@ -206,7 +206,7 @@ bool judge(Rectangle& find) {
 void scanur(Rectangle& find) {
   foundflag = false;
   find = {};
-  for (find.urcell1 = 0; find.urcell1 < cells; ++find.urcell1)
+  for (find.urcell1 = 0; find.urcell1 < cellcount; ++find.urcell1)
     if (find.pairmask() != 0 && bivalue(find.urcell1) && corners(find) && haspair(find, find.urcell4()) &&
         judge(find))
       return;
@@ -252,7 +252,7 @@ void paintcommon(const Rectangle& find, Colour colour) {
 void steptype1(const Rectangle& find) {
   paintcorners(find, yellow);
   frmmain::txthint.text = tell(found1, find);
-  const bool stop = stopped();
+  const bool stop = waitatlight() == Answer::stop;
   paintcorners(find, white);
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
@@ -273,7 +273,7 @@ void steptype2(const Rectangle& find) {
   paintcorners(find, yellow);
   paintcommon(find, red);
   frmmain::txthint.text = tell(found2, find);
-  stopped();
+  waitatlight();
   paintcorners(find, white);
   colourdigit = thirddigit(find, find.urcell4());
   victims(find, colourdigit, [&](int cell) {
@@ -313,9 +313,9 @@ void gradetype2(const Rectangle& find) {
 bool arguetype1(const Rectangle& find, Lesson& lesson) {
   lesson.line(tell(case1, find)).line(tell(twosolutions, find));
   lesson.line(tell(firstsolution, find)).line(tell(secondsolution, find));
-  if (lesson.stopped()) return false;
+  if (lesson.showandwait() == Answer::stop) return false;
   lesson.line(tell(candeletepair, find));
-  if (lesson.stopped()) return false;
+  if (lesson.showandwait() == Answer::stop) return false;
 
   // The step's own work, shown here: the step then finds it done.
   const int cell = find.urcell4();
@@ -323,14 +323,14 @@ bool arguetype1(const Rectangle& find, Lesson& lesson) {
   rebuildcandstr();
   updatetext2();
   if (candidatecount(cell) != 1) return true;
-  return !lesson.line(tellonly(andinsert, cell)).stopped();
+  return lesson.line(tellonly(andinsert, cell)).showandwait() == Answer::go;
 }
 
 bool arguetype2(const Rectangle& find, Lesson& lesson) {
-  if (lesson.line(tell(case2, find)).stopped()) return false;
+  if (lesson.line(tell(case2, find)).showandwait() == Answer::stop) return false;
   paintcommon(find, red);
   lesson.line(tell(eitheror, find)).line(tell(candeletedigit, find));
-  if (lesson.stopped()) return false;
+  if (lesson.showandwait() == Answer::stop) return false;
   foundflag = true;
   return true;
 }

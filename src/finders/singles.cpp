@@ -182,7 +182,7 @@ std::string findSingleInColumn() {
 }
 
 std::string findSingleInCell() {
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     if (cellvalue(cell) == 0)
       if (const int digit = onlydigitof(candmask(cell))) return std::to_string(digit) + std::to_string(cell);
   return {};
@@ -261,7 +261,7 @@ bool frmmain::single(const SingleRung& rung) {
   candidate(cell * 10 + digit).back = green;
   Text1(cell).back = yellow;
   Text5.text = std::to_string(digit);
-  if (stopped()) return true;  // the colours stay until some later repaint
+  if (waitatlight() == Answer::stop) return true;  // the colours stay until some later repaint
   candidate(cell * 10 + digit).back = white;
   Text1(cell).back = white;
   writetext1(cell, std::to_string(digit));
@@ -306,7 +306,7 @@ void hidepencilmarks() {
 
 /// Shows the argument and waits; on go the window and the colours of the digit boxes go.
 void argue(const Lesson& lesson) {
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   for (Box& box : frmmain::Text1) box.back = white;
 }

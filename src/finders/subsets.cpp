@@ -363,7 +363,7 @@ void step(const Size& size) {
   frmmain::Text5.text = digitsof(find);
   paint(find, green);
   frmmain::txthint.text = tellfound(find);
-  const bool stop = stopped();
+  const bool stop = waitatlight() == Answer::stop;
   paint(find, white);
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
@@ -437,7 +437,7 @@ void explain() {
     arguenaked(lesson, find);
   else
     arguehidden(lesson, find);
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
 
   closing(find);
   closelesson();

@@ -256,7 +256,7 @@ std::int32_t possiblez(const Wing& find) {
 void scanxywing(Wing& find) {
   foundflag = false;
   find = {};
-  for (find.pivot = 0; find.pivot < cells; ++find.pivot) {
+  for (find.pivot = 0; find.pivot < cellcount; ++find.pivot) {
     if (!hascandidates(find.pivot, 2)) continue;
     find.x = candidateat(find.pivot, 0);
     find.y = candidateat(find.pivot, 1);
@@ -289,7 +289,7 @@ void scanxyzwing(Wing& find) {
   static constexpr std::size_t orders[][3] = {{1, 2, 0}, {0, 2, 1}, {1, 0, 2}};
   foundflag = false;
   find = {};
-  for (find.pivot = 0; find.pivot < cells; ++find.pivot) {
+  for (find.pivot = 0; find.pivot < cellcount; ++find.pivot) {
     if (!hascandidates(find.pivot, 3)) continue;
     for (const auto& [x, y, z] : orders) {
       find.x = candidateat(find.pivot, x);
@@ -348,7 +348,7 @@ void step(const WingKind& kind) {
   foundflag = true;
   paint(find, red, yellow);
   frmmain::txthint.text = tell(kind.found, find);
-  const bool stop = stopped();
+  const bool stop = waitatlight() == Answer::stop;
   paint(find, white, white);
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
@@ -393,7 +393,7 @@ void explain(const WingKind& kind) {
   lesson.line(argue(kind.ifdigit, find, find.x)).line(argue(kind.ifdigit, find, find.y));
   if (&kind == &xyzwing) lesson.line(tell(thirdpossibility, find));
   lesson.line(tell(wecandelete, find));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
 }

@@ -74,7 +74,7 @@ void frmmain::stepxychain() {
   paintends(chain, digit, green, red);
   txthint.text = tellends(found, digit, chain);
   chain.paint(yellow);
-  if (stopped()) return;  // the colours stay
+  if (waitatlight() == Answer::stop) return;  // the colours stay
 
   deletecandidate(cell, digit);
   paintends(chain, digit, white, white);
@@ -113,7 +113,7 @@ void explainxychain() {
   lesson.line(tellends(therefore, digit, chain));
   pencilmark(cell, digit).back = red;
   lesson.line(tell(candelete, cell, digit));
-  if (lesson.stopped()) return;
+  if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
   foundflag = true;

@@ -65,7 +65,7 @@ bool graded() {
 std::string puzzlestring() {
   std::string text;
   filledcount = 0;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     if (givens(cell).empty()) {
       text += '.';
     } else {

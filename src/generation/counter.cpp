@@ -40,8 +40,8 @@ struct Seen {
 
 /// Looked up, as divisions would take a third of a call.
 constexpr auto houses = [] {
-  std::array<Seen, cells> seen{};
-  for (std::size_t cell = 0; cell < cells; ++cell)
+  std::array<Seen, cellcount> seen{};
+  for (std::size_t cell = 0; cell < cellcount; ++cell)
     seen[cell] = {static_cast<std::uint8_t>(cell / 9), static_cast<std::uint8_t>(cell % 9),
                   static_cast<std::uint8_t>(cell / 27 * 3 + cell % 9 / 3)};
   return seen;
@@ -71,7 +71,7 @@ struct Board {
 Board loadgivens() {
   Board board;
   bool digits = true;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const std::string& text = givens(cell);
     const std::int32_t value = text.empty() ? 0 : leadingnumber(text);
     cellvalue(cell) = value;
@@ -85,9 +85,9 @@ Board loadgivens() {
 /// One pass, never repeated: each empty cell with one digit left gets it. Cells after it see it at once,
 /// cells before don't. A board that has a cell with no digit left before the pass stays as it is.
 void forcedpass(Board& board) {
-  for (std::size_t cell = 0; cell < cells; ++cell)
+  for (std::size_t cell = 0; cell < cellcount; ++cell)
     if (board.digits[cell] == 0 && board.seen(cell) == fullmask) return;
-  for (std::size_t cell = 0; cell < cells; ++cell) {
+  for (std::size_t cell = 0; cell < cellcount; ++cell) {
     if (board.digits[cell] != 0) continue;
     const auto left = static_cast<std::uint32_t>(fullmask & ~board.seen(cell));
     if (left != 0 && (left & (left - 1)) == 0) board.place(cell, std::countr_zero(left));
@@ -97,7 +97,7 @@ void forcedpass(Board& board) {
 /// To cellvalue and usedmask.
 void leave(const Board& board) {
   std::copy(board.digits.begin(), board.digits.end(), cellvalue.begin());
-  for (std::size_t cell = 0; cell < cells; ++cell) usedmask.begin()[cell] = board.seen(cell);
+  for (std::size_t cell = 0; cell < cellcount; ++cell) usedmask.begin()[cell] = board.seen(cell);
   std::copy(board.rows.begin(), board.rows.end(), usedmask.begin() + rowslot);
   std::copy(board.columns.begin(), board.columns.end(), usedmask.begin() + columnslot);
   std::copy(board.blocks.begin(), board.blocks.end(), usedmask.begin() + blockslot);
@@ -128,11 +128,11 @@ void conta() {
   if (found.size() < stop)
     forcedpass(board);
   else
-    for (std::size_t cell = 0; cell < cells; ++cell) board.place(cell, found.back()[cell]);
+    for (std::size_t cell = 0; cell < cellcount; ++cell) board.place(cell, found.back()[cell]);
   leave(board);
 
   if (numerosoluzioni == 1) {
-    for (int cell = 0; cell < cells; ++cell)
+    for (int cell = 0; cell < cellcount; ++cell)
       solutiontext(cell) = stringhesoluzione(1).at(static_cast<std::size_t>(cell));
     return;
   }

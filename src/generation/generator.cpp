@@ -81,7 +81,7 @@ int choosecell() {
   static std::vector<int> celledisponibili;
   celledisponibili.clear();
   int lastempty = 0;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     if (cellvalue(cell) != 0) continue;
     lastempty = cell;
     if (cellvalue(mirrors(cell).point) == 0) celledisponibili.push_back(cell);
@@ -129,7 +129,7 @@ void risolvirapido() {
     foundflag = false;
     if (const std::optional<Single> single = quicksingle()) {
       placequickly(single->cell, single->digit);
-      boardfinished = filledcount == cells;
+      boardfinished = filledcount == cellcount;
       if (boardfinished) return;
       continue;
     }
@@ -148,7 +148,7 @@ bool finishedquickly() {
 
 /// The chosen digits become the puzzle, the board its solution.
 void finish() {
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     writetext1(cell, "");
     solutiontext(cell) = std::to_string(cellvalue(cell));
     cellvalue(cell) = 0;
@@ -168,7 +168,7 @@ void wipe() {
   frmactivity::Text3.text.clear();
   emptylogtext();
   suppresschange = true;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     cellvalue(cell) = 0;
     candmask(cell) = fullmask;
     writetext1(cell, "");
@@ -250,7 +250,7 @@ namespace {
 /// The givens on the board, ready to be solved.
 void showpuzzle() {
   suppresschange = true;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     Text1(cell).fore = red;
     writetext1(cell, "");
     writetext1(cell, givens(cell));

@@ -30,11 +30,11 @@ constexpr const char* reduced = "1 RIDUZIONE ESEGUITA ";
 constexpr const char* done = "executed {} reductions";
 constexpr const char* fromto = "beginning = {} end = {}";
 
-using Puzzle = std::array<std::string, cells>;
+using Puzzle = std::array<std::string, cellcount>;
 
 Puzzle puzzleingivens() {
   Puzzle puzzle;
-  for (int cell = 0; cell < cells; ++cell) puzzle[static_cast<std::size_t>(cell)] = givens(cell);
+  for (int cell = 0; cell < cellcount; ++cell) puzzle[static_cast<std::size_t>(cell)] = givens(cell);
   return puzzle;
 }
 
@@ -43,12 +43,12 @@ void tell(const std::string& line) {
 }
 
 void togivens(const Puzzle& puzzle) {
-  for (int cell = 0; cell < cells; ++cell) givens(cell) = puzzle[static_cast<std::size_t>(cell)];
+  for (int cell = 0; cell < cellcount; ++cell) givens(cell) = puzzle[static_cast<std::size_t>(cell)];
 }
 
 Digits digitsingivens() {
   Digits digits{};
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     digits[static_cast<std::size_t>(cell)] = static_cast<std::uint8_t>(leadingnumber(givens(cell)));
   return digits;
 }
@@ -102,7 +102,7 @@ class Group {
 /// The reduced puzzle on the board, as the grader wants it.
 void putup(const Puzzle& puzzle) {
   filledcount = 0;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     givens(cell) = puzzle[static_cast<std::size_t>(cell)];  // events may have run since
     cellvalue(cell) = leadingnumber(givens(cell));
     if (givens(cell).empty())

@@ -76,7 +76,7 @@ std::int32_t selected() {
 
 void showpreview() {
   const std::string& stringa = frmmain::txtstringa.text;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     Text2(cell).visible = true;
     const auto at = static_cast<std::size_t>(cell);
     Text2(cell).text = at < stringa.size() ? stringa.substr(at, 1) : "";
@@ -141,7 +141,7 @@ void load() {
 
 /// The record's puzzle into givens and boxes. What is neither digit nor "." counts as empty.
 void putup(const std::string& stringa) {
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const auto at = static_cast<std::size_t>(cell);
     const char sign = at < stringa.size() ? stringa[at] : ' ';
     if (sign == '.') frmmain::Text1(cell).fore = textcolor;

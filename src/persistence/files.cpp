@@ -43,7 +43,7 @@ std::ifstream openfile(const std::string& name) {
 
 /// What stands in the boxes becomes the puzzle.
 void takeboxes() {
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const std::string& text = frmmain::Text1(cell).text;
     cellvalue(cell) = leadingnumber(text, cell);
     givens(cell) = text;
@@ -62,7 +62,7 @@ void openpuzzle() {
   frmmain::mnupencil.ticked = false;
   clearboard();
   suppresschange = true;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     frmmain::Text1(cell).visible = true;
     cellvalue(cell) = 0;
     writetext1(cell, "");

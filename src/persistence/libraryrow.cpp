@@ -7,8 +7,9 @@
 namespace gradino {
 
 bool ispuzzle(const std::string& stringa) {
-  return stringa.size() >= cells && std::all_of(stringa.begin(), stringa.begin() + cells,
-                                                [](char c) { return c == '.' || (c >= '1' && c <= '9'); });
+  return stringa.size() >= cellcount && std::all_of(stringa.begin(), stringa.begin() + cellcount, [](char c) {
+           return c == '.' || (c >= '1' && c <= '9');
+         });
 }
 
 }  // namespace gradino

@@ -78,20 +78,20 @@ int scanline(std::string_view line, int pos) {
       setcell(pos, "", textcolor);
     else
       continue;
-    if (++pos == cells) break;
+    if (++pos == cellcount) break;
   }
   return pos;
 }
 
 void scanfile(std::istream& file) {
-  for (int pos = 0; pos < cells;) pos = scanline(takeline(file), pos);
+  for (int pos = 0; pos < cellcount;) pos = scanline(takeline(file), pos);
 }
 
 void readcommas(std::istream& file) {
   const std::string line = takeline(file);
   Byte comma{"comma position"}, number{"number of the file"};
   std::size_t pos = 0;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const std::size_t found = line.find(',', pos);
     if (found == std::string::npos) unreadable();
     comma = found + 1;
@@ -111,7 +111,7 @@ void readcommas(std::istream& file) {
 
 std::string puzzleline() {
   std::string text;
-  for (int cell = 0; cell < cells; ++cell) text += symbol(cell);
+  for (int cell = 0; cell < cellcount; ++cell) text += symbol(cell);
   return text;
 }
 
@@ -119,7 +119,7 @@ std::string puzzleline() {
 std::string puzzledrawing() {
   std::string text = drawing();
   const std::array<std::size_t, 81> places = dots(text);
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     if (const std::string s = symbol(cell); s != ".")
       text.replace(places[static_cast<std::size_t>(cell)], s.size(), s);
   return text;

@@ -43,7 +43,7 @@ void climb() {
     const Technique* made = nextstep();
     if (made == nullptr) return giveup();
     // The last empty cell of a board is always the last digit of a house: the end is looked for only there.
-    if (made == &techniques::lastdigit && filledcount == cells) return messaggiolivello();
+    if (made == &techniques::lastdigit && filledcount == cellcount) return messaggiolivello();
   }
 }
 

@@ -30,7 +30,7 @@ std::string detailtext() {
 /// be changed and saved.
 bool recordisboard() {
   const std::string& stringa = frmmain::txtstringa.text;
-  for (std::size_t cell = 0; cell < cells; ++cell) {
+  for (std::size_t cell = 0; cell < cellcount; ++cell) {
     const std::string& digit = givens(static_cast<int>(cell));
     if (cell >= stringa.size() || stringa[cell] != (digit.empty() ? '.' : digit.front())) return false;
   }

@@ -71,7 +71,7 @@ void ritrova() {
   const char* const end = mask + masks.size();
   suppresschange = true;
   filledcount = 0;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const char digit = values.empty() ? '0' : values.at(static_cast<std::size_t>(cell));
     cellvalue(cell) = digit - '0';
     if (cellvalue(cell) != 0) {

@@ -22,7 +22,7 @@ void clearboard() {
   loseboard();
   cleargrade();
   suppresschange = true;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     writetext1(cell, "");
     writetext2(cell, "");
     frmmain::Text1(cell).fore = red;

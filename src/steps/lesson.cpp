@@ -30,11 +30,11 @@ Lesson& Lesson::words(std::string_view text) {
   return *this;
 }
 
-bool Lesson::stopped() const {
+Answer Lesson::showandwait() const {
   frmactivity::Text3.text = text_;
   frmactivity::visible = true;
   const Explaining now;
-  return gradino::stopped();
+  return waitatlight();
 }
 
 void closelesson() {

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "light.h"
+
 namespace gradino {
 
 /// The line under a heading: 46 signs; wings and fish have one of 51.
@@ -17,9 +19,9 @@ class Lesson {
   Lesson& line(std::string_view text);   ///< starts a new line with text
   Lesson& words(std::string_view text);  ///< goes on in the last line
 
-  /// Gives the text to the window, shows it, and waits at the light. True: the user said stop, and window and
-  /// colours stay as they are.
-  bool stopped() const;
+  /// Gives the text to the window, shows it, and waits at the light (waitatlight). After a stop the
+  /// explanation ends where it is: window and colours stay.
+  Answer showandwait() const;
 
  private:
   std::string text_;

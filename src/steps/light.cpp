@@ -36,14 +36,14 @@ void letevents() {
   if (board != boardnumber) throw BoardLost{};
 }
 
-bool stopped() {
+Answer waitatlight() {
   const int board = boardnumber;
   const bool found = foundflag;
   lightresult = 0;
   aspetta();
   if (board != boardnumber) throw BoardLost{};
   foundflag = found;
-  return lightresult == 2;
+  return lightresult == 2 ? Answer::stop : Answer::go;
 }
 
 bool waiting() {

@@ -31,9 +31,12 @@ struct BoardLost {};
 /// Lets the waiting events run in the middle of a long job. Throws BoardLost when they cleared the board.
 void letevents();
 
-/// Sets lightresult to 0, waits, and tells whether the answer was stop. foundflag is then as it was before,
-/// whatever the commands that came in have found: the ladder asks it what the step that waited has found.
-bool stopped();
+enum class Answer { go, stop };
+
+/// One wait of a step: sets lightresult to 0, waits (aspetta), gives the answer. Events run meanwhile, so any
+/// command may have come in. foundflag is then as it was before, whatever they have found: the ladder asks it
+/// what the step that waited has found. Throws BoardLost when the board was cleared.
+Answer waitatlight();
 
 /// True while a wait is open: the commands and clicks that could disturb a step then refuse.
 bool waiting();

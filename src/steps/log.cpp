@@ -70,7 +70,7 @@ const auto masktexts = [] {
   return texts;
 }();
 
-using Numbers = std::span<const std::int32_t, cells>;
+using Numbers = std::span<const std::int32_t, cellcount>;
 
 // Numbers that no board should hold are looked for once, after the loop: a table that has one is written out
 // by a slower way, as it stands.
@@ -81,9 +81,9 @@ void writevalues(std::string& text, Numbers values) {
   using Halves [[gnu::vector_size(32)]] = std::uint16_t;
   using Figures [[gnu::vector_size(16)]] = char;
   constexpr std::size_t step = 16;
-  std::array<char, cells> figures;
+  std::array<char, cellcount> figures;
   Sixteen bits{};
-  for (std::size_t cell = 0; cell + step <= cells; cell += step) {
+  for (std::size_t cell = 0; cell + step <= cellcount; cell += step) {
     Sixteen some;
     std::memcpy(&some, &values[cell], sizeof some);
     bits |= some | (some + 6);  // from 10 on, that is 16 or more
@@ -99,7 +99,7 @@ void writevalues(std::string& text, Numbers values) {
 }
 
 void writemasks(std::string& text, Numbers masks) {
-  std::array<char, (cells + 1) * sizeof(MaskText)> buffer;
+  std::array<char, (cellcount + 1) * sizeof(MaskText)> buffer;
   char* end = buffer.data();
   std::int32_t all = 0;
   for (const std::int32_t mask : masks) {
@@ -115,8 +115,8 @@ void writemasks(std::string& text, Numbers masks) {
 }  // namespace
 
 void logsnapshot() {
-  writevalues(logvalues(logcount), Numbers(cellvalue.begin(), cells));
-  writemasks(logcands(logcount), Numbers(candmask.begin(), cells));
+  writevalues(logvalues(logcount), Numbers(cellvalue.begin(), cellcount));
+  writemasks(logcands(logcount), Numbers(candmask.begin(), cellcount));
   logflags(logcount) = nishioflag;
   snapshottext(logcount) = emptied;
 }

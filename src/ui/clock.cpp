@@ -53,7 +53,7 @@ void Timer2_Timer() {
     const int r = e % hour;
     frmmain::tempotot.text = fmt::format("{}h {}m {}s", e / hour, r / minute, r % minute);
   }
-  if (filledcount == cells) timer2on = false;
+  if (filledcount == cellcount) timer2on = false;
 }
 
 void freshclock() {

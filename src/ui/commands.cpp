@@ -41,7 +41,7 @@ constexpr Words boxexists = {"Errore: la casella candidate({index}) esiste già.
 
 /// True, with a message, when there is nothing left to solve or count.
 bool boardfull() {
-  if (filledcount != cells) return false;
+  if (filledcount != cellcount) return false;
   host.message(std::string(inlanguage(alreadycomplete)));
   return true;
 }
@@ -49,7 +49,7 @@ bool boardfull() {
 /// Copies the solution into the boxes.
 bool solve() {
   if (boardfull()) return false;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     if (Text1(cell).text.empty()) Text1(cell).fore = textcolor;
     writetext1(cell, solutiontext(cell));
   }
@@ -81,7 +81,7 @@ bool run() {
 }
 
 bool savekey() {
-  if (filledcount == cells) showgivens();
+  if (filledcount == cellcount) showgivens();
   mnusave_Click();
   return true;
 }
@@ -231,7 +231,7 @@ bool countsolutions() {
 
 void showgivens() {
   suppresschange = true;
-  for (int cell = 0; cell < cells; ++cell) writetext1(cell, givens(cell));
+  for (int cell = 0; cell < cellcount; ++cell) writetext1(cell, givens(cell));
   suppresschange = false;
   refreshcandidates();
 }

@@ -56,7 +56,7 @@ void writetext2(int cell, std::string_view text) {
 }
 
 void updatetext2() {
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     frmmain::Text2(cell).text.clear();  // a repaint is no edit: marks under edit elsewhere are not lost by it
     unsigned open = 0;
     for (const char sign : candstr(cell))
@@ -73,7 +73,7 @@ void showdeletions() {
 }
 
 void clearcolours() {
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     frmmain::Text2(cell).back = white;
     frmmain::Text1(cell).back = white;
     for (int digit = 1; digit <= 9; ++digit) frmmain::candidate(cell * 10 + digit).back = white;
@@ -82,7 +82,7 @@ void clearcolours() {
 
 void showcounts() {
   frmmain::txtesposti.text = std::to_string(filledcount);
-  frmmain::txtvuoti.text = std::to_string(cells - filledcount);
+  frmmain::txtvuoti.text = std::to_string(cellcount - filledcount);
 }
 
 void rebuildwhole() {
@@ -96,7 +96,7 @@ void rebuildwhole() {
 void restoregivens() {
   filledcount = 0;
   suppresschange = true;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     if (givens(cell).empty()) {
       cellvalue(cell) = 0;
       writetext1(cell, "");
@@ -112,7 +112,7 @@ void restoregivens() {
 
 void loadgivens() {
   filledcount = 0;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     cellvalue(cell) = givens(cell).empty() ? 0 : leadingnumber(givens(cell));
     if (!givens(cell).empty()) filledcount += 1;
   }

@@ -14,7 +14,7 @@ bool pencilmarks() {
 
 void mnupencil_Click() {
   if (!mnupencil.ticked) {
-    for (int cell = 0; cell < cells; ++cell)
+    for (int cell = 0; cell < cellcount; ++cell)
       if (Text1(cell).text.empty()) Text1(cell).visible = false;
   } else {
     for (Box& box : Text1) box.visible = true;

@@ -353,7 +353,7 @@ TEST_F(Program, PlacingQuicklyLeavesWhatTheRebuildsWouldLeave) {
       const Board slowly = theboard();
       cellvalue(cell) = 0;
       filledcount = before.filledcount;
-      for (int c = 0; c < cells; ++c) candmask(c) = before.candmask[static_cast<std::size_t>(c)];
+      for (int c = 0; c < cellcount; ++c) candmask(c) = before.candmask[static_cast<std::size_t>(c)];
       rebuildusedmask();
       rebuildcandstr();
       rebuildpositions();

@@ -59,7 +59,7 @@ class BugInBothLanguages : public Bug, public testing::WithParamInterface<int> {
                         {at(9, 6), "35"}};
     leave(open);
     for (const auto& [c, digits] : open) ASSERT_EQ(candstr(c), digits);
-    ASSERT_EQ(static_cast<int>(open.size()) + filledcount, cells);
+    ASSERT_EQ(static_cast<int>(open.size()) + filledcount, cellcount);
   }
   static std::string in(const std::string& it, const std::string& en) {
     return GetParam() == italian ? it : en;

@@ -32,7 +32,7 @@ void ChainBoards::draw(const Drawn& drawn) {
   ASSERT_EQ(texts.size(), 81u);
   std::string digits;
   Marks marks;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const std::string& text = texts[static_cast<std::size_t>(cell)];
     const bool filled = text.size() == 1 && text != "*";
     digits += filled ? text : ".";

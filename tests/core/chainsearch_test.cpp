@@ -96,7 +96,7 @@ class AnyBoard : public ChainBoards {
     put(digits);
     const int solution = below(8);
     Marks gone;
-    for (int cell = 0; cell < cells; ++cell) {
+    for (int cell = 0; cell < cellcount; ++cell) {
       const char digit = fullboard[static_cast<std::size_t>(cell)];
       const char claimed = solution == 1 ? static_cast<char>('1' + below(9)) : digit;
       solutiontext(cell) = solution == 0 ? "" : std::string(1, claimed);
@@ -125,7 +125,7 @@ class AnyBoard : public ChainBoards {
       marks.emplace_back(at(7 + 2 * below(2), 2 + below(2)), std::string{'5', digits[0]});
     take("5", row(8, {at(8, 1), at(8, 9)}));
     leave(marks);
-    for (int cell = 0; cell < cells; ++cell) solutiontext(cell).clear();
+    for (int cell = 0; cell < cellcount; ++cell) solutiontext(cell).clear();
     nishioflag = below(2) == 1;
   }
 

@@ -171,7 +171,7 @@ class Colouring : public Bilingual {
   void draw(int digit, const Places& places) {
     digit_ = digit;
     put(emptyboard);
-    for (int cell = 0; cell < cells; ++cell) {
+    for (int cell = 0; cell < cellcount; ++cell) {
       const auto row = static_cast<std::size_t>(cell / 9), col = static_cast<std::size_t>(cell % 9);
       if (places[row][col + col / 3] == '.') candmask(cell) -= bitvalue(digit);
     }
@@ -187,7 +187,7 @@ class Colouring : public Bilingual {
   }
   /// What a true cell rules out, wherever there is no colour yet.
   Paint ruledout(int cell, Paint paint) const {
-    for (int seen = 0; seen < cells; ++seen)
+    for (int seen = 0; seen < cellcount; ++seen)
       if (cellrow(seen) == cellrow(cell) || cellcol(seen) == cellcol(cell) ||
           cellblock(seen) == cellblock(cell))
         paint.try_emplace(seen * 10 + digit_, "red");
@@ -614,7 +614,7 @@ TEST_P(ColoursSearch, TwoCellsAloneSeeingNothingTogetherGiveNothing) {
 
 TEST_P(ColoursSearch, TheLowestDigitThatGivesSomethingIsTaken) {
   draw(5, chain);
-  for (int cell = 0; cell < cells; ++cell)  // 3 stands wherever 5 does
+  for (int cell = 0; cell < cellcount; ++cell)  // 3 stands wherever 5 does
     if (!hascandidate(cell, 5)) candmask(cell) -= bitvalue(3);
   rebuildcandstr();
   rebuildpositions();

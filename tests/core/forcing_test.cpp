@@ -596,7 +596,7 @@ TEST_P(EachForcing, ASearchInBetweenDoesNotTouchTheChainOnShow) {
   const auto another = [this] {
     put(emptyboard);
     leave({{at(1, 1), "12"}, {at(1, 2), "13"}, {at(2, 1), "23"}, {at(9, 1), "19"}});
-    for (int cell = 0; cell < cells; ++cell) solutiontext(cell) = "9";
+    for (int cell = 0; cell < cellcount; ++cell) solutiontext(cell) = "9";
     frmgenerazione::gradeforcing();
     EXPECT_NE(linkcell(0), one().cell);
     draw(one().drawn);
@@ -826,14 +826,14 @@ class ForcingSearch : public ChainBoards {
   void drawthinned(unsigned seed, unsigned percent) {
     std::mt19937 dice(seed);
     put(emptyboard);
-    for (int cell = 0; cell < cells; ++cell)
+    for (int cell = 0; cell < cellcount; ++cell)
       solutiontext(cell) = fullboard.substr(static_cast<std::size_t>(cell), 1);
     thin(dice, percent);
-    for (int cell = 0; cell < cells; ++cell) solutiontext(cell).clear();
+    for (int cell = 0; cell < cellcount; ++cell) solutiontext(cell).clear();
   }
   /// Takes a share of the wrong candidates away.
   void thin(std::mt19937& dice, unsigned percent) {
-    for (int cell = 0; cell < cells; ++cell)
+    for (int cell = 0; cell < cellcount; ++cell)
       for (int digit = 1; digit <= 9; ++digit)
         if (solutiontext(cell) != std::to_string(digit) && dice() % 100 < percent)
           deletecandidate(cell, digit);
@@ -867,7 +867,7 @@ TEST_F(ForcingSearch, WithoutAStoredSolutionEveryCandidateIsSupposed) {
     put(puzzle);
     conta();
     thin(dice, 30);
-    for (int cell = 0; cell < cells; ++cell) solutiontext(cell).clear();
+    for (int cell = 0; cell < cellcount; ++cell) solutiontext(cell).clear();
     expectasliteral(literal, puzzle);
   }
 }
@@ -880,7 +880,7 @@ TEST_F(ForcingSearch, IsAsTheLiteralOneWhereTheQueueFillsUp) {
   LiteralForcing literal;
   for (int board = 0; board <= 60; ++board) {
     put(emptyboard);
-    for (int cell = 0; cell < cells; ++cell) solutiontext(cell).clear();
+    for (int cell = 0; cell < cellcount; ++cell) solutiontext(cell).clear();
     for (int j = 0; j < 30; ++j) {
       const int cell = below(81), a = 1 + below(9), b = 1 + below(9);
       if (candstr(cell).size() == 9 && a != b) leave(cell, std::to_string(a) + std::to_string(b));
@@ -914,7 +914,7 @@ TEST_F(ForcingSearch, CellsWithTwoCandidatesComeFirstAndAShortChainEndsTheSearch
     if (!found() || chainsteps >= takenatonce) continue;
     const int cell = linkcell(0), steps = chainsteps;
     LiteralForcing literal;
-    for (int other = 0; other < cells; ++other)
+    for (int other = 0; other < cellcount; ++other)
       for (char digit : candstr(other)) {
         const bool before = std::tuple(candstr(other).size(), other) < std::tuple(candstr(cell).size(), cell);
         if (other == cell || solutiontext(other) == std::string(1, digit)) continue;
@@ -1146,7 +1146,7 @@ TEST_F(ForcingSearch, ADigitTypedManyTimesIsRuledOutManyTimes) {
   modificacandidati = true;
   writetext2(at(1, 9), "11111111111113");
   modificacandidati = false;
-  for (int cell = 0; cell < cells; ++cell) solutiontext(cell) = "9";
+  for (int cell = 0; cell < cellcount; ++cell) solutiontext(cell) = "9";
   const Board before = theboard();
   found();
   EXPECT_EQ(theboard(), before);

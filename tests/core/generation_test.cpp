@@ -52,7 +52,7 @@ class Generation : public Program {
   static std::string puzzle() { return boxtexts(); }
   static std::string solution() {
     std::string all;
-    for (int cell = 0; cell < cells; ++cell) all += solutiontext(cell);
+    for (int cell = 0; cell < cellcount; ++cell) all += solutiontext(cell);
     return all;
   }
 };
@@ -60,7 +60,7 @@ class Generation : public Program {
 /// The cells that hold a digit.
 std::set<int> filled(const std::string& board) {
   std::set<int> found;
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     if (board[static_cast<std::size_t>(cell)] != '.') found.insert(cell);
   return found;
 }
@@ -105,12 +105,12 @@ std::vector<std::string> lines(const std::string& text) {
 /// A finished puzzle on the board, as the generator hands it over.
 void handover(std::string_view puzzle) {
   suppresschange = true;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const char sign = puzzle[static_cast<std::size_t>(cell)];
     givens(cell) = sign == '.' ? "" : std::string(1, sign);
     writetext1(cell, givens(cell));
   }
-  filledcount = cells;
+  filledcount = cellcount;
 }
 
 TEST_F(Generation, TheCentreIsEnteredTwiceAndPlacedOnce) {
@@ -207,7 +207,7 @@ TEST_F(Generation, TheCommandShowsThePuzzleReadyToBeSolved) {
   EXPECT_TRUE(pencilmarks());
   EXPECT_FALSE(suppresschange);
   EXPECT_FALSE(waiting());
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const bool given = !givens(cell).empty();
     EXPECT_EQ(frmmain::Text1(cell).fore, given ? red : textcolor) << cell;
     EXPECT_EQ(frmmain::Text1(cell).locked, given) << cell;
@@ -324,7 +324,7 @@ TEST_F(Generation, WhatTheUserDoesMeanwhileSpoilsNoPuzzle) {
 /// Which pencil marks are to be seen, cell by cell.
 std::string marks() {
   std::string all;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     for (int digit = 1; digit <= 9; ++digit)
       if (frmmain::candidate(cell * 10 + digit).visible) all += static_cast<char>('0' + digit);
     all += ' ';
@@ -334,7 +334,7 @@ std::string marks() {
 
 std::string candidates() {
   std::string all;
-  for (int cell = 0; cell < cells; ++cell) all += candstr(cell) + ' ';
+  for (int cell = 0; cell < cellcount; ++cell) all += candstr(cell) + ' ';
   return all;
 }
 

@@ -75,7 +75,7 @@ TEST_F(Program, WhatCommandsFindDuringAWaitIsNotForTheStepThatWaits) {
     for (const bool command : {false, true}) {
       foundflag = before;
       player.script = {[&] { foundflag = command; }, go};
-      player.event([] { EXPECT_FALSE(stopped()); });
+      player.event([] { EXPECT_EQ(waitatlight(), Answer::go); });
       EXPECT_EQ(foundflag, before);
     }
 }

@@ -711,17 +711,17 @@ class NishioSearch : public ChainBoards {
     cleargrade();
     logcount = 0;
     const std::string log = logged(frmgenerazione::gradenishio);
-    for (int cell = 0; cell < cells; ++cell) candmask(cell) = before[static_cast<std::size_t>(cell)];
+    for (int cell = 0; cell < cellcount; ++cell) candmask(cell) = before[static_cast<std::size_t>(cell)];
     rebuildcandstr();
     rebuildpositions();
     return log;
   }
   static void solution(std::string_view digits) {
-    for (int cell = 0; cell < cells; ++cell)
+    for (int cell = 0; cell < cellcount; ++cell)
       solutiontext(cell) = digits.empty() ? "" : digits.substr(static_cast<std::size_t>(cell), 1);
   }
   static void thin(std::mt19937& dice, unsigned percent) {
-    for (int cell = 0; cell < cells; ++cell)
+    for (int cell = 0; cell < cellcount; ++cell)
       for (int digit = 1; digit <= 9; ++digit)
         if (solutiontext(cell) != std::to_string(digit) && dice() % 100 < percent)
           deletecandidate(cell, digit);
@@ -734,7 +734,7 @@ class NishioSearch : public ChainBoards {
   void drawtwofold(int shift, int start, int broken) {
     std::string right;
     Marks marks;
-    for (int cell = 0; cell < cells; ++cell) {
+    for (int cell = 0; cell < cellcount; ++cell) {
       const int first = fullboard[static_cast<std::size_t>(cell)] - '0';
       const int second = (first - 1 + shift - (cell == broken ? 1 : 0)) % 9 + 1;
       marks.emplace_back(cell, std::to_string(first) + std::to_string(second));
@@ -780,7 +780,7 @@ TEST_F(NishioSearch, IsAsTheLiteralOneOnThinnedBoards) {
 
 TEST_F(NishioSearch, IsAsTheLiteralOneInLongTrials) {
   int longer = 0;
-  for (int broken = 1; broken < cells; broken += 2) {
+  for (int broken = 1; broken < cellcount; broken += 2) {
     drawtwofold(2, at(1, 1), broken);
     LiteralNishio literal;
     expectasliteral(literal, std::to_string(broken));
@@ -817,7 +817,7 @@ TEST_F(NishioSearch, CellsWithTwoCandidatesComeFirstAndAShortTrialEndsTheSearch)
     found();
     if (chainsteps >= takenatonce) continue;
     const int cell = stepcell, steps = chainsteps;
-    for (int other = 0; other < cells; ++other)
+    for (int other = 0; other < cellcount; ++other)
       for (char digit : candstr(other)) {
         const bool before = std::tuple(candstr(other).size(), other) < std::tuple(candstr(cell).size(), cell);
         if (other == cell || solutiontext(other) == std::string(1, digit)) continue;
@@ -999,7 +999,7 @@ TEST_F(NishioSearch, OddTextsInCellsAreNoTrouble) {
     rebuildpositions();
     const Board before = theboard();
     hintof(player, frmmain::stepnishio, stop);
-    for (int cell = 0; cell < cells; ++cell)  // as any rebuild narrows them
+    for (int cell = 0; cell < cellcount; ++cell)  // as any rebuild narrows them
       EXPECT_EQ(candmask(cell), before.candmask[static_cast<std::size_t>(cell)] & ~usedmask(cell)) << text;
     EXPECT_EQ(values(), before.values) << text;
     EXPECT_EQ(boxtexts(), before.text1) << text;

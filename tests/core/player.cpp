@@ -123,7 +123,7 @@ Board theboard() {
   board.text1 = boxtexts();
   board.candmask = masks();
   for (int slot = 0; slot <= 107; ++slot) board.usedmask.push_back(usedmask(slot));
-  for (int cell = 0; cell < cells; ++cell) board.candstr.push_back(candstr(cell));
+  for (int cell = 0; cell < cellcount; ++cell) board.candstr.push_back(candstr(cell));
   board.rowpos = texts(rowpos);
   board.colpos = texts(colpos);
   board.blockpos = texts(blockpos);
@@ -133,7 +133,7 @@ Board theboard() {
 
 std::string values() {
   std::string all;
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     all += cellvalue(cell) == 0 ? "." : std::to_string(cellvalue(cell));
   return all;
 }
@@ -144,12 +144,12 @@ std::string boxtexts() {
 }
 std::string giventexts() {
   std::string all;
-  for (int cell = 0; cell < cells; ++cell) all += dotted(givens(cell));
+  for (int cell = 0; cell < cellcount; ++cell) all += dotted(givens(cell));
   return all;
 }
 std::vector<int> masks() {
   std::vector<int> all;
-  for (int cell = 0; cell < cells; ++cell) all.push_back(candmask(cell));
+  for (int cell = 0; cell < cellcount; ++cell) all.push_back(candmask(cell));
   return all;
 }
 std::string visiblemarks(int cell) {
@@ -200,7 +200,7 @@ void Program::open(std::string_view puzzle) {
 
 void Program::put(std::string_view puzzle) {
   suppresschange = true;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const char c = puzzle.at(static_cast<std::size_t>(cell));
     givens(cell) = c == '.' ? "" : std::string(1, c);
     writetext1(cell, givens(cell));

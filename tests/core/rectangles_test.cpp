@@ -202,7 +202,7 @@ class EachRectangle : public Rectangles, public testing::WithParamInterface<std:
   void setup() {
     const std::string& pair = one().open[0];
     for (const auto& [a, b] : one().alsopairs)
-      for (int cell = 0; cell < cells; ++cell)
+      for (int cell = 0; cell < cellcount; ++cell)
         if (cell != a && cell != b && std::find(one().corner, one().corner + 4, cell) == one().corner + 4 &&
             ((cellrow(a) == cellrow(b) && cellrow(cell) == cellrow(a)) ||
              (cellcol(a) == cellcol(b) && cellcol(cell) == cellcol(a)) ||
@@ -528,7 +528,7 @@ TEST_F(Rectangles, Type2WithNothingToDeleteIsPassedOver) {
   EXPECT_FALSE(foundflag);
   put(emptyboard);
   corners("12", "123", "12", "123");
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     if (sharehouse(cell, at(1, 4)) && sharehouse(cell, at(2, 4)) && cell != at(1, 4) && cell != at(2, 4))
       take("3", {cell});
   EXPECT_EQ(step(), "");

@@ -74,7 +74,7 @@ TEST(Soundness, EveryCellIsSeenToBePlaced) {
   ASSERT_EQ(cli::solutionsof(puzzle), 1);
   Witness graded, walked;
   cli::checkgrade(puzzle, graded.hear());
-  EXPECT_EQ(filledcount, cells);
+  EXPECT_EQ(filledcount, cellcount);
   cli::checkwalk(puzzle, false, walked.hear());
   const long open = static_cast<long>(std::ranges::count(puzzle, '.'));
   EXPECT_EQ(graded.placed, open);

@@ -70,19 +70,19 @@ void take(const std::string& digits, const std::vector<int>& from) {
 }
 
 void only(const Marks& marks) {
-  for (int cell = 0; cell < cells; ++cell) candmask(cell) = 0;
+  for (int cell = 0; cell < cellcount; ++cell) candmask(cell) = 0;
   for (const auto& [cell, digits] : marks) candmask(cell) = maskof(digits);
   redraw();
 }
 
 void places(int digit, const std::vector<int>& where) {
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     if (!among(where, cell)) deletecandidate(cell, digit);
   redraw();
 }
 
 void putmasks(const std::vector<int>& masks) {
-  for (int cell = 0; cell < cells; ++cell) candmask(cell) = masks.at(static_cast<std::size_t>(cell));
+  for (int cell = 0; cell < cellcount; ++cell) candmask(cell) = masks.at(static_cast<std::size_t>(cell));
   redraw();
 }
 
@@ -124,7 +124,7 @@ void expectnopaint() {
 }
 
 void expectmarks(const Board& board) {
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     EXPECT_EQ(visiblemarks(cell), board.candstr[static_cast<std::size_t>(cell)]) << cell;
 }
 
@@ -335,7 +335,7 @@ TEST_P(EachExample, ASearchInVainDuringTheExplanationLeavesTheExplanationAlone) 
     EXPECT_EQ(steptag, one().tag);
     put(emptyboard);
     leave(one().held);
-    for (int cell = 0; cell < cells; ++cell)
+    for (int cell = 0; cell < cellcount; ++cell)
       candmask(cell) = waiting().candmask[static_cast<std::size_t>(cell)];
   });
   player.event(one().step);
@@ -358,7 +358,7 @@ TEST_P(EachExample, ATwinDuringTheWaitLeavesTheExplanationAlone) {
     EXPECT_EQ(levelcount(one().level), 1);
     put(emptyboard);
     leave(one().held);
-    for (int cell = 0; cell < cells; ++cell)
+    for (int cell = 0; cell < cellcount; ++cell)
       candmask(cell) = waiting().candmask[static_cast<std::size_t>(cell)];
   });
   player.event(one().step);

@@ -35,7 +35,7 @@ constexpr int idlelimit = 3;  ///< so many hints in a row that change nothing en
 /// Where a cell shows other pencil marks than it should, "r1c3 shows 15, not 5".
 std::string wrongmarks(const std::function<std::string(int cell)>& candidates) {
   std::string wrong;
-  for (int cell = 0; cell < cells; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     if (const std::string has = candidates(cell), shown = visiblemarks(cell); shown != has)
       wrong += "r" + std::to_string(cellrow(cell)) + "c" + std::to_string(cellcol(cell)) + " shows " + shown +
                ", not " + has + "; ";

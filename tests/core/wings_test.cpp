@@ -62,7 +62,8 @@ class Wings : public Bilingual {
     EXPECT_EQ(look(), done);
     EXPECT_EQ(masks(), after);
     EXPECT_TRUE(foundflag);
-    for (int cell = 0; cell < cells; ++cell) EXPECT_EQ(maskof(visiblemarks(cell)), after.at(cell)) << cell;
+    for (int cell = 0; cell < cellcount; ++cell)
+      EXPECT_EQ(maskof(visiblemarks(cell)), after.at(cell)) << cell;
   }
 
   /// Lets a twin act and compares the log.
@@ -598,7 +599,7 @@ TEST_P(Wings, APatternWithNothingToDeleteIsPassedOver) {
 TEST_P(Wings, XYDoesNotLookForAZThatIsPlacedInTheHouse) {
   const auto found = [](const Marks& marks, std::int32_t slot, void (*twin)()) {
     usedmask(slot) = bitvalue(3);
-    for (int cell = 0; cell < cells; ++cell) candmask(cell) = fullmask;
+    for (int cell = 0; cell < cellcount; ++cell) candmask(cell) = fullmask;
     for (const auto& [cell, digits] : marks) {
       candmask(cell) = maskof(digits);
       candstr(cell) = digits;

@@ -36,7 +36,7 @@ void putup(const std::string& puzzle) {
 }
 
 bool unique(const std::string& puzzle) {
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const char c = puzzle[static_cast<std::size_t>(cell)];
     givens(cell) = c == '.' ? "" : std::string(1, c);
   }

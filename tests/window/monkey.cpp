@@ -109,7 +109,7 @@ class Session {
     for (QAction* action : user_.window().findChildren<QAction*>())
       if (action->objectName().startsWith("mnu") && action->menu() == nullptr)
         entries_ << action->objectName();
-    for (int cell = 0; cell < cells; ++cell) shown_ << user_.find(QString("Text1_%1").arg(cell));
+    for (int cell = 0; cell < cellcount; ++cell) shown_ << user_.find(QString("Text1_%1").arg(cell));
     host.random = [this] { return std::uniform_real_distribution<>(0, 1)(dice_); };
     host.runevents = [this, turn = host.runevents] {
       ++progress;
@@ -320,7 +320,7 @@ class Session {
   }
 
   void checkboard() {
-    for (int cell = 0; cell < cells; ++cell) {
+    for (int cell = 0; cell < cellcount; ++cell) {
       demand(dynamic_cast<QLineEdit*>(shown_[cell])->text().toStdString() == frmmain::Text1(cell).text,
              "a box shows what it doesn't hold");
       demand((candmask(cell) & ~fullmask) == 0, "a mask beyond nine digits");
@@ -329,10 +329,10 @@ class Session {
     if (!frmmain::txtesposti.text.empty())
       demand(
           leadingnumber(frmmain::txtesposti.text) + QString::fromStdString(frmmain::txtvuoti.text).toInt() ==
-              cells,
+              cellcount,
           "the two counts don't make a board");
     user_.press("Toolbar1_refresh");
-    for (int cell = 0; cell < cells; ++cell)
+    for (int cell = 0; cell < cellcount; ++cell)
       demand(candmask(cell) == opento(cell), "a refresh that isn't one");
     for (int digit = 1; digit <= 9; ++digit)
       for (int row = 0; row < 9; ++row) {
@@ -347,7 +347,7 @@ class Session {
   static int opento(int cell) {
     if (cellvalue(cell) != 0) return 0;
     int mask = fullmask;
-    for (int other = 0; other < cells; ++other) {
+    for (int other = 0; other < cellcount; ++other) {
       const bool sees = other / 9 == cell / 9 || other % 9 == cell % 9 ||
                         (other / 27 == cell / 27 && other % 9 / 3 == cell % 9 / 3);
       if (sees) mask &= ~(1 << cellvalue(other));
