@@ -11,7 +11,6 @@
 #include <benchmark/benchmark.h>
 
 #include "boxes.h"
-#include "colouring.h"
 #include "counter.h"
 #include "files.h"
 #include "fish.h"
@@ -23,10 +22,12 @@
 #include "log.h"
 #include "puzzlefile.h"
 #include "puzzles.h"
+#include "simplecolours.h"
 #include "startup.h"
 #include "subsets.h"
 #include "tables.h"
 #include "wings.h"
+#include "xcolours.h"
 
 namespace {
 

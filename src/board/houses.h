@@ -1,59 +1,121 @@
-// Houses as nine cells.
+// The geometry of the board, known when the program is compiled.
+//
+//   cell      0 to 80, row by row                 r1c1 is cell 0, r9c9 is cell 80
+//   house     rows, columns, blocks 0 to 8        blocks left to right, top to bottom:   0 1 2
+//   position  0 to 8 inside a house               in a block row by row                  3 4 5
+//                                                                                        6 7 8
+//
+// Everything here counts from 0. From 1 on is only what a user reads: cellname, the tables cellrow, cellcol
+// and cellblock (tables.h), and the numbers in sentences.
 #pragma once
 
 #include <array>
-#include <string>
+#include <cstddef>
+#include <string_view>
 
-#include "tables.h"
+#include "byindex.h"
+#include "checked.h"
 
 namespace gradino {
 
-/// A house seen as its nine cells, in position order.
-using House = std::array<int, 9>;
+inline constexpr int cellcount = 81;
+
+template <class T>
+using ByCell = ByIndex<T, cellcount>;
+template <class T>
+using ByDigit = ByIndex<T, 10>;  ///< digits 1 to 9; slot 0 is for an empty cell
+template <class T>
+using ByHouse = ByIndex<T, 9>;  ///< houses of one kind
+
+constexpr int rowof(int cell) {
+  return cell / 9;
+}
+constexpr int columnof(int cell) {
+  return cell % 9;
+}
+constexpr int cellat(int row, int column) {
+  return row * 9 + column;
+}
+
+/// The block of a row and a column, and the position there.
+constexpr int blockat(int row, int column) {
+  return row / 3 * 3 + column / 3;
+}
+constexpr int placeat(int row, int column) {
+  return row % 3 * 3 + column % 3;
+}
+constexpr int blockof(int cell) {
+  return blockat(rowof(cell), columnof(cell));
+}
+constexpr int blockplace(int cell) {
+  return placeat(rowof(cell), columnof(cell));
+}
 
 enum class HouseKind { row, column, block };
 
-/// Cell at a position (0 to 8) of a house (0 to 8).
-inline int housecell(HouseKind kind, int house, int position) {
-  return kind == HouseKind::row      ? house * 9 + position
-         : kind == HouseKind::column ? position * 9 + house
-                                     : blockcells(house, position);
+/// By kind, in the order of HouseKind.
+template <class T>
+struct ByKind : ByIndex<T, 3> {
+  constexpr T& operator[](HouseKind kind) { return ByIndex<T, 3>::operator[](static_cast<int>(kind)); }
+  constexpr const T& operator[](HouseKind kind) const {
+    return ByIndex<T, 3>::operator[](static_cast<int>(kind));
+  }
+};
+
+inline constexpr std::array housekinds = {HouseKind::row, HouseKind::column, HouseKind::block};
+
+/// The house of a kind that a cell lies in, and the cell's position there.
+constexpr int houseof(HouseKind kind, int cell) {
+  return kind == HouseKind::row ? rowof(cell) : kind == HouseKind::column ? columnof(cell) : blockof(cell);
+}
+constexpr int positionof(HouseKind kind, int cell) {
+  return kind == HouseKind::row ? columnof(cell) : kind == HouseKind::column ? rowof(cell) : blockplace(cell);
 }
 
-inline constexpr auto houses = [] {
-  std::array<std::array<House, 9>, 3> kinds{};
-  for (std::size_t house = 0; house < 9; ++house)
-    for (std::size_t p = 0; p < 9; ++p) {
-      kinds[0][house][p] = static_cast<int>(house * 9 + p);
-      kinds[1][house][p] = static_cast<int>(p * 9 + house);
-      kinds[2][house][p] = static_cast<int>(house / 3 * 27 + house % 3 * 3 + p / 3 * 9 + p % 3);
-    }
-  return kinds;
+/// The cell at a position of a house.
+constexpr int housecell(HouseKind kind, int house, int position) {
+  return kind == HouseKind::row      ? cellat(house, position)
+         : kind == HouseKind::column ? cellat(position, house)
+                                     : cellat(house / 3 * 3 + position / 3, house % 3 * 3 + position % 3);
+}
+
+/// A house as its nine cells, by position.
+using House = ByIndex<int, 9>;
+
+inline constexpr auto allhouses = [] {
+  ByKind<ByHouse<House>> all{};
+  for (const HouseKind kind : housekinds)
+    for (int house = 0; house < 9; ++house)
+      for (int position = 0; position < 9; ++position)
+        all[kind][house][position] = housecell(kind, house, position);
+  return all;
 }();
 
-/// The cells of a house, 0 to 8, of a kind.
-inline const House& housecells(HouseKind kind, int house) {
-  return houses[static_cast<std::size_t>(kind)].at(static_cast<std::size_t>(house));
+constexpr const House& housecells(HouseKind kind, int house) {
+  return allhouses[kind][house];
 }
 
-/// The house of a kind (0 to 8) that a cell lies in.
-inline int houseof(HouseKind kind, int cell) {
-  return (kind == HouseKind::row      ? cellrow(cell)
-          : kind == HouseKind::column ? cellcol(cell)
-                                      : cellblock(cell)) -
-         1;
+/// The house of a kind with the cell in it.
+constexpr const House& housearound(HouseKind kind, int cell) {
+  return housecells(kind, houseof(kind, cell));
 }
 
-/// Where a digit can still go in a house.
-inline Positions housepos(HouseKind kind, int digit, int house) {
-  return kind == HouseKind::row      ? rowpos(digit, house)
-         : kind == HouseKind::column ? colpos(digit, house)
-                                     : blockpos(digit, house);
+constexpr bool samehouse(HouseKind kind, int one, int other) {
+  return houseof(kind, one) == houseof(kind, other);
 }
 
-/// "r4c5"
-inline std::string cellname(int cell) {
-  return {'r', static_cast<char>('0' + cellrow(cell)), 'c', static_cast<char>('0' + cellcol(cell))};
+inline constexpr auto cellnames = [] {
+  ByCell<std::array<char, 4>> names{};
+  for (int cell = 0; cell < cellcount; ++cell)
+    names[cell] = {'r', static_cast<char>('1' + rowof(cell)), 'c', static_cast<char>('1' + columnof(cell))};
+  return names;
+}();
+
+/// "r4c5". Fault: there is no such cell.
+constexpr std::string_view cellname(int cell) {
+  if (cell < 0 || cell >= cellcount)
+    throw Fault{Fault::Kind::bounds, "cellname", cell, 0, cellcount - 1, __func__};
+  return {cellnames[cell].data(), cellnames[cell].size()};
 }
 
 }  // namespace gradino

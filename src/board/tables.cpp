@@ -10,12 +10,11 @@ namespace gradino {
 void buildtables() {
   for (int block = 0; block < 9; ++block)
     for (int position = 0; position < 9; ++position)
-      blockcells(block, position) =
-          static_cast<std::uint8_t>(block % 3 * 3 + block / 3 * 27 + position / 3 * 9 + position % 3);
+      blockcells(block, position) = static_cast<std::uint8_t>(housecell(HouseKind::block, block, position));
   for (int cell = 0; cell < cellcount; ++cell) {
-    cellrow(cell) = cell / 9 + 1;
-    cellcol(cell) = cell % 9 + 1;
-    cellblock(cell) = cell / 27 * 3 + cell % 9 / 3 + 1;
+    cellrow(cell) = rowof(cell) + 1;
+    cellcol(cell) = columnof(cell) + 1;
+    cellblock(cell) = blockof(cell) + 1;
   }
   bitvalue(0) = 0;
   for (int digit = 1; digit <= 9; ++digit) bitvalue(digit) = 1 << digit;
@@ -47,14 +46,14 @@ std::int32_t bitof(int cell, const char* place) {
 
 void rebuildusedmask() {
   // The rows go first, one slot at a time: a value that is no digit is met here, after the rows above it.
-  std::int32_t columns[9] = {}, blocks[9] = {};
+  ByHouse<std::int32_t> columns{}, blocks{};
   for (int row = 0; row < 9; ++row) {
     std::int32_t used = 0;
     for (int col = 0; col < 9; ++col) {
-      const std::int32_t bit = bitof(row * 9 + col, __func__);
+      const std::int32_t bit = bitof(cellat(row, col), __func__);
       used |= bit;
       columns[col] |= bit;
-      blocks[row / 3 * 3 + col / 3] |= bit;
+      blocks[blockat(row, col)] |= bit;
     }
     usedmask(rowslot + row) = used;
   }
@@ -64,7 +63,7 @@ void rebuildusedmask() {
   }
   for (int row = 0; row < 9; ++row)
     for (int col = 0; col < 9; ++col)
-      usedmask(row * 9 + col) = usedmask(rowslot + row) | columns[col] | blocks[row / 3 * 3 + col / 3];
+      usedmask(cellat(row, col)) = usedmask(rowslot + row) | columns[col] | blocks[blockat(row, col)];
 }
 
 namespace {
@@ -77,8 +76,8 @@ struct SetText {
 
 /// All 512 of them, by mask / 2.
 constexpr auto settexts = [] {
-  std::array<SetText, 512> texts{};
-  for (unsigned set = 0; set < 512; ++set)
+  ByIndex<SetText, 512> texts{};
+  for (int set = 0; set < 512; ++set)
     for (int digit = 1; digit <= 9; ++digit)
       if (set >> (digit - 1) & 1) texts[set].digits[texts[set].length++] = static_cast<char>('0' + digit);
   return texts;
@@ -90,7 +89,7 @@ void rebuildcandstr() {
   for (int cell = 0; cell < cellcount; ++cell) {
     std::int32_t& mask = candmask(cell);
     mask &= fullmask - usedmask(cell);
-    const SetText& text = settexts[static_cast<std::size_t>(mask >> 1)];
+    const SetText& text = settexts[mask >> 1];
     std::string& stored = candstr(cell);
     if (stored.size() != text.length || std::memcmp(stored.data(), text.digits, text.length) != 0)
       stored.assign(text.digits, text.length);
@@ -106,12 +105,12 @@ void rebuildpositions() {
   Positions rows[10][9] = {}, columns[10][9] = {}, blocks[10][9] = {};
   for (int row = 0; row < 9; ++row)
     for (int col = 0; col < 9; ++col)
-      for (unsigned rest = static_cast<unsigned>(candmask(row * 9 + col)) & fullmask; rest;
+      for (unsigned rest = static_cast<unsigned>(candmask(cellat(row, col))) & fullmask; rest;
            rest &= rest - 1) {
         const int digit = std::countr_zero(rest);
         rows[digit][row].add(col);
         columns[digit][col].add(row);
-        blocks[digit][row / 3 * 3 + col / 3].add(row % 3 * 3 + col % 3);
+        blocks[digit][blockat(row, col)].add(placeat(row, col));
       }
   for (int digit = 1; digit <= 9; ++digit) {
     std::copy_n(rows[digit], 9, rowpos.row(digit));
@@ -133,10 +132,10 @@ namespace {
 
 /// Takes a candidate out of the mask, the text and the position index of its cell.
 void takeout(int cell, int digit) {
-  const int row = cell / 9, col = cell % 9;
+  const int row = rowof(cell), col = columnof(cell);
   rowpos(digit, row).remove(col);
   colpos(digit, col).remove(row);
-  blockpos(digit, row / 3 * 3 + col / 3).remove(row % 3 * 3 + col % 3);
+  blockpos(digit, blockat(row, col)).remove(placeat(row, col));
 }
 
 }  // namespace
@@ -147,7 +146,7 @@ void placequickly(int cell, int digit) {
 }
 
 void placeuncounted(int cell, int digit) {
-  const int row = cell / 9, col = cell % 9, block = row / 3 * 3 + col / 3;
+  const int row = rowof(cell), col = columnof(cell), block = blockat(row, col);
   const std::int32_t bit = bitvalue(digit);
   cellvalue(cell) = digit;
   for (auto rest = static_cast<unsigned>(candmask(cell)); rest; rest &= rest - 1)
@@ -161,13 +160,13 @@ void placeuncounted(int cell, int digit) {
     if ((mask & bit) == 0) return;
     mask &= ~bit;
     takeout(seen, digit);
-    const SetText& text = settexts[static_cast<std::size_t>(mask >> 1)];
+    const SetText& text = settexts[mask >> 1];
     candstr(seen).assign(text.digits, text.length);
   };
   for (int position = 0; position < 9; ++position) {
-    see(row * 9 + position);
-    see(position * 9 + col);
-    see(blockcells(block, position));
+    see(cellat(row, position));
+    see(cellat(position, col));
+    see(housecell(HouseKind::block, block, position));
   }
 }
 

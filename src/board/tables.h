@@ -1,16 +1,14 @@
 // The board: the tables that every finder, the solvers and the generator read and write directly, and the
-// rebuilds that keep the derived ones true.
+// rebuilds that keep the derived ones true. Cells, houses and positions are numbered in houses.h.
 //
-//   cell      0 to 80, row by row                 r1c1 is cell 0, r9c9 is cell 80
-//   house     rows, columns, blocks 0 to 8        blocks left to right, top to bottom:   0 1 2
-//   position  0 to 8 inside a house               in a block row by row                  3 4 5
-//   digit     1 to 9, 0 for an empty cell                                                6 7 8
+//   digit     1 to 9, 0 for an empty cell
 //   mask      a digit set: bit d for digit d, so the full set is 1022
 //
 // There is one board. Whoever changes candmask ends with rebuildcandstr and rebuildpositions: the finders
 // trust both blindly.
 #pragma once
 
+#include <bit>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -18,11 +16,11 @@
 
 #include "checked.h"
 #include "colours.h"
+#include "houses.h"
 #include "positions.h"
 
 namespace gradino {
 
-inline constexpr int cellcount = 81;
 inline constexpr int fullmask = 1022;
 
 // Constants, filled by buildtables. Row, column and block are 1-based here, as they are read to the user.
@@ -42,6 +40,13 @@ inline Table<std::string, 0, 81> solutiontext{"solutiontext"};  ///< the solutio
 
 /// Where a digit can still go in a house, [digit 0 to 9, house 0 to 9]; digit 0 and house 9 stay empty.
 inline constinit Grid<Positions, 9, 9> rowpos{"rowpos"}, colpos{"colpos"}, blockpos{"blockpos"};
+
+/// The same by kind.
+inline Positions housepos(HouseKind kind, int digit, int house) {
+  return kind == HouseKind::row      ? rowpos(digit, house)
+         : kind == HouseKind::column ? colpos(digit, house)
+                                     : blockpos(digit, house);
+}
 
 inline constexpr int rowslot = 81, columnslot = 90, blockslot = 99;  ///< where the houses stand in usedmask
 
@@ -76,6 +81,12 @@ void placeuncounted(int cell, int digit);
 
 /// After candidates were deleted: candstr and positions. The main window has showdeletions instead.
 void settledeletions();
+
+/// The digit of a mask that holds just one; otherwise 0.
+constexpr int onlydigit(std::int32_t mask) {
+  const auto bits = static_cast<unsigned>(mask);
+  return issingle(bits) && (bits & fullmask) != 0 ? std::countr_zero(bits) : 0;
+}
 
 /// True when the digit was a candidate of the cell, and then it is one no more.
 bool deletecandidate(int cell, int digit);

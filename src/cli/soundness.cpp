@@ -6,7 +6,6 @@
 #include <fmt/format.h>
 
 #include "boxes.h"
-#include "colouring.h"
 #include "explain.h"
 #include "files.h"
 #include "grader.h"
@@ -18,11 +17,13 @@
 #include "light.h"
 #include "nishio.h"
 #include "session.h"
+#include "simplecolours.h"
 #include "step.h"
 #include "stepsolver.h"
 #include "tables.h"
 #include "view.h"
 #include "words.h"
+#include "xcolours.h"
 
 namespace gradino::cli {
 namespace {

@@ -92,7 +92,7 @@ Bug scanbug(int before) {
 Bug shown;
 
 std::string tell(const Words& words, const Bug& find) {
-  return say(words, hole("digit", find.digit), hole("cell", cellname(find.cell)));
+  return say(words, ofdigit(find.digit), incell(find.cell));
 }
 
 }  // namespace

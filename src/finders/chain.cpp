@@ -50,7 +50,7 @@ bool Chain::argue(Lesson& lesson, std::string_view hypothesis) const {
 }
 
 std::string tell(const Words& words, int cell, int digit) {
-  return say(words, hole("cell", cellname(cell)), hole("digit", digit));
+  return say(words, incell(cell), ofdigit(digit));
 }
 
 }  // namespace gradino

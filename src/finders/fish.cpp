@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -167,17 +168,16 @@ constexpr FishKind jellyfish = {techniques::jellyfish, 4, jellyfishfound, logdel
 // ---- search -----------------------------------------------------------------------------------------------
 
 struct Fish {
-  enum Kind { none, row, column } kind = none;  ///< the direction of the lines
+  HouseKind linekind = HouseKind::row;  ///< row or column
   int digit = 0;
   std::vector<int> lines, cross;  ///< 0-based; lines ascending, cross lines in order of discovery
 
-  const Words& of(const Pair& words) const { return words[kind == row ? 0 : 1]; }
-  int cell(int line, int crossline) const {
-    return kind == row ? line * 9 + crossline : crossline * 9 + line;
-  }
-  Positions online(int line) const { return kind == row ? rowpos(digit, line) : colpos(digit, line); }
+  bool inrows() const { return linekind == HouseKind::row; }
+  const Words& of(const Pair& words) const { return words[inrows() ? 0 : 1]; }
+  int cell(int line, int crossline) const { return housecell(linekind, line, crossline); }
+  Positions online(int line) const { return inrows() ? rowpos(digit, line) : colpos(digit, line); }
   Positions oncross(int crossline) const {
-    return kind == row ? colpos(digit, crossline) : rowpos(digit, crossline);
+    return inrows() ? colpos(digit, crossline) : rowpos(digit, crossline);
   }
   Positions linebits() const {
     Positions bits;
@@ -200,70 +200,69 @@ void discover(std::vector<int>& seen, const Positions& positions) {
 }
 
 /// Two lines with the same two places.
-bool scanlines2(Fish& find) {
+bool scanlines2(Fish& fish) {
   for (int line1 = 0; line1 <= 7; ++line1) {
-    const Positions places = find.online(line1);
+    const Positions places = fish.online(line1);
     if (places.length() != 2) continue;
     for (int line2 = line1 + 1; line2 <= 8; ++line2) {
-      if (find.online(line2) != places) continue;
-      find.lines = {line1, line2};
-      find.cross = {places.first(), places.last()};
-      if (find.useful()) return true;
+      if (fish.online(line2) != places) continue;
+      fish.lines = {line1, line2};
+      fish.cross = {places.first(), places.last()};
+      if (fish.useful()) return true;
     }
   }
   return false;
 }
 
 /// n lines whose places together lie on n cross lines. `united` are the places of the lines so far.
-bool scanlinesn(Fish& find, int n, unsigned united) {
-  const int had = static_cast<int>(find.lines.size());
-  const int from = had == 0 ? 0 : find.lines.back() + 1;
+bool scanlinesn(Fish& fish, int n, unsigned united) {
+  const int had = static_cast<int>(fish.lines.size());
+  const int from = had == 0 ? 0 : fish.lines.back() + 1;
   const int tocome = n - had - 1;
   for (int line = from; line <= 8 - tocome; ++line) {
-    const Positions places = find.online(line);
+    const Positions places = fish.online(line);
     if (places.empty() || places.length() > n) continue;
     const unsigned more = united | places.bits;
     if (std::popcount(more) > n) continue;
-    find.lines.push_back(line);
+    fish.lines.push_back(line);
     if (tocome > 0) {
-      if (scanlinesn(find, n, more)) return true;
+      if (scanlinesn(fish, n, more)) return true;
     } else if (std::popcount(more) == n) {
-      find.cross.clear();
-      for (int l : find.lines) discover(find.cross, find.online(l));
-      if (find.useful()) return true;
+      fish.cross.clear();
+      for (int l : fish.lines) discover(fish.cross, fish.online(l));
+      if (fish.useful()) return true;
     }
-    find.lines.pop_back();
+    fish.lines.pop_back();
   }
   return false;
 }
 
 /// The first fish that deletes something: the digit outermost, rows before columns, lines ascending.
-Fish scan(const FishKind& fish) {
-  Fish find;
-  for (find.digit = 1; find.digit <= 9; ++find.digit)
-    for (find.kind = Fish::row;; find.kind = Fish::column) {
-      find.lines.clear();
-      if (fish.n == 2 ? scanlines2(find) : scanlinesn(find, fish.n, 0)) return find;
-      if (find.kind == Fish::column) break;
+std::optional<Fish> scan(const FishKind& kind) {
+  Fish fish;
+  for (fish.digit = 1; fish.digit <= 9; ++fish.digit)
+    for (const HouseKind lines : {HouseKind::row, HouseKind::column}) {
+      fish.linekind = lines;
+      fish.lines.clear();
+      if (kind.n == 2 ? scanlines2(fish) : scanlinesn(fish, kind.n, 0)) return fish;
     }
-  find.kind = Fish::none;
-  return find;
+  return std::nullopt;
 }
 
 /// The one walk over the cells that lose the digit: cross line by cross line, act(cell) for each.
 template <class Act>
-void victims(const Fish& find, Act act) {
-  const Positions inside = find.linebits();
-  for (int crossline : find.cross)
+void victims(const Fish& fish, Act act) {
+  const Positions inside = fish.linebits();
+  for (int crossline : fish.cross)
     for (int p = 0; p < 9; ++p)
-      if (const int cell = find.cell(p, crossline); !inside.contains(p) && hascandidate(cell, find.digit))
+      if (const int cell = fish.cell(p, crossline); !inside.contains(p) && hascandidate(cell, fish.digit))
         act(cell);
 }
 
-std::vector<int> crossings(const Fish& find) {
+std::vector<int> crossings(const Fish& fish) {
   std::vector<int> found;
-  for (int line : find.lines)
-    for (int crossline : find.cross) found.push_back(find.cell(line, crossline));
+  for (int line : fish.lines)
+    for (int crossline : fish.cross) found.push_back(fish.cell(line, crossline));
   return found;
 }
 
@@ -278,117 +277,119 @@ std::string numbers(const std::vector<int>& zerobased, std::string_view joinedby
   return text;
 }
 
-std::string tell(const Words& words, const Fish& find, std::string_view joinedby = "") {
-  return say(words, hole("digit", find.digit), hole("lines", numbers(find.lines, joinedby)),
-             hole("cross", numbers(find.cross, joinedby)));
+std::string tell(const Words& words, const Fish& fish, std::string_view joinedby = "") {
+  return say(words, ofdigit(fish.digit), hole("lines", numbers(fish.lines, joinedby)),
+             hole("cross", numbers(fish.cross, joinedby)));
 }
 
-std::string at(const Words& words, int cell) {
-  return say(words, hole("cell", cellname(cell)));
-}
+/// The step on show. Only explain reads it.
+std::optional<Fish> shown;
 
-/// The step on show, for its explanation.
-Fish shown;
+void forget() {
+  shown.reset();
+}
 
 // ---- step -------------------------------------------------------------------------------------------------
 
 // An X-Wing shows all four corners in green. The greater ones show where the digit is, and in red where it
 // goes. Returns the cells painted: they alone go back to white, so that what an explanation painted stays
 // when it was stopped.
-std::vector<int> paint(const FishKind& fish, const Fish& find) {
+std::vector<int> paint(const FishKind& kind, const Fish& fish) {
   std::vector<int> painted;
   const auto mark = [&](int cell, Colour colour) {
-    pencilmark(cell, find.digit).back = colour;
+    pencilmark(cell, fish.digit).back = colour;
     painted.push_back(cell);
   };
-  if (fish.n > 2) victims(find, [&](int cell) { mark(cell, red); });
-  for (int cell : crossings(find))
-    if (fish.n == 2 || hascandidate(cell, find.digit)) mark(cell, green);
+  if (kind.n > 2) victims(fish, [&](int cell) { mark(cell, red); });
+  for (int cell : crossings(fish))
+    if (kind.n == 2 || hascandidate(cell, fish.digit)) mark(cell, green);
   return painted;
 }
 
-void step(const FishKind& fish) {
-  steptag = fish.technique.tag;
+void step(const FishKind& kind) {
+  steptag = kind.technique.tag;
   foundflag = false;
-  const Fish find = shown = scan(fish);
-  if (find.kind == Fish::none) return;
-  const std::vector<int> painted = paint(fish, find);
+  shown = scan(kind);
+  if (!shown) return;
+  const Fish fish = *shown;  // a command that comes in during the wait may show another
+  const std::vector<int> painted = paint(kind, fish);
   foundflag = true;
-  curdigit = find.digit;
-  frmmain::Text5.text = std::to_string(find.digit);
-  frmmain::txthint.text = tell(find.of(fish.found), find);
+  curdigit = fish.digit;
+  frmmain::Text5.text = std::to_string(fish.digit);
+  frmmain::txthint.text = tell(fish.of(kind.found), fish);
   const bool stop = waitatlight() == Answer::stop;
-  for (int cell : painted) pencilmark(cell, find.digit).back = white;
+  for (int cell : painted) pencilmark(cell, fish.digit).back = white;
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
-  frmmain::txthint.text = tell(deleted, find);
-  victims(find, [&](int cell) {
-    deletecandidate(cell, find.digit);
-    frmmain::txthint.text += at(deletedcell, cell);
-    if (fish.n == 2)
+  frmmain::txthint.text = tell(deleted, fish);
+  victims(fish, [&](int cell) {
+    deletecandidate(cell, fish.digit);
+    frmmain::txthint.text += say(deletedcell, incell(cell));
+    if (kind.n == 2)
       frmmain::Text2(cell).back = white;
     else
-      pencilmark(cell, find.digit).back = white;
+      pencilmark(cell, fish.digit).back = white;
   });
   showdeletions();
 }
 
 // ---- twin -------------------------------------------------------------------------------------------------
 
-void twin(const FishKind& fish) {
+void twin(const FishKind& kind) {
   foundflag = false;
-  const Fish find = scan(fish);
-  if (find.kind == Fish::none) return;
+  const std::optional<Fish> found = scan(kind);
+  if (!found) return;
+  const Fish& fish = *found;
   foundflag = true;
-  headline(tell(find.of(fish.found), find));
-  detail(tell(fish.logdeleted, find));
-  victims(find, [&](int cell) {
-    deletecandidate(cell, find.digit);
-    appendwords(at(deletedcell, cell));
+  headline(tell(fish.of(kind.found), fish));
+  detail(tell(kind.logdeleted, fish));
+  victims(fish, [&](int cell) {
+    deletecandidate(cell, fish.digit);
+    appendwords(say(deletedcell, incell(cell)));
   });
-  raiselevel(fish.technique.level);
+  raiselevel(kind.technique.level);
   settledeletions();
 }
 
 // ---- explanation ------------------------------------------------------------------------------------------
 
 /// X-Wing: the digit stands in one of two opposite pairs of corners, the blue or the green.
-void arguecorners(const Fish& find, Lesson& lesson) {
-  const std::vector<int> corner = crossings(find);
-  pencilmark(corner[1], find.digit).back = cyan;
-  pencilmark(corner[2], find.digit).back = cyan;
+void arguecorners(const Fish& fish, Lesson& lesson) {
+  const std::vector<int> corner = crossings(fish);
+  pencilmark(corner[1], fish.digit).back = cyan;
+  pencilmark(corner[2], fish.digit).back = cyan;
   lesson.line(inlanguage(ourcase));
   for (std::size_t k = 0; k < 2; ++k) {
-    const Hole line = hole("line", find.lines[k] + 1), digit = hole("digit", find.digit);
-    lesson.line(say(find.of(onlyin), line, digit, hole("first", cellname(corner[2 * k])),
+    const Hole line = hole("line", fish.lines[k] + 1), digit = ofdigit(fish.digit);
+    lesson.line(say(fish.of(onlyin), line, digit, hole("first", cellname(corner[2 * k])),
                     hole("second", cellname(corner[2 * k + 1]))));
-    lesson.line(say(find.of(blueorgreen), line, digit));
+    lesson.line(say(fish.of(blueorgreen), line, digit));
   }
-  lesson.line(tell(find.of(wedontknow), find)).line(tell(butsurely, find));
+  lesson.line(tell(fish.of(wedontknow), fish)).line(tell(butsurely, fish));
 }
 
-void arguelines(const Fish& find, Lesson& lesson) {
-  lesson.line(tell(find.of(onlygreen), find, inlanguage(joiner)));
-  lesson.line(tell(find.of(consequence), find, inlanguage(joiner)));
+void arguelines(const Fish& fish, Lesson& lesson) {
+  lesson.line(tell(fish.of(onlygreen), fish, inlanguage(joiner)));
+  lesson.line(tell(fish.of(consequence), fish, inlanguage(joiner)));
   lesson.line(inlanguage(forcedgreen));
 }
 
-void explain(const FishKind& fish) {
-  const Fish find = shown;              // a command that comes in during a wait may show another, or none
-  if (find.kind == Fish::none) return;  // a search without a result was started during another step's wait
+void explain(const FishKind& kind) {
+  if (!shown) return;        // a search without a result was started during another step's wait
+  const Fish fish = *shown;  // a command that comes in during the wait may show another
   Lesson lesson;
-  lesson.line(inlanguage(fish.rule)).line(fish.ruleline);
-  if (fish.n == 2)
-    arguecorners(find, lesson);
+  lesson.line(inlanguage(kind.rule)).line(kind.ruleline);
+  if (kind.n == 2)
+    arguecorners(fish, lesson);
   else
-    arguelines(find, lesson);
+    arguelines(fish, lesson);
   if (lesson.showandwait() == Answer::stop) return;
 
-  lesson.line(tell(find.of(fish.candelete), find, inlanguage(deletejoiner)));
-  lesson.line(inlanguage(find.of(fish.from)));
-  victims(find, [&](int cell) {
-    pencilmark(cell, find.digit).back = red;
-    lesson.words(at(redcell, cell));
+  lesson.line(tell(fish.of(kind.candelete), fish, inlanguage(deletejoiner)));
+  lesson.line(inlanguage(fish.of(kind.from)));
+  victims(fish, [&](int cell) {
+    pencilmark(cell, fish.digit).back = red;
+    lesson.words(say(redcell, incell(cell)));
   });
   if (lesson.showandwait() == Answer::stop) return;
   closelesson();
@@ -437,6 +438,7 @@ const Technique techniques::xwing{
     .twin = byfoundflag<frmgenerazione::findxwing>,
     .explain = explainxwing,
     .level = 10,
+    .forget = forget,
 };
 const Technique techniques::swordfish{
     .tag = "findswordfish",
@@ -446,6 +448,7 @@ const Technique techniques::swordfish{
     .twin = byfoundflag<frmgenerazione::findswordfish>,
     .explain = explainswordfish,
     .level = 11,
+    .forget = forget,
 };
 const Technique techniques::jellyfish{
     .tag = "findjellyfish",
@@ -455,6 +458,7 @@ const Technique techniques::jellyfish{
     .twin = byfoundflag<frmgenerazione::findjellyfish>,
     .explain = explainjellyfish,
     .level = 12,
+    .forget = forget,
 };
 
 }  // namespace gradino

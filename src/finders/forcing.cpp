@@ -83,27 +83,15 @@ struct Marks {
   bool two = false;  ///< two candidates, so each is the other's last
 };
 
-std::size_t at(int index) {
-  return static_cast<std::size_t>(index);
-}
-
 std::uint16_t place(int n) {
   return static_cast<std::uint16_t>(1u << n);
 }
-
-/// The place of a cell in its block.
-int blockplace(int cell) {
-  return cell / 9 % 3 * 3 + cell % 3;
-}
-
-template <class T>
-using ByHouse = std::array<std::array<T, 9>, 3>;  ///< [row, column or block][house]
 
 /// The pencil marks of the board, read once for many suppositions.
 struct Reading {
   Reading() {
     for (int cell = 0; cell < cellcount; ++cell) {
-      Marks& here = marks[at(cell)];
+      Marks& here = marks[cell];
       const int count = candidatecount(cell);
       here.two = count == 2;
       here.plain = true;
@@ -117,14 +105,13 @@ struct Reading {
     }
   }
 
-  std::array<Marks, cellcount> marks{};
-  ByHouse<unsigned> bivalues{};  ///< the places of the cells with two candidates
+  ByCell<Marks> marks{};
+  ByKind<ByHouse<unsigned>> bivalues{};  ///< the places of the cells with two candidates
 
  private:
   void addbivalue(int cell) {
-    bivalues[0][at(cell / 9)] |= 1u << cell % 9;
-    bivalues[1][at(cell % 9)] |= 1u << cell / 9;
-    bivalues[2][at(houseof(HouseKind::block, cell))] |= 1u << blockplace(cell);
+    for (const HouseKind kind : housekinds)
+      bivalues[kind][houseof(kind, cell)] |= 1u << positionof(kind, cell);
   }
 };
 
@@ -137,29 +124,26 @@ enum class By : std::uint8_t { other, cell, row, column, block };
 class Hypothesis {
  public:
   /// Chains of `enough` steps or more are of no use to the caller and may be passed over.
-  Hypothesis(const Reading& board, int digit, int cell, int enough) : board_(board) {
+  Hypothesis(const Reading& board, int cell, int digit, int enough) : board_(board) {
     chainsteps = nochain;
     forcinglength = nochain;
     clearqueue();
     says(cell, digit, true, By::other);
     addhypothesis(cell, digit, 2);  // "0,"
     // A contradiction after a node takes its path, the contradicting step and at least the hypothesis again.
-    for (int node = 0; node < nodecount() && nodecount() <= walklimit && depth_[at(node)] + 3 < enough;
-         ++node)
+    for (int node = 0; node < nodecount() && nodecount() <= walklimit && depth_[node] + 3 < enough; ++node)
       if (chainpath(node) < 3 * forcinglength && !expand(node)) return;
   }
 
  private:
   /// Notes what is said of a candidate for the first time, as the node that comes next.
   void says(int cell, int digit, bool flag, By by) {
-    (flag ? true_ : false_)[at(cell)] |= place(digit);
-    node_[at(cell)][at(digit)] = static_cast<std::int16_t>(nodecount());
-    by_[at(cell)][at(digit)] = by;
+    (flag ? true_ : false_)[cell] |= place(digit);
+    node_[cell][digit] = static_cast<std::int16_t>(nodecount());
+    by_[cell][digit] = by;
     if (flag) return;
-    ByHouse<std::uint16_t>& closed = closed_[at(digit)];
-    closed[0][at(cell / 9)] |= place(cell % 9);
-    closed[1][at(cell % 9)] |= place(cell / 9);
-    closed[2][at(houseof(HouseKind::block, cell))] |= place(blockplace(cell));
+    for (const HouseKind kind : housekinds)
+      closed_[digit][kind][houseof(kind, cell)] |= place(positionof(kind, cell));
   }
 
   /// Makes all that follows from a node. False: the search is over.
@@ -170,8 +154,8 @@ class Hypothesis {
   }
 
   bool othersfalse(int cell, int digit, int node) {
-    if (board_.marks[at(cell)].plain) {
-      for (unsigned rest = board_.marks[at(cell)].set & ~(1u << digit); rest; rest &= rest - 1)
+    if (board_.marks[cell].plain) {
+      for (unsigned rest = board_.marks[cell].set & ~(1u << digit); rest; rest &= rest - 1)
         if (!make(cell, std::countr_zero(rest), false, node)) return false;
       return true;
     }
@@ -181,17 +165,16 @@ class Hypothesis {
   }
 
   bool peersfalse(int cell, int digit, int node) {
-    for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block}) {
+    for (HouseKind kind : housekinds) {
       const int house = houseof(kind, cell);
-      const auto h = at(house), k = static_cast<std::size_t>(kind);
       // Where it is false already there is nothing to say, but of a second candidate there may be.
       unsigned rest = housepos(kind, digit, house).bits;
-      rest &= ~closed_[at(digit)][k][h] | board_.bivalues[k][h];
+      rest &= ~closed_[digit][kind][house] | board_.bivalues[kind][house];
       for (; rest; rest &= rest - 1) {
         const int q = housecell(kind, house, std::countr_zero(rest));
         if (q == cell) continue;
         if (!make(q, digit, false, node)) return false;
-        if (board_.marks[at(q)].two && !make(q, otherof(q, digit), true, node)) return false;
+        if (board_.marks[q].two && !make(q, otherof(q, digit), true, node)) return false;
       }
     }
     return true;
@@ -199,9 +182,9 @@ class Hypothesis {
 
   /// The other of two candidates; or the naked single, the only one not yet false.
   bool lastcandidate(int cell, int digit, int node) {
-    const Marks& marks = board_.marks[at(cell)];
+    const Marks& marks = board_.marks[cell];
     if (marks.two) return make(cell, otherof(cell, digit), true, node);
-    const unsigned open = marks.set & ~false_[at(cell)];
+    const unsigned open = marks.set & ~false_[cell];
     if (!issingle(open)) return true;
     const int last = std::countr_zero(open);
     if (!marks.plain && timesin(cell, last) > 1) return true;
@@ -216,10 +199,9 @@ class Hypothesis {
 
   /// The hidden single: the only place of a house not yet false.
   bool lastplaces(int cell, int digit, int node) {
-    for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block}) {
+    for (HouseKind kind : housekinds) {
       const int house = houseof(kind, cell);
-      const auto k = static_cast<std::size_t>(kind);
-      const unsigned open = housepos(kind, digit, house).bits & ~closed_[at(digit)][k][at(house)];
+      const unsigned open = housepos(kind, digit, house).bits & ~closed_[digit][kind][house];
       if (!issingle(open)) continue;
       const By by = kind == HouseKind::row ? By::row : kind == HouseKind::column ? By::column : By::block;
       if (!make(housecell(kind, house, std::countr_zero(open)), digit, true, node, by)) return false;
@@ -231,14 +213,14 @@ class Hypothesis {
   /// What has been said before is not said again: breadth first, no later way to it is shorter.
   bool make(int cell, int digit, bool flag, int node, By by = By::other) {
     const unsigned bit = 1u << digit;
-    if ((flag ? false_ : true_)[at(cell)] & bit) {
+    if ((flag ? false_ : true_)[cell] & bit) {
       if (nodecount() <= decltype(chaincell)::high) contradiction(cell, digit, flag, node);
       return false;
     }
-    if ((flag ? true_ : false_)[at(cell)] & bit) return true;
+    if ((flag ? true_ : false_)[cell] & bit) return true;
     if (nodecount() > decltype(chaincell)::high) return false;
     says(cell, digit, flag, by);
-    depth_[at(nodecount())] = static_cast<std::int16_t>(depth_[at(node)] + 1);
+    depth_[nodecount()] = static_cast<std::int16_t>(depth_[node] + 1);
     addfirst(cell, digit, flag, node, chainpath(node) + tokenlength(nodecount()));
     return true;
   }
@@ -247,9 +229,9 @@ class Hypothesis {
   std::vector<int> alone(int cell, int digit) const {
     std::vector<int> nodes;
     const auto add = [&](int c, int d) {
-      if ((c != cell || d != digit) && nodes.size() < mostalone) nodes.push_back(node_[at(c)][at(d)]);
+      if ((c != cell || d != digit) && nodes.size() < mostalone) nodes.push_back(node_[c][d]);
     };
-    const By by = by_[at(cell)][at(digit)];
+    const By by = by_[cell][digit];
     if (by == By::cell)
       for (int k = 0; k < candidatecount(cell); ++k) add(cell, candidateat(cell, k));
     if (by == By::other || by == By::cell) return nodes;
@@ -265,7 +247,7 @@ class Hypothesis {
   void contradiction(int cell, int digit, bool flag, int parent) {
     std::vector<int> steps = pathto(parent);
     const std::size_t contradicting = steps.size();
-    const int first = node_[at(cell)][at(digit)];
+    const int first = node_[cell][digit];
     const std::vector<int> others = alone(cell, digit);
     for (int node : others) steps = joined(steps, pathto(node));
     if (others.empty())
@@ -306,15 +288,15 @@ class Hypothesis {
   }
 
   const Reading& board_;
-  std::array<std::uint16_t, cellcount> true_{}, false_{};     ///< by cell, a bit a digit
-  std::array<ByHouse<std::uint16_t>, 10> closed_{};           ///< by digit: the places where it is false
-  std::array<std::array<std::int16_t, 10>, cellcount> node_;  ///< that said it first
-  std::array<std::array<By, 10>, cellcount> by_;
-  std::array<std::int16_t, 261> depth_{};  ///< of each node: its ancestors
+  ByCell<std::uint16_t> true_{}, false_{};            ///< by cell, a bit a digit
+  ByDigit<ByKind<ByHouse<std::uint16_t>>> closed_{};  ///< by digit: the places where it is false
+  ByCell<ByDigit<std::int16_t>> node_;                ///< that said it first
+  ByCell<ByDigit<By>> by_;
+  ByIndex<std::int16_t, 261> depth_{};  ///< of each node: its ancestors
 };
 
-void scanforcing(const Reading& board, int digit, int cell, int enough) {
-  const Hypothesis searched(board, digit, cell, enough);
+void scanforcing(const Reading& board, int cell, int digit, int enough) {
+  const Hypothesis searched(board, cell, digit, enough);
 }
 
 /// Tries the wrong candidates of the cells with two candidates, then of those with three, and so on. Leaves
@@ -331,7 +313,7 @@ void scanforcingall() {
       for (int k = 0; k < candidatecount(cell); ++k) {
         const int digit = candidateat(cell, k);
         if (digit == 0 || !maybewrong(cell, digit)) continue;
-        scanforcing(board, digit, cell, std::min(best, showable));
+        scanforcing(board, cell, digit, std::min(best, showable));
         if (chainsteps < takenatonce) return;
         if (chainsteps < best) best = chainsteps, bestdigit = digit, bestcell = cell;
       }
@@ -339,7 +321,7 @@ void scanforcingall() {
     letevents();
     if (most + 1 > longest + 1) break;
   }
-  if (best < showable) scanforcing(Reading(), bestdigit, bestcell, nochain);
+  if (best < showable) scanforcing(Reading(), bestcell, bestdigit, nochain);
 }
 
 }  // namespace

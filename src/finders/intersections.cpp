@@ -207,12 +207,11 @@ void scan(Act act) {
 }
 
 std::string tell(const Words& words, const Intersection& find) {
-  return say(words, hole("digit", find.digit), hole("holder", find.holder + 1),
-             hole("target", find.target + 1));
+  return say(words, ofdigit(find.digit), hole("holder", find.holder + 1), hole("target", find.target + 1));
 }
 
 std::string named(std::string_view words, int cell) {
-  return filled(words, {hole("cell", cellname(cell))});
+  return filled(words, {incell(cell)});
 }
 
 void paintholder(const Intersection& find, Colour colour) {

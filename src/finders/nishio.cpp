@@ -232,7 +232,7 @@ void scannishio() {
 }
 
 std::string tell(const Words& words, int cell, int digit) {
-  return say(words, hole("cell", cellname(cell)), hole("digit", digit));
+  return say(words, incell(cell), ofdigit(digit));
 }
 
 void paintplacings(const Trial& trial, Colour colour) {
@@ -269,8 +269,8 @@ void frmgenerazione::gradenishio() {
   nishioflag = true;  // widens the next search for a loop
   for (std::size_t k = 0; k < best.cell.size(); ++k) detail(tell(logstep, best.cell[k], best.digit[k]));
   if (best.end.house)
-    detail(say(lognoplace, hole("digit", best.end.digit), hole("kind", best.end.kind),
-               hole("house", best.end.index)));
+    detail(
+        say(lognoplace, ofdigit(best.end.digit), hole("kind", best.end.kind), hole("house", best.end.index)));
   else
     detail(tell(logalso, best.end.cell, best.digit.back()));
   detail(inlanguage(logimpossible));
@@ -330,7 +330,7 @@ std::string tellend(const Trial& argued) {
   if (!argued.end.house) return tell(also, argued.end.cell, argued.digit.back());
   const std::string_view kind = argued.end.kind;
   const Words& words = kind == "row" ? noplaceinrow : kind == "column" ? noplaceincolumn : noplaceinblock;
-  return say(words, hole("digit", argued.end.digit), hole("house", argued.end.index + 1));
+  return say(words, ofdigit(argued.end.digit), hole("house", argued.end.index + 1));
 }
 
 }  // namespace

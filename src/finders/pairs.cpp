@@ -131,8 +131,6 @@ constexpr int nakedlevel = 4, hiddenlevel = 5;
 
 // ---- search -----------------------------------------------------------------------------------------------
 
-constexpr HouseKind housekinds[] = {HouseKind::row, HouseKind::column, HouseKind::block};
-
 struct Pair {
   HouseKind kind = HouseKind::row;
   int house = 0;              ///< 0-based
@@ -232,7 +230,7 @@ std::string tell(const Words& words, const Pair& pair) {
 }
 
 std::string tellcandidate(const Words& words, int cell, int digit) {
-  return say(words, hole("digit", digit), hole("cell", cellname(cell)));
+  return say(words, ofdigit(digit), incell(cell));
 }
 
 void paintnaked(const Pair& pair, Colour colour) {
@@ -351,7 +349,7 @@ void explainnakedpair() {
   frmmain::txthint.text = tell(nakedclosing, pair);
   for (int cell : housecells(pair.kind, pair.house))
     if (pencilmark(cell, pair.one).back == red || pencilmark(cell, pair.other).back == red)
-      frmmain::txthint.text += say(closingcell, hole("cell", cellname(cell)));
+      frmmain::txthint.text += say(closingcell, incell(cell));
   closelesson();
   clearcolours();
 }

@@ -102,16 +102,9 @@ struct Rectangle {
   const std::string& pair() const { return candstr(urcell1); }
 };
 
-/// The digit of a mask of one bit, else 0.
-int bitdigit(int mask) {
-  for (int digit = 1; digit <= 9; ++digit)
-    if (mask == bitvalue(digit)) return digit;
-  return 0;
-}
-
 /// What a corner has besides the pair, if it is one digit; else 0.
 int thirddigit(const Rectangle& find, int corner) {
-  return bitdigit(candmask(corner) ^ find.pairmask());
+  return onlydigit(candmask(corner) ^ find.pairmask());
 }
 
 bool haspair(const Rectangle& find, int cell) {
@@ -149,23 +142,24 @@ bool corners(Rectangle& find) {
          twocorners(find, HouseKind::column, find.urcell3, HouseKind::row, find.urcell2);
 }
 
+/// The number of a house, from 1, as the board's tables have it.
+int numberof(HouseKind kind, int cell) {
+  return kind == HouseKind::row ? cellrow(cell) : kind == HouseKind::column ? cellcol(cell) : cellblock(cell);
+}
+
 /// Collects the cells that share a house with two corners and have their third digit; of a shared column the
 /// cells of the one numbered `column`. Fault: more than 11.
 bool collect(Rectangle& find, int p, int q, int digit, int column) {
   find.urcount = 0;
   for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block}) {
-    if (houseof(kind, p) != houseof(kind, q)) continue;
-    for (int cell : housecells(kind, kind == HouseKind::column ? column : houseof(kind, p))) {
+    if (numberof(kind, p) != numberof(kind, q)) continue;
+    for (int cell : housecells(kind, kind == HouseKind::column ? column : numberof(kind, p) - 1)) {
       if (cell == p || cell == q || !hascandidate(cell, digit)) continue;
       find.commoncell(find.urcount) = cell;
       find.urcount += 1;
     }
   }
   return find.urcount > 0;
-}
-
-int columnof(int cell) {
-  return houseof(HouseKind::column, cell);
 }
 
 /// Corners p and q, side by side, have three candidates.
@@ -230,11 +224,11 @@ std::string tell(const Words& words, const Rectangle& find) {
 }
 
 std::string telldeleting(std::string_view what, int cell) {
-  return say(logdeleting, hole("what", what), hole("cell", cellname(cell)));
+  return say(logdeleting, hole("what", what), incell(cell));
 }
 
 std::string tellonly(const Words& words, int cell) {
-  return say(words, hole("digit", candstr(cell)), hole("cell", cellname(cell)));
+  return say(words, hole("digit", candstr(cell)), incell(cell));
 }
 
 // ---- step -------------------------------------------------------------------------------------------------
@@ -257,7 +251,7 @@ void steptype1(const Rectangle& find) {
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
   const int cell = find.urcell4();
-  frmmain::txthint.text = say(deleting, hole("pair", find.pair()), hole("cell", cellname(cell)));
+  frmmain::txthint.text = say(deleting, hole("pair", find.pair()), incell(cell));
   // The explanation may have taken the pair away already.
   if ((candmask(cell) & find.pairmask()) != 0) candmask(cell) ^= find.pairmask();
   showdeletions();

@@ -112,8 +112,8 @@ constexpr Words seendigit = {"il numero {digit} non può stare perchè già pres
                              "the number {digit} is impossible because already present in r{row}c{col}"};
 constexpr Words earlierdigit = {"il numero {digit} già eliminato da tecniche precedenti",
                                 "the number {digit} because already deleted by previous steps "};
-constexpr Words onlydigit = {"quindi l'unico numero possibile per la cella r{row}c{col}",
-                             "therefore the only possible number for the cell r{row}c{col}"};
+constexpr Words onlynumber = {"quindi l'unico numero possibile per la cella r{row}c{col}",
+                              "therefore the only possible number for the cell r{row}c{col}"};
 constexpr Words thedigit = {"è il numero {digit}", "is the number {digit}"};
 
 }  // namespace
@@ -121,12 +121,6 @@ constexpr Words thedigit = {"è il numero {digit}", "is the number {digit}"};
 // ---- search -----------------------------------------------------------------------------------------------
 
 namespace {
-
-/// The only digit of a mask, or 0.
-int onlydigitof(std::int32_t mask) {
-  const auto bits = static_cast<unsigned>(mask);
-  return issingle(bits) && (bits & fullmask) ? std::countr_zero(bits) : 0;
-}
 
 char figureof(int n) {
   return static_cast<char>('0' + n);
@@ -138,7 +132,7 @@ std::string lastof(char letter, CellAt cellat) {
   for (int position = 0; position < 9; ++position) {
     const int cell = cellat(position);
     if (candmask(cell) <= 0) continue;
-    const int digit = onlydigitof(candmask(cell));
+    const int digit = onlydigit(candmask(cell));
     if (digit == 0) return {};  // pencil marks edited by hand: the cell doesn't say which
     return letter + std::to_string(digit) + std::to_string(cell);
   }
@@ -184,7 +178,7 @@ std::string findSingleInColumn() {
 std::string findSingleInCell() {
   for (int cell = 0; cell < cellcount; ++cell)
     if (cellvalue(cell) == 0)
-      if (const int digit = onlydigitof(candmask(cell))) return std::to_string(digit) + std::to_string(cell);
+      if (const int digit = onlydigit(candmask(cell))) return std::to_string(digit) + std::to_string(cell);
   return {};
 }
 
@@ -224,7 +218,7 @@ Single readcell(const std::string& r) {
 std::string tell(const SingleRung& rung, const Words& words, const Single& found) {
   const bool last = rung.find == findOneMissing;
   const Words& lastwords = found.house == 'b' ? lastinblock : found.house == 'r' ? lastinrow : lastincolumn;
-  return say(last ? lastwords : words, hole("digit", found.digit), hole("house", found.number + 1),
+  return say(last ? lastwords : words, ofdigit(found.digit), hole("house", found.number + 1),
              hole("row", cellrow(found.cell)), hole("col", cellcol(found.cell)));
 }
 
@@ -319,7 +313,7 @@ void explainsingleinblock() {
   lesson.line(inlanguage(crosshatching)).line(ruleline);
   hidepencilmarks();
 
-  lesson.line(say(alreadyplaced, hole("digit", stepdigit)));
+  lesson.line(say(alreadyplaced, ofdigit(stepdigit)));
   for (int r = row / 3 * 3; r < row / 3 * 3 + 3; ++r)
     if (r != row && rowpos(stepdigit, r).empty()) {
       paintplaced(housecells(HouseKind::row, r), stepdigit);
@@ -335,7 +329,7 @@ void explainsingleinblock() {
       frmmain::Text1(cell).back = magenta;
       lesson.line(at(ruledout, cell));
     }
-  lesson.line(say(onlyinblock, hole("house", block + 1), hole("digit", stepdigit)));
+  lesson.line(say(onlyinblock, hole("house", block + 1), ofdigit(stepdigit)));
   lesson.line(at(yellowcell, stepcell));
   argue(lesson);
 }
@@ -349,8 +343,7 @@ void explainsingleinline(bool isrow) {
   lesson.line(inlanguage(hiddensingle)).line(ruleline);
   hidepencilmarks();
 
-  lesson.line(
-      say(isrow ? thedigitinrow : thedigitincolumn, hole("house", line + 1), hole("digit", stepdigit)));
+  lesson.line(say(isrow ? thedigitinrow : thedigitincolumn, hole("house", line + 1), ofdigit(stepdigit)));
   for (int cell : isrow ? housecells(HouseKind::row, line) : housecells(HouseKind::column, line)) {
     if (cell == stepcell || !frmmain::Text1(cell).text.empty()) continue;
     const int block = cellblock(cell) - 1, cross = (isrow ? cellcol(cell) : cellrow(cell)) - 1;
@@ -367,7 +360,7 @@ void explainsingleinline(bool isrow) {
       lesson.line(inlanguage(becauseearlier));
     }
   }
-  lesson.line(say(isrow ? onlyinrow : onlyincolumn, hole("house", line + 1), hole("digit", stepdigit)));
+  lesson.line(say(isrow ? onlyinrow : onlyincolumn, hole("house", line + 1), ofdigit(stepdigit)));
   lesson.line(at(yellowcell, stepcell));
   argue(lesson);
 }
@@ -401,14 +394,13 @@ void explainsingleincell() {
     if (digit == stepdigit) continue;
     if (const int seen = seenfrom(stepcell, digit); seen >= 0) {
       frmmain::Text1(seen).back = green;
-      lesson.line(
-          say(seendigit, hole("digit", digit), hole("row", cellrow(seen)), hole("col", cellcol(seen))));
+      lesson.line(say(seendigit, ofdigit(digit), hole("row", cellrow(seen)), hole("col", cellcol(seen))));
     } else {
-      lesson.line(say(earlierdigit, hole("digit", digit)));
+      lesson.line(say(earlierdigit, ofdigit(digit)));
     }
   }
-  lesson.line(at(onlydigit, stepcell));
-  lesson.line(say(thedigit, hole("digit", stepdigit)));
+  lesson.line(at(onlynumber, stepcell));
+  lesson.line(say(thedigit, ofdigit(stepdigit)));
   argue(lesson);
 }
 

@@ -337,7 +337,7 @@ std::string tell(const Words& words, const Subset& find) {
 }
 
 std::string tellcandidate(const Words& words, int cell, int digit) {
-  return say(words, hole("digit", digit), hole("cell", cellname(cell)));
+  return say(words, ofdigit(digit), incell(cell));
 }
 
 std::string tellfound(const Subset& find) {
@@ -419,7 +419,7 @@ void closing(const Subset& find) {
   if (!find.naked()) return;
   eachdigit(find.set, [&find](int digit) {
     for (int cell : housecells(find.housekind, find.house))
-      if (hascandidate(cell, digit)) frmmain::txthint.text += say(closingcell, hole("cell", cellname(cell)));
+      if (hascandidate(cell, digit)) frmmain::txthint.text += say(closingcell, incell(cell));
   });
 }
 

@@ -109,10 +109,6 @@ struct Leg {
 };
 constexpr Leg legs[] = {{"br", HouseKind::row, rowslot}, {"bc", HouseKind::column, columnslot}};
 
-int blockof(int cell) {
-  return houseof(HouseKind::block, cell);
-}
-
 bool placed(int slot, int digit) {
   return (usedmask(slot) & bitvalue(digit)) != 0;
 }
@@ -329,7 +325,7 @@ std::string tell(const Words& words, const Wing& find) {
 }
 
 std::string at(const Words& words, int cell) {
-  return say(words, hole("cell", cellname(cell)));
+  return say(words, incell(cell));
 }
 
 // ---- step -------------------------------------------------------------------------------------------------
@@ -380,7 +376,7 @@ void twin(const WingKind& kind) {
 /// The digit in the pivot, and the wing that it leaves z to.
 std::string argue(const Words& words, const Wing& find, int digit) {
   const int wing = hascandidate(find.wing1, digit) ? find.wing1 : find.wing2;
-  return say(words, hole("pivot", cellname(find.pivot)), hole("digit", digit), hole("z", find.z),
+  return say(words, hole("pivot", cellname(find.pivot)), ofdigit(digit), hole("z", find.z),
              hole("wing", cellname(wing)));
 }
 

@@ -48,7 +48,7 @@ constexpr int level = 19;
 
 /// Words about the two ends of the chain proper.
 std::string tellends(const Words& words, int digit, const Chain& chain) {
-  return say(words, hole("digit", digit), hole("first", cellname(chain.first().cell)),
+  return say(words, ofdigit(digit), hole("first", cellname(chain.first().cell)),
              hole("last", cellname(chain.last().cell)));
 }
 

@@ -1,7 +1,6 @@
 #include "ladders.h"
 
 #include "bug.h"
-#include "colouring.h"
 #include "fish.h"
 #include "forcing.h"
 #include "intersections.h"
@@ -9,9 +8,11 @@
 #include "nishio.h"
 #include "pairs.h"
 #include "rectangles.h"
+#include "simplecolours.h"
 #include "singles.h"
 #include "subsets.h"
 #include "wings.h"
+#include "xcolours.h"
 #include "xychains.h"
 
 namespace gradino {
@@ -71,5 +72,9 @@ const Ladder gradeladder = {
     &nishio,
 };
 // clang-format on
+
+void forgetsteps() {
+  for (const Technique* technique : hintladder) technique->forget();
+}
 
 }  // namespace gradino

@@ -16,4 +16,7 @@ extern const Ladder hintladder;
 /// graded through another path than the one that its user steps through.
 extern const Ladder gradeladder;
 
+/// Drops the steps on show of all techniques, as in a program just started.
+void forgetsteps();
+
 }  // namespace gradino

@@ -2,7 +2,6 @@
 
 #include "browser.h"
 #include "bug.h"
-#include "colouring.h"
 #include "continuous.h"
 #include "counter.h"
 #include "editing.h"
@@ -19,12 +18,14 @@
 #include "nishio.h"
 #include "pairs.h"
 #include "rectangles.h"
+#include "simplecolours.h"
 #include "step.h"
 #include "stepsolver.h"
 #include "subsets.h"
 #include "tables.h"
 #include "view.h"
 #include "wings.h"
+#include "xcolours.h"
 #include "xychains.h"
 
 namespace gradino {

@@ -8,6 +8,7 @@
 #include "editing.h"
 #include "freshstate.h"
 #include "grader.h"
+#include "ladders.h"
 #include "librarycursor.h"
 #include "replay.h"
 #include "singles.h"
@@ -19,6 +20,7 @@ namespace gradino {
 void startprogram() {
   freshboard();
   freshstate();
+  forgetsteps();
   stepdigit = stepcell = 0;
   boardfinished = false;
   logline = 0;

@@ -1,9 +1,8 @@
 // Sentences. Each stands once, whole, Italian above English, with named holes, at the head of the file that
 // says it:
 //
-//   constexpr Words headline = {"naked single nella cella r{row}c{col}",
-//                               "naked single in cell r{row}c{col}"};
-//   txthint.text = say(headline, hole("row", 3), hole("col", 4));
+//   constexpr Words headline = {"naked single nella cella {cell}", "naked single in cell {cell}"};
+//   txthint.text = say(headline, incell(cell));
 //
 // The language is read at the moment of speaking.
 #pragma once
@@ -13,6 +12,8 @@
 #include <string>
 #include <string_view>
 #include <variant>
+
+#include "houses.h"
 
 namespace gradino {
 
@@ -35,6 +36,14 @@ inline Hole hole(std::string_view name, std::convertible_to<long long> auto cons
 }
 inline Hole hole(std::string_view name, std::string_view text) {
   return {name, text};
+}
+
+/// The two holes that most sentences of a step have: {cell}, read as "r4c5", and {digit}.
+inline Hole incell(int cell) {
+  return hole("cell", cellname(cell));
+}
+inline Hole ofdigit(int digit) {
+  return hole("digit", digit);
 }
 
 /// The words in the language in force.

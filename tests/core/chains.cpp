@@ -22,7 +22,7 @@ std::vector<std::string> wordsof(std::string_view text) {
 }
 
 std::string linkread(int cell, int digit, bool flag) {
-  return cellname(cell) + (flag ? "=" : "<>") + std::to_string(digit);
+  return std::string(cellname(cell)) + (flag ? "=" : "<>") + std::to_string(digit);
 }
 
 }  // namespace

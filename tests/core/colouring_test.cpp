@@ -1,6 +1,4 @@
 // Simple colours and x-colours: what is found, shown, argued, logged and done, and what ends a search.
-#include "colouring.h"
-
 #include <gtest/gtest.h>
 
 #include "gradestate.h"
@@ -9,9 +7,11 @@
 #include "light.h"
 #include "log.h"
 #include "player.h"
+#include "simplecolours.h"
 #include "step.h"
 #include "stepsolver.h"
 #include "technique.h"
+#include "xcolours.h"
 
 namespace gradino::tests {
 namespace {

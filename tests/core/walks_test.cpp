@@ -7,7 +7,6 @@
 
 #include "bug.h"
 #include "clearboard.h"
-#include "colouring.h"
 #include "counter.h"
 #include "fish.h"
 #include "forcing.h"
@@ -21,10 +20,12 @@
 #include "player.h"
 #include "rectangles.h"
 #include "replay.h"
+#include "simplecolours.h"
 #include "step.h"
 #include "stepsolver.h"
 #include "subsets.h"
 #include "wings.h"
+#include "xcolours.h"
 #include "xychains.h"
 
 namespace gradino::tests {
