@@ -47,7 +47,7 @@ struct Located {
       : value(v), place(at) {}  // NOLINT
 };
 
-/// An integer of fixed width whose assignment is checked. Name it when it stands alone; a Table names its
+/// An integer of fixed width whose assignment is checked. Name it unless it is in a Table, which names its
 /// own.
 template <class T>
 class Small {

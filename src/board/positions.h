@@ -9,7 +9,8 @@
 
 namespace gradino {
 
-/// The number of bits in each set of nine: quicker than counting them on a processor that has no word for it.
+/// The number of bits in each set of nine: quicker than counting where the processor has no instruction for
+/// it.
 inline constexpr auto bitcounts = [] {
   std::array<std::uint8_t, 512> counts{};
   for (unsigned bits = 0; bits < 512; ++bits) counts[bits] = static_cast<std::uint8_t>(std::popcount(bits));

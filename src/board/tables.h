@@ -48,7 +48,7 @@ inline Positions housepos(HouseKind kind, int digit, int house) {
                                      : blockpos(digit, house);
 }
 
-inline constexpr int rowslot = 81, columnslot = 90, blockslot = 99;  ///< where the houses stand in usedmask
+inline constexpr int rowslot = 81, columnslot = 90, blockslot = 99;  ///< the slots of the houses in usedmask
 
 /// Fills the constant tables. Once, at start.
 void buildtables();

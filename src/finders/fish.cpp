@@ -37,7 +37,7 @@ namespace {
 // Two directions a sentence: the lines are rows, the lines are columns.
 using Pair = std::array<Words, 2>;
 
-// The numbers of lines and cross lines are 1-based and stand side by side: rows 1 and 4 read as 14.
+// The numbers of lines and cross lines are 1-based and written side by side: rows 1 and 4 read as 14.
 constexpr Pair xwingfound = {{{"X-WING, numero {digit} nelle righe {lines} colonne {cross}",
                                "X-WING, number {digit} in rows {lines} columns {cross}"},
                               {"X-WING, numero {digit} nelle colonne {lines} righe {cross}",
@@ -51,7 +51,7 @@ constexpr Pair jellyfishfound = {{{"JELLYFISH, numero {digit} nelle righe {lines
                                   {"JELLYFISH, numero {digit} nelle colonne {lines} righe {cross}",
                                    "JELLYFISH, number {digit} in columns {lines} rows {cross}"}}};
 
-// " from " stands in both languages, and X-Wing's Italian log line has a stray quote.
+// " from " is in both languages, and X-Wing's Italian log line has a stray quote.
 constexpr Words deleted = {"eliminato {digit} from ", "deleted {digit} from "};
 constexpr Words logdeletedxwing = {" *`eliminato {digit} from ", " * deleted {digit} from "};
 constexpr Words logdeleted = {" * eliminato {digit} from ", " * deleted {digit} from "};
@@ -146,7 +146,7 @@ constexpr Words redcell = {"{cell}, ", "{cell}, "};
 constexpr Words joiner = {" e ", " , "};
 constexpr Words deletejoiner = {" e ", " and "};
 
-/// What tells the three fish apart.
+/// What the three fish differ in.
 struct FishKind {
   const Technique& technique;
   int n;  ///< lines
@@ -291,9 +291,9 @@ void forget() {
 
 // ---- step -------------------------------------------------------------------------------------------------
 
-// An X-Wing shows all four corners in green. The greater ones show where the digit is, and in red where it
-// goes. Returns the cells painted: they alone go back to white, so that what an explanation painted stays
-// when it was stopped.
+// An X-Wing shows all four corners in green. Larger fish show in green where the digit is, and in red the
+// cells that lose it. Returns the cells painted: only they go back to white, so that what an explanation
+// painted stays when it was stopped.
 std::vector<int> paint(const FishKind& kind, const Fish& fish) {
   std::vector<int> painted;
   const auto mark = [&](int cell, Colour colour) {
@@ -353,7 +353,7 @@ void twin(const FishKind& kind) {
 
 // ---- explanation ------------------------------------------------------------------------------------------
 
-/// X-Wing: the digit stands in one of two opposite pairs of corners, the blue or the green.
+/// X-Wing: the digit is in one of two opposite pairs of corners, the blue or the green.
 void arguecorners(const Fish& fish, Lesson& lesson) {
   const std::vector<int> corner = crossings(fish);
   pencilmark(corner[1], fish.digit).back = cyan;

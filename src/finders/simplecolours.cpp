@@ -37,7 +37,7 @@ constexpr Words hint = {
 constexpr Words headlinewords = {
     "COLORI SEMPLICI, numero {digit} è possibile eliminare il numero dalle celle rosse",
     "SIMPLE COLORS, number {digit} it is possible to delete the candidate from red cells"};
-// " from " stands in both languages.
+// " from " is in both languages.
 constexpr Words deleted = {"eliminato {digit} from ", "deleted {digit} from "};
 constexpr Words logdeleted = {" * eliminato {digit} from ", " * deleted {digit} from "};
 
@@ -159,7 +159,8 @@ bool samehouse(int one, int other) {
 
 /// Looks through all pairs of the cluster. A clash ends it, whatever was recorded before.
 void checkcluster(Colours& find, int size) {
-  const auto record = [&find, here = __func__](int cell) {
+  const char* const here = __func__;
+  const auto record = [&](int cell) {
     if (!hascandidate(cell, find.digit)) return;
     foundflag = true;
     find.deleted.add(cell, here);

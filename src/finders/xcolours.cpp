@@ -8,9 +8,7 @@
 // Deletions are recorded in short lists, repeats too: a board that gives more than they hold is a fault.
 #include "xcolours.h"
 
-#include <array>
 #include <bitset>
-#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -255,7 +253,8 @@ void sharedhouses(int one, int other, Act act) {
 /// Records what sees a true cell of each group. A cell that is true in both counts as a pair too: it shares
 /// row, column and block with itself.
 void recorddeletions(XColours& find) {
-  const auto record = [&find, here = __func__](int cell) {
+  const char* const here = __func__;
+  const auto record = [&](int cell) {
     if (hascandidate(cell, find.digit)) find.deleted.add(cell, here);
   };
   for (int one : find.group[0])
@@ -282,12 +281,11 @@ XColours scanxcolors(Byte& digit) {
   for (digit = 1; digit <= 9; digit += 1) {
     find.digit = digit;
     const ByHouse<unsigned> places = candidatesbyrow(digit);
-    std::bitset<cellcount * cellcount> done;  // two cells can share a line and a block
+    ByCell<std::bitset<cellcount>> done;  // two cells can share a line and a block
     const bool over =
         seeds(digit, {HouseKind::row, HouseKind::block, HouseKind::column}, [&](int first, int second) {
-          const auto pair = static_cast<std::size_t>(first * cellcount + second);
-          if (done[pair]) return false;
-          done.set(pair);
+          if (done[first][second]) return false;
+          done[first].set(second);
           runpair(find, first, second, places);
           return static_cast<bool>(find);
         });

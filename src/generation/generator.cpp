@@ -241,6 +241,13 @@ void frmgenerazione::genera() {
   frmprogress::visible = false;
 }
 
+void freshgenerator() {
+  cellescelte.clear();
+  cifrescelte.clear();
+  scelte = 0;
+  generationfailed = marksbehind = false;
+}
+
 void frmprogress::timer() {
   Text1.text = fmt::format("{}", static_cast<float>(host.clock()));
 }

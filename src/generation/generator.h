@@ -11,7 +11,7 @@
 
 namespace gradino {
 
-/// The command word while puzzles are made. It stays behind until the board is cleared or counted: the log of
+/// The command word while puzzles are made. It stays until the board is cleared or counted: the log of
 /// a generated puzzle has no snapshots.
 inline constexpr const char* generatecommand = "genera";
 
@@ -40,4 +40,8 @@ namespace frmmain {
 void nuovoschema();
 
 }  // namespace frmmain
+
+/// The generator as in a program just started.
+void freshgenerator();
+
 }  // namespace gradino

@@ -1,5 +1,5 @@
 // The grader: solves the puzzle on the board silently, from beginning to end, and leaves level, counters and
-// log behind.
+// log.
 #pragma once
 
 #include "checked.h"

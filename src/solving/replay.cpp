@@ -35,8 +35,8 @@ std::string_view lineat(std::string_view text, std::size_t caret) {
   return begin == std::string_view::npos ? upto : upto.substr(begin + newline.size());
 }
 
-/// How many line breaks stand before the caret: the number of its line. At the end of a line it is still that
-/// line's.
+/// The number of line breaks before the caret, which is the number of its line. At the end of a line it is
+/// still that line.
 int breaksbefore(std::string_view text, std::size_t caret) {
   int count = 0;
   for (std::size_t at = text.find(newline); at < caret; at = text.find(newline, at + 1)) ++count;

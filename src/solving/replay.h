@@ -15,7 +15,7 @@ inline constinit Int16 logline{"logline"};
 void Text3_DblClick(std::size_t caret);
 
 /// The Return key there does the same, but on a line without a snapshot it says so and changes nothing: in a
-/// log just shown the caret stands on the empty first line, and nobody has pointed at it.
+/// log just shown the caret is on the empty first line, which the user has not chosen.
 void Text3_Return(std::size_t caret);
 
 /// Restores snapshot `logline`, with all eliminations up to there, and runs the step solver. A line without a

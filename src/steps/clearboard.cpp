@@ -27,7 +27,7 @@ void clearboard() {
     writetext2(cell, "");
     frmmain::Text1(cell).fore = red;
     frmmain::Text1(cell).locked = false;
-    // The tables are emptied with the boxes: a puzzle typed next must not stand on the one before. Only
+    // The tables are emptied with the boxes: a puzzle typed next must not rest on the one before. Only
     // solutiontext stays as the last count left it.
     cellvalue(cell) = 0;
     givens(cell).clear();

@@ -16,6 +16,7 @@ void freshstate() {
   suppresschange = modificacandidati = false;
   colorescelto = 0;
   lightresult = 0;
+  explaining = false;
 
   foundflag = false;
   steptag.clear();
@@ -23,10 +24,7 @@ void freshstate() {
   nishioflag = false;
   comandocorrente.clear();
 
-  logcount = 0;
-  logvalues.clear();
-  logcands.clear();
-  logflags.clear();
+  freshlog();
 
   cleargrade();
   numerosoluzioni = 0;

@@ -55,8 +55,8 @@ void detail(std::string_view line) {
 
 namespace {
 
-/// A number of the snapshot as it is written, "1022,", with its length in the last byte: eight bytes that are
-/// copied at once, whatever the length, and the next number begins right after it.
+/// A mask as the snapshot has it, "1022,", with its length in the last byte. All eight bytes are copied at
+/// once, whatever the length; the next number is then written right after the comma.
 using MaskText = std::array<char, 8>;
 
 /// By mask. A puzzle's grade writes some four thousand of them.
@@ -72,10 +72,10 @@ const auto masktexts = [] {
 
 using Numbers = std::span<const std::int32_t, cellcount>;
 
-// Numbers that no board should hold are looked for once, after the loop: a table that has one is written out
-// by a slower way, as it stands.
+// The fast loops below are right for digits and masks only. Whether a table held any other number is asked
+// once, after the loop; such a table is then written again by the formatter.
 
-/// Sixteen cells at a time in plain vectors of the compiler, and the last.
+/// Sixteen cells at a time in plain vectors of the compiler, then the last cell.
 void writevalues(std::string& text, Numbers values) {
   using Sixteen [[gnu::vector_size(64)]] = std::uint32_t;
   using Halves [[gnu::vector_size(32)]] = std::uint16_t;
@@ -128,6 +128,15 @@ bool hassnapshot(int line) {
 void emptylogtext() {
   Frmlog::Text3.text.clear();
   ++emptied;
+}
+
+void freshlog() {
+  logcount = 0;
+  logvalues.clear();
+  logcands.clear();
+  logflags.clear();
+  emptied = 0;
+  snapshottext.clear();
 }
 
 void clearlog() {

@@ -1,4 +1,4 @@
-// The activity log: the grader's story of a puzzle, with a snapshot of the board behind each headline.
+// The activity log: the grader's story of a puzzle, with a snapshot of the board for each headline.
 //
 // The log is the text of Frmlog's box. Each line is appended as line break + line, so the text begins with an
 // empty line and the first real one is number 1. A headline names a step; a detail line begins with " * " and
@@ -20,7 +20,7 @@ inline Table<std::string, 0, 650> logvalues{"logvalues"};  ///< 81 digits, "0" f
 inline Table<std::string, 0, 650> logcands{"logcands"};    ///< 81 decimal candmasks, a comma after each
 inline Table<bool, 0, 650> logflags{"logflags"};           ///< the nishioflag of that moment
 
-/// The log window comes to be when it is first reached, and keeps the caption of the language of that moment.
+/// Gives the log window its caption when it is first needed. The caption keeps the language of that moment.
 void loadlogwindow();
 
 /// Appends one line to the text; counts nothing.
@@ -29,7 +29,7 @@ void appendline(std::string_view line);
 /// Appends to the last line.
 void appendwords(std::string_view words);
 
-/// Counts a headline and keeps the board as it stands now. During a long job: nothing.
+/// Counts a headline and keeps the board as it is now. During a long job: nothing.
 /// Fault: more than 650 lines.
 void counthead();
 
@@ -52,5 +52,8 @@ void emptylogtext();
 /// An empty log. Only entries up to 150 are cleared, as the log of a puzzle needs no more: later ones are
 /// overwritten.
 void clearlog();
+
+/// The log as in a program just started.
+void freshlog();
 
 }  // namespace gradino

@@ -7,6 +7,7 @@
 #include "counter.h"
 #include "editing.h"
 #include "freshstate.h"
+#include "generator.h"
 #include "grader.h"
 #include "ladders.h"
 #include "librarycursor.h"
@@ -25,6 +26,7 @@ void startprogram() {
   boardfinished = false;
   logline = 0;
   freshcounter();
+  freshgenerator();
   cellacliccata = navcell = 0;
   freshclock();
   freshbrowser();
