@@ -10,9 +10,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include "boardgrade.h"
 #include "boxes.h"
 #include "counter.h"
-#include "files.h"
+#include "filecommands.h"
 #include "fish.h"
 #include "grader.h"
 #include "gradestate.h"

@@ -15,8 +15,8 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include "boardgrade.h"
 #include "counter.h"
-#include "files.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "grid.h"

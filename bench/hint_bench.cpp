@@ -12,7 +12,8 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
-#include "files.h"
+#include "boardgrade.h"
+#include "counter.h"
 #include "gradestate.h"
 #include "grid.h"
 #include "host.h"

@@ -2,9 +2,9 @@
 #include <cstdio>
 #include <string>
 
+#include "boardgrade.h"
 #include "boxes.h"
 #include "counter.h"
-#include "freshforms.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "grid.h"
@@ -25,22 +25,18 @@ constexpr const char* puzzle =
 
 void putup() {
   freshboard();
-  freshforms();
+  freshboxes();
   freshcounter();
   buildtables();
   lingua = english;
   suppresschange = true;
-  for (int cell = 0; cell < cells; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     const char symbol = puzzle[cell];
     givens(cell) = symbol == '.' ? "" : std::string(1, symbol);
     cellvalue(cell) = leadingnumber(givens(cell));
   }
   conta();
-  loadgivens();
-  rebuildusedmask();
-  refreshcandidates();
-  rebuildcandstr();
-  rebuildpositions();
+  settleboard();
 }
 
 }  // namespace

@@ -1,14 +1,13 @@
 #include <fmt/format.h>
 
+#include "boardgrade.h"
 #include "boxes.h"
-#include "files.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "log.h"
 #include "session.h"
 #include "subcommands.h"
 #include "tables.h"
-#include "view.h"
 
 namespace gradino::cli {
 namespace {
@@ -54,10 +53,8 @@ std::string grade(const std::string& puzzle, const Options& options) {
   runguarded(session, [&] {
     putup(puzzle);
     settleboard();
-    mnupencil_Click();
     SolveSudoku();
     keepfinal();
-    showboard();
   });
   if (session.fault) keepfinal();
   if (!options.json) return row(session, puzzle);

@@ -17,8 +17,8 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include "boardgrade.h"
 #include "continuous.h"
-#include "files.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "host.h"

@@ -1,8 +1,9 @@
 #include "session.h"
 
+#include "boardgrade.h"
 #include "captions.h"
+#include "counter.h"
 #include "faults.h"
-#include "files.h"
 #include "gradestate.h"
 #include "grid.h"
 #include "host.h"
@@ -10,6 +11,7 @@
 #include "puzzlefile.h"
 #include "startup.h"
 #include "tables.h"
+#include "view.h"
 #include "words.h"
 
 namespace gradino::cli {
@@ -43,6 +45,12 @@ void putup(const std::string& puzzle) {
   rebuildcandstr();
   rebuildpositions();
   countgivens();
+}
+
+void putonshow(const std::string& puzzle) {
+  putup(puzzle);
+  mnupencil_Click();
+  showboard();
 }
 
 std::string valuestext() {

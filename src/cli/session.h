@@ -30,6 +30,9 @@ void runguarded(Session& session, const std::function<void()>& event);
 /// Puts a puzzle (81 symbols) up as opening a file does with what its scanner read, up to and with the count.
 void putup(const std::string& puzzle);
 
+/// Puts a puzzle up and shows it, as opening a file does, but without the grade.
+void putonshow(const std::string& puzzle);
+
 /// A text of a box, split at its line breaks.
 std::vector<std::string> linesof(const std::string& text);
 

@@ -14,9 +14,9 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include "boardgrade.h"
 #include "boxes.h"
 #include "exchange.h"
-#include "files.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "librarycommand.h"

@@ -7,7 +7,6 @@
 
 #include "boxes.h"
 #include "explain.h"
-#include "files.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "host.h"
@@ -21,7 +20,6 @@
 #include "step.h"
 #include "stepsolver.h"
 #include "tables.h"
-#include "view.h"
 #include "words.h"
 #include "xcolours.h"
 
@@ -121,12 +119,7 @@ std::string lastlogline() {
 
 void setup(Session& session, const std::string& puzzle) {
   startsession(session, "en");
-  runguarded(session, [&] {
-    putup(puzzle);
-    settleboard();
-    mnupencil_Click();
-    showboard();
-  });
+  runguarded(session, [&] { putonshow(puzzle); });
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 
 #include "boxes.h"
 #include "explain.h"
-#include "files.h"
 #include "grid.h"
 #include "host.h"
 #include "light.h"
@@ -16,7 +15,6 @@
 #include "stepsolver.h"
 #include "subcommands.h"
 #include "tables.h"
-#include "view.h"
 #include "words.h"
 
 namespace gradino::cli {
@@ -40,12 +38,7 @@ class Walk {
     host.waitevents = [this] { wait(); };
     host.message = [this](const std::string& text) { tell({{"box", text}}, "    [" + text + "]"); };
     tell({{"puzzle", puzzle}}, puzzle);
-    guarded([&] {
-      putup(puzzle);
-      settleboard();
-      mnupencil_Click();
-      showboard();
-    });
+    guarded([&] { putonshow(puzzle); });
   }
 
   std::string run() {

@@ -19,6 +19,7 @@ namespace {
 constexpr const char* invalid = "Invalid Puzzle";
 constexpr const char* toomany = "More than 500 solutions";
 constexpr const char* counted = " Solutions";
+constexpr const char* several = "More than one solution ";
 
 constexpr int limit = 500;
 constexpr std::size_t records = 2049;
@@ -142,6 +143,11 @@ void conta() {
   }
   if (numerosoluzioni == 0) host.message(invalid);
   if (comandocorrente == countcommand) host.message(std::to_string(numerosoluzioni) + counted);
+}
+
+void countgivens() {
+  conta();
+  if (numerosoluzioni > 1) host.message(several);
 }
 
 void freshcounter() {

@@ -32,6 +32,9 @@ inline constexpr const char* countcommand = "conta";
 /// caller loads the board again.
 void conta();
 
+/// Counts the solutions of the givens, and shows a message if there is more than one.
+void countgivens();
+
 /// The counter's results as in a program just started.
 void freshcounter();
 

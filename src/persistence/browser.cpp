@@ -7,9 +7,9 @@
 
 #include <fmt/format.h>
 
+#include "boardgrade.h"
 #include "clearboard.h"
 #include "counter.h"
-#include "files.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "grid.h"

@@ -2,9 +2,12 @@
 
 #include <array>
 #include <charconv>
+#include <filesystem>
+#include <system_error>
 
 #include "boxes.h"
 #include "grid.h"
+#include "replacefile.h"
 #include "tables.h"
 #include "words.h"
 
@@ -13,6 +16,10 @@ namespace {
 
 constexpr std::string_view rule = "=============================================================";
 constexpr std::string_view rowline = "| .     .     .     | .     .     .     | .     .     .     |";
+
+[[noreturn]] void filefault(const std::string& name) {
+  throw Fault{Fault::Kind::file, name, 0, 0, 0, ""};
+}
 
 /// The file ended too early, or a field is no number.
 [[noreturn]] void unreadable() {
@@ -65,6 +72,14 @@ std::string symbol(int cell) {
 }
 
 }  // namespace
+
+std::ifstream openpuzzlefile(const std::string& name) {
+  std::error_code error;
+  std::ifstream file;
+  if (std::filesystem::is_regular_file(name, error)) file.open(name, std::ios::binary);
+  if (!file.is_open()) filefault(name);
+  return file;
+}
 
 int scanline(std::string_view line, int pos) {
   Byte length{"line length"}, at{"line position"};
@@ -123,6 +138,11 @@ std::string puzzledrawing() {
     if (const std::string s = symbol(cell); s != ".")
       text.replace(places[static_cast<std::size_t>(cell)], s.size(), s);
   return text;
+}
+
+void writepuzzle(const std::string& name) {
+  const std::string content = name.ends_with("lgc") ? puzzledrawing() : puzzleline();
+  if (!replacefile(name, content + std::string(newline))) filefault(name);
 }
 
 }  // namespace gradino

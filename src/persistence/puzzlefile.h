@@ -9,6 +9,7 @@
 // takes the symbols it knows and skips the rest. Line ends are CR LF; a lone LF is read too.
 #pragma once
 
+#include <fstream>
 #include <istream>
 #include <string>
 #include <string_view>
@@ -20,6 +21,9 @@ inline constexpr std::string_view openfilter =
     "*.sdk;*.txt|Tutti i formati (*.sav;*.sdk;*.txt;*.lgc)|*.sav;*.sdk;*.txt;*.lgc";
 inline constexpr std::string_view savefilter =
     "Puzzle salvati (*.sav)|*.sav|File di testo (*.txt)|*.txt|sudokusol (*.sdk)|*.sdk|logicando (*.lgc)|*.lgc";
+
+/// Opens a puzzle file for reading. Fault: there is no such file.
+std::ifstream openpuzzlefile(const std::string& name);
 
 /// Takes the symbols of one line, from cell `pos` on, into givens, cellvalue and the boxes: 1 to 9 a given,
 /// one of . 0 x X an empty cell, any other character is skipped. Returns the next cell; at 81 it stops.
@@ -39,5 +43,8 @@ void readcommas(std::istream& file);
 /// What saving writes for the boxes as they stand, without the last line break: 81 symbols or the drawing.
 std::string puzzleline();
 std::string puzzledrawing();
+
+/// Writes the boxes to the file, in the format of its name. Fault: it can't be written.
+void writepuzzle(const std::string& name);
 
 }  // namespace gradino

@@ -5,7 +5,7 @@
 #include "continuous.h"
 #include "counter.h"
 #include "editing.h"
-#include "files.h"
+#include "filecommands.h"
 #include "fish.h"
 #include "forcing.h"
 #include "generator.h"

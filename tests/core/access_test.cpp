@@ -8,7 +8,6 @@
 #include "clock.h"
 #include "commands.h"
 #include "editing.h"
-#include "files.h"
 #include "grid.h"
 #include "menu.h"
 #include "player.h"

@@ -12,7 +12,7 @@
 
 #include "commands.h"
 #include "editing.h"
-#include "files.h"
+#include "filecommands.h"
 #include "gradestate.h"
 #include "grid.h"
 #include "literalcounter.h"

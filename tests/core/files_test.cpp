@@ -1,6 +1,4 @@
 // Puzzle files: each test reads and writes real ones.
-#include "files.h"
-
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
@@ -13,6 +11,7 @@
 #include "captions.h"
 #include "commands.h"
 #include "editing.h"
+#include "filecommands.h"
 #include "gradestate.h"
 #include "grid.h"
 #include "host.h"

@@ -5,12 +5,13 @@
 #include <set>
 #include <utility>
 
+#include "boardgrade.h"
 #include "boxes.h"
 #include "captions.h"
 #include "commands.h"
 #include "continuous.h"
 #include "editing.h"
-#include "files.h"
+#include "filecommands.h"
 #include "generator.h"
 #include "grader.h"
 #include "gradestate.h"

@@ -7,10 +7,10 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include "boardgrade.h"
 #include "captions.h"
 #include "clearboard.h"
 #include "commands.h"
-#include "files.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "grid.h"

@@ -5,7 +5,7 @@
 #include "clearboard.h"
 #include "editing.h"
 #include "explain.h"
-#include "files.h"
+#include "filecommands.h"
 #include "generator.h"
 #include "grid.h"
 #include "light.h"

@@ -18,7 +18,6 @@
 #include "boxes.h"
 #include "browser.h"
 #include "continuous.h"
-#include "files.h"
 #include "generator.h"
 #include "gradestate.h"
 #include "grid.h"

@@ -5,7 +5,7 @@
 
 #include "commands.h"
 #include "editing.h"
-#include "files.h"
+#include "filecommands.h"
 #include "grid.h"
 #include "host.h"
 #include "menu.h"

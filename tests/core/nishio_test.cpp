@@ -17,7 +17,7 @@
 #include "clearboard.h"
 #include "commands.h"
 #include "counter.h"
-#include "files.h"
+#include "filecommands.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "grid.h"

@@ -7,7 +7,7 @@
 
 #include "captions.h"
 #include "explain.h"
-#include "files.h"
+#include "filecommands.h"
 #include "grid.h"
 #include "host.h"
 #include "light.h"

@@ -6,7 +6,7 @@
 #include "commands.h"
 #include "counter.h"
 #include "editing.h"
-#include "files.h"
+#include "filecommands.h"
 #include "gradestate.h"
 #include "grid.h"
 #include "host.h"

@@ -11,8 +11,8 @@
 
 #include <fmt/format.h>
 
+#include "boardgrade.h"
 #include "counter.h"
-#include "files.h"
 #include "grader.h"
 #include "gradestate.h"
 #include "grid.h"
