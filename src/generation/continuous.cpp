@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "boardgrade.h"
 #include "boxes.h"
 #include "generator.h"
 #include "gradestate.h"
@@ -130,20 +131,7 @@ void frmmain::genera_e_conta() {
   comandocorrente = generatecommand;
   showlibrarywindows();
   const Unattended nobodywaits;
-  // The grader uses the board up: the last puzzle stands on it, ready to be solved.
-  const auto settle = [] {
-    loadgivens();
-    rebuildwhole();
-  };
-  try {
-    run();
-  } catch (const BoardLost&) {
-    throw;
-  } catch (...) {
-    settle();
-    throw;
-  }
-  settle();
+  gradeandrestore(run, repaintboard);  // the last puzzle is on the board, ready to be solved
 }
 
 }  // namespace gradino

@@ -9,6 +9,7 @@
 
 #include <fmt/format.h>
 
+#include "boardgrade.h"
 #include "boxes.h"
 #include "grader.h"
 #include "gradestate.h"
@@ -265,8 +266,7 @@ void showpuzzle() {
   }
   suppresschange = false;
   frmmain::filetxt.text = newpuzzle;
-  loadgivens();
-  rebuildwhole();
+  repaintboard();
 }
 
 }  // namespace
@@ -274,13 +274,7 @@ void showpuzzle() {
 void frmmain::nuovoschema() {
   libraryrecordopen = false;  // what is graded now is no record of the library
   comandocorrente = generatecommand;
-  try {
-    frmgenerazione::genera();
-  } catch (const Fault&) {  // the grade of the new puzzle is lost, but not the board
-    showpuzzle();
-    throw;
-  }
-  showpuzzle();
+  gradeandrestore(frmgenerazione::genera, showpuzzle);
 }
 
 }  // namespace gradino

@@ -10,7 +10,6 @@
 #include "boardgrade.h"
 #include "clearboard.h"
 #include "counter.h"
-#include "grader.h"
 #include "gradestate.h"
 #include "grid.h"
 #include "host.h"
@@ -231,19 +230,8 @@ void frmmain::libreria() {
   conta();
   settleboard();  // the counter has used the tables
   if (numerosoluzioni >= 2) return host.message(several);
-  try {
-    SolveSudoku();
-  } catch (const BoardLost&) {
-    bkglabel.visible = false;
-    throw;
-  } catch (...) {  // a full table, a store that can't be written: the grade is lost, but not the board
-    settleboard();
-    updatetext2();
-    throw;
-  }
-  settleboard();
-  updatetext2();
-  bkglabel.visible = false;
+  // Unlike gradeboard: the pencil marks stay on or off, and the empty boxes keep their colour.
+  gradeloaded(repaintboard);
 }
 
 void freshbrowser() {
