@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "browser.h"
+#include "commands.h"
 #include "editing.h"
-#include "menu.h"
 #include "tables.h"
 #include "words.h"
 
@@ -116,33 +116,6 @@ const BoxRow boxrows[] = {
 
 struct ControlRow { const Control* control; Words name, description; };
 const ControlRow controlrows[] = {
-    {&Toolbar2::open,        {"apri", "open"},                                {"apre uno schema da un file", "opens a puzzle from a file"}},
-    {&Toolbar2::anew,        {"nuovo", "new"},                                {"scacchiera vuota da riempire", "an empty board to fill"}},
-    {&Toolbar2::libreria,    {"libreria", "library"},                         {"apre la finestra della libreria", "opens the window of the library"}},
-    {&Toolbar2::save,        {"salva", "save"},                               {"salva lo schema in un file", "saves the puzzle in a file"}},
-    {&Toolbar2::print,       {"stampa", "print"},                             {"stampa la finestra", "prints the window"}},
-    {&Toolbar2::risolvi,     {"risolvi", "solution"},                         {"scrive la soluzione nelle caselle", "writes the solution into the cells"}},
-    {&Toolbar2::conta,       {"conta soluzioni", "count solutions"},          {"dice quante soluzioni ha lo schema", "tells how many solutions the puzzle has"}},
-    {&Toolbar2::undo,        {"rigenera schema", "from scratch"},             {"torna alle cifre date", "goes back to the given digits"}},
-    {&Toolbar2::genera,      {"generatore", "generator"},                     {"genera uno schema nuovo", "makes a new puzzle"}},
-    {&Toolbar2::continuo,    {"generatore continuo", "continuous generator"}, {"genera schemi per la libreria", "makes puzzles for the library"}},
-
-    {&Toolbar1::pencil,      {"candidati", "pencil marks"},                   {"mostra o nasconde i candidati", "shows or hides the pencil marks"}},
-    {&Toolbar1::refresh,     {"rigenera candidati", "refresh pencil marks"},  {"tutti i candidati che le cifre permettono", "all pencil marks that the digits allow"}},
-    {&Toolbar1::modifica,    {"modifica candidati", "edit pencil marks"},     {"premuto: i candidati si scrivono a mano", "pressed: pencil marks are written by hand"}},
-    {&Toolbar1::activity,    {"log attività", "activity log"},                {"mostra o nasconde la finestra del log", "shows or hides the window of the log"}},
-    {&Toolbar1::obbligate,   {"intersezioni", "intersections"},               {"cerca un'intersezione", "looks for an intersection"}},
-    {&Toolbar1::nakedpair,   {"doppia nuda", "naked pair"},                   {"cerca una doppia nuda", "looks for a naked pair"}},
-    {&Toolbar1::hidden,      {"doppia nascosta", "hidden pair"},              {"cerca una doppia nascosta", "looks for a hidden pair"}},
-    {&Toolbar1::nakedtriple, {"triple quadruple", "triple-quad"},             {"cerca una tripla, poi una quadrupla, nuda o nascosta", "looks for a triple, then a quad, naked or hidden"}},
-    {&Toolbar1::xywing,      {"XY-XYZ Wing", "XY-XYZ Wing"},                  {"cerca un XY-Wing, poi un XYZ-Wing", "looks for an XY-Wing, then an XYZ-Wing"}},
-    {&Toolbar1::xwing,       {"X Wing", "X Wing"},                            {"cerca un X-Wing", "looks for an X-Wing"}},
-    {&Toolbar1::sword,       {"swordfish-jellyfish", "swordfish-jellyfish"},  {"cerca uno Swordfish, poi un Jellyfish", "looks for a Swordfish, then a Jellyfish"}},
-    {&Toolbar1::colori,      {"colori", "colors"},                            {"cerca con i colori semplici, poi con gli X-colori", "looks with simple colours, then with X-colours"}},
-    {&Toolbar1::chain,       {"cicli - catene forzate", "loops - chains"},    {"cerca un ciclo, poi una catena forzata, poi una catena Nishio", "looks for a loop, then a forcing chain, then a Nishio chain"}},
-    {&Toolbar1::numero,      {"mostra suggerimento", "show hint number"},     {"mostra o nasconde la cifra del suggerimento", "shows or hides the digit of the hint"}},
-    {&Toolbar1::suggerisci,  {"suggerisci", "hint"},                          {"mostra il prossimo passo e aspetta al semaforo", "shows the next step and waits at the traffic light"}},
-
     {&Pictgo,         {"procedi", "go"},      {"semaforo verde: esegue il passo", "green light: carries the step out"}},
     {&Pictalt,        {"stop", "stop"},       {"semaforo rosso: lascia tutto com'è", "red light: leaves everything as it is"}},
     {&Picthelp,       {"spiega", "explain"},  {"spiega il passo in un'altra finestra", "explains the step in another window"}},
@@ -308,6 +281,10 @@ Telling spoken(const Box& box) {
 }
 
 Telling spoken(const Control& control) {
+  for (const auto& keys : {toolbar1rows(), toolbar2rows()})
+    for (const KeyRow& row : keys)
+      if (row.control == &control)
+        return inbothfields(row.name.it.empty() ? row.tip : row.name, row.description);
   if (&control != &picstart) return spokenby(controlrows, &ControlRow::control, control);
   return picstartlamp == Lamp::rosso ? inbothfields(pausetimer, pausetimerdescription)
                                      : inbothfields(starttimer, starttimerdescription);

@@ -102,78 +102,25 @@ bool untilfound() {
   return true;
 }
 
-constexpr Words both(std::string_view text) {
-  return {text, text};
-}
-
 // clang-format off
 const MenuRow menutable[] = {
-    {&mnufile,       true,  both("File"),                                       nullptr},
-    {&mnuopen,       false, {"Apri", "Open"},                                   mnuopen_Click},
-    {&mnusave,       false, {"Salva", "Save"},                                  mnusave_Click},
-    {&mnunew,        false, {"Nuovo", "New blank"},                             mnunew_Click},
-    {&mnuprint,      false, {"Stampa", "Print"},                                mnuprint_Click},
-    {&mnulibreria,   false, {"Libreria", "Open library"},                       mostralibreria},
-    {&mnuview,       true,  {"Visualizza", "View"},                             nullptr},
-    {&mnupencil,     false, {"Mostra candidati", "Show pencil marks"},          mnupencil_Click},
-    {&mnurefresh,    false, {"Rigenera candidati", "Refresh pencil marks"},     mnurefresh_Click},
-    {&mnuedit,       false, {"Modifica candidati", "Edit pencil marks"},        mnuedit_Click},
-    {&mnuactivity,   false, {"Mostra attivita'", "Show activity"},              mnuactivity_Click},
-    {&mnuhints,      true,  {"Suggerimenti", "Hints"},                          nullptr},
-    {&mnuposition,   false, {"suggerisci posizione", "Suggest position"},       mnuposition_Click},
-    {&mnunumber,     false, {"suggerisci numero", "Suggest number"},            mnunumber_Click},
-    {&mnutecniche,   true,  {"Tecniche", "Tecniques"},                          nullptr},
-    {&mnurestricted, false, {"Intersezioni", "Intersections"},                  eachof<techniques::intersections>},
-    {&mnunakedpair,  false, both("Naked Pair"),                                 eachof<techniques::nakedpair>},
-    {&mnuhidden,     false, both("Hidden pair"),                                eachof<techniques::hiddenpair>},
-    {&mnutriplet,    false, both("Naked-Hidden triple-quad"),                   eachof<triple, quad>},
-    {&mnuxy,         false, both("XY-XYZ Wing"),                                eachof<xywing, xyzwing>},
-    {&mnuxwing,      false, both("X Wing"),                                     eachof<xwing>},
-    {&mnusword,      false, both("Sword Fish -JellyFish"),                      eachof<swordfish, jellyfish>},
-    {&mnucolori,     false, {"Colori", "Coloring"},                             eachof<simplecolours, xcolours>},
-    {&mnuchain,      false, {"Catene forzate", "Forcing chain"},                eachof<loop, nishio>},
-    {&mnutools,      true,  {"Strumenti", "Tools"},                             nullptr},
-    {&mnusolve,      false, {"Risolvi", "Solve"},                               mnusolve_Click},
-    {&mnugenerator,  true,  {"Generatore", "Generator"},                        nullptr},
-    {&mnuadvanced,   false, {"Avanzato", "Advanced"},                           nuovoschema},
+#define TITLE(control, it, en)      {&control, #control, true,  {it, en}, nullptr},
+#define ENTRY(control, it, en, ...) {&control, #control, false, {it, en}, __VA_ARGS__},
+#include "menu.def"
 };
 
 const KeyRow toolbar2table[] = {
-    {&Toolbar2::open,       "open",        "Open",   {"apri", "open"},                                run<mnuopen_Click>},
-    {&Toolbar2::anew,       "new",         "New",    {"nuovo", "new"},                                run<mnunew_Click>},
-    {&Toolbar2::libreria,   "libreria",    "",       {"libreria", "library"},                         run<mostralibreria>},
-    {&Toolbar2::save,       "save",        "",       {"salva", "save"},                               savekey},
-    {&Toolbar2::print,      "print",       "",       {"stampa", "print"},                             run<mnuprint_Click>},
-    {nullptr,               "",            "",       {},                                              nullptr},
-    {&Toolbar2::risolvi,    "risolvi",     "",       {"risolvi", "solution"},                         solve},
-    {&Toolbar2::conta,      "conta",       "",       {"conta soluzioni", "count solutions"},          countsolutions},
-    {&Toolbar2::undo,       "undo",        "",       {"rigenera schema", "from scratch"},             run<restoregivens>},
-    {nullptr,               "",            "",       {},                                              nullptr},
-    {&Toolbar2::genera,     "genera",      "",       {"generatore", "generator"},                     run<nuovoschema>},
-    {&Toolbar2::continuo,   "continuo",    "",       {"generatore continuo", "continuous generator"}, run<genera_e_conta>},
-    {nullptr,               "",            "",       {},                                              nullptr},
+#define KEY(control, picture, caption, tipit, tipen, nameit, nameen, it, en, ...) \
+  {&Toolbar2::control, picture, caption, {tipit, tipen}, {nameit, nameen}, {it, en}, __VA_ARGS__},
+#define GAP {},
+#include "toolbar2.def"
 };
 
 const KeyRow toolbar1table[] = {
-    {&Toolbar1::pencil,      "pencil",      "",       {"candidati", "pencil marks"},                   run<mnupencil_Click>},
-    {&Toolbar1::refresh,     "refresh",     "",       {"rigenera candidati", "refresh pencil marks"},  run<mnurefresh_Click>},
-    {&Toolbar1::modifica,    "modifica",    "",       {},                                              run<modifica_Click>},
-    {&Toolbar1::activity,    "activity",    "",       {"log attività", "activity log"},                run<mnuactivity_Click>},
-    {nullptr,                "",            "",       {},                                              nullptr},
-    {&Toolbar1::obbligate,   "obbligate",   "",       {"intersezioni", "intersections"},               untilfound<techniques::intersections>},
-    {&Toolbar1::nakedpair,   "nakedpair",   "",       {"doppia nuda", "naked pair"},                   untilfound<techniques::nakedpair>},
-    {&Toolbar1::hidden,      "hidden",      "",       {"doppia nascosta", "hidden pair"},              untilfound<techniques::hiddenpair>},
-    {&Toolbar1::nakedtriple, "nakedtriple", "",       {"triple quadruple", "naked_hidden triple-quad"}, untilfound<triple, quad>},
-    {&Toolbar1::xywing,      "xywing",      "",       {"XY-XYZ Wing", "XY-XYZ Wing "},                 untilfound<xywing, xyzwing>},
-    {&Toolbar1::xwing,       "xwing",       "",       {"X Wing", "X Wing"},                            untilfound<xwing>},
-    {&Toolbar1::sword,       "sword",       "",       {"swordfish-jellyfish", "swordfish-jellyfish"},  untilfound<swordfish, jellyfish>},
-    {&Toolbar1::colori,      "colori",      "",       {"colori", "colors"},                            untilfound<simplecolours, xcolours>},
-    {&Toolbar1::chain,       "chain",       "",       {"cicli - catene forzate", "loops - chains"},    untilfound<loop, forcingchain, nishio>},
-    {nullptr,                "",            "",       {},                                              nullptr},
-    {nullptr,                "",            "",       {},                                              nullptr},
-    {nullptr,                "",            "",       {},                                              nullptr},
-    {&Toolbar1::numero,      "numero",      "numero", {"mostra suggerimento", "show hint number"},     run<mnunumber_Click>},
-    {&Toolbar1::suggerisci,  "suggerisci",  "tip",    {"suggerisci", "hint"},                          run<mnuposition_Click>},
+#define KEY(control, picture, caption, tipit, tipen, nameit, nameen, it, en, ...) \
+  {&Toolbar1::control, picture, caption, {tipit, tipen}, {nameit, nameen}, {it, en}, __VA_ARGS__},
+#define GAP {},
+#include "toolbar1.def"
 };
 // clang-format on
 

@@ -1,5 +1,6 @@
-// What menu and toolbars say and do: tables, one row a command, in the order of the screen. A command that
-// can't run says so in a message; none is ever greyed.
+// What menu and toolbars say and do, one row a command, in the order of the screen, taken from the tables
+// menu.def, toolbar1.def and toolbar2.def. A command that can't run says so in a message; none is ever
+// greyed.
 #pragma once
 
 #include <span>
@@ -12,18 +13,21 @@ namespace gradino {
 /// A menu title or entry.
 struct MenuRow {
   Control* control;
-  bool title;  ///< opens a menu; the entries follow
+  const char* name;  ///< by which scripts and tests find it
+  bool title;        ///< opens a menu; the entries follow
   Words caption;
   void (*action)();
 };
 
 /// A toolbar key; without a control a separator.
 struct KeyRow {
-  Control* control;
-  const char* key;      ///< what the images are named by
-  const char* caption;  ///< the same in both languages
-  Words tip;            ///< empty: another routine sets it
-  bool (*action)();     ///< false: it refused
+  Control* control = nullptr;
+  const char* key = "";        ///< what the images are named by
+  const char* caption = "";    ///< the same in both languages
+  Words tip;                   ///< empty: another routine sets it
+  Words name;                  ///< spoken; empty: the tip
+  Words description;           ///< spoken too
+  bool (*action)() = nullptr;  ///< false: it refused
 };
 
 std::span<const MenuRow> menurows();

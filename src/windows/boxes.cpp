@@ -71,21 +71,15 @@ void freshpictures() {
 }
 
 void freshmenus() {
-  for (Control* control :
-       {&mnufile,     &mnuopen,       &mnusave,      &mnunew,      &mnuprint,   &mnulibreria,  &mnuview,
-        &mnupencil,   &mnurefresh,    &mnuedit,      &mnuactivity, &mnuhints,   &mnuposition,  &mnunumber,
-        &mnutecniche, &mnurestricted, &mnunakedpair, &mnuhidden,   &mnutriplet, &mnuxy,        &mnuxwing,
-        &mnusword,    &mnucolori,     &mnuchain,     &mnutools,    &mnusolve,   &mnugenerator, &mnuadvanced})
-    *control = {};
-  for (Control* key :
-       {&Toolbar1::pencil,    &Toolbar1::refresh,   &Toolbar1::modifica,   &Toolbar1::activity,
-        &Toolbar1::obbligate, &Toolbar1::nakedpair, &Toolbar1::hidden,     &Toolbar1::nakedtriple,
-        &Toolbar1::xywing,    &Toolbar1::xwing,     &Toolbar1::sword,      &Toolbar1::colori,
-        &Toolbar1::chain,     &Toolbar1::numero,    &Toolbar1::suggerisci, &Toolbar2::open,
-        &Toolbar2::anew,      &Toolbar2::libreria,  &Toolbar2::save,       &Toolbar2::print,
-        &Toolbar2::risolvi,   &Toolbar2::conta,     &Toolbar2::undo,       &Toolbar2::genera,
-        &Toolbar2::continuo})
-    *key = {};
+#define TITLE(control, ...) control = {};
+#define ENTRY(control, ...) control = {};
+#include "menu.def"
+#define KEY(control, ...) Toolbar1::control = {};
+#define GAP
+#include "toolbar1.def"
+#define KEY(control, ...) Toolbar2::control = {};
+#define GAP
+#include "toolbar2.def"
   Toolbar1::modifica.tip = "edit pencil marks";
   Toolbar2::continuo.visible = false;
 }

@@ -1,29 +1,25 @@
-// The menu entries and toolbar keys as controls. What they say and do stands in the command tables (ui).
+// The menu entries and toolbar keys as controls. Their tables, menu.def, toolbar1.def and toolbar2.def, say
+// all about them; here they are declared.
 #pragma once
 
 #include "boxes.h"
 
-namespace gradino {
+namespace gradino::frmmain {
 
-namespace frmmain {
-
-// clang-format off
-inline Control mnufile, mnuopen, mnusave, mnunew, mnuprint, mnulibreria;
-inline Control mnuview, mnupencil, mnurefresh, mnuedit, mnuactivity;
-inline Control mnuhints, mnuposition, mnunumber;
-inline Control mnutecniche, mnurestricted, mnunakedpair, mnuhidden, mnutriplet, mnuxy, mnuxwing, mnusword,
-               mnucolori, mnuchain;
-inline Control mnutools, mnusolve;
-inline Control mnugenerator, mnuadvanced;
+#define TITLE(control, ...) inline Control control;
+#define ENTRY(control, ...) inline Control control;
+#include "menu.def"
 
 namespace Toolbar1 {
-inline Control pencil, refresh, modifica, activity, obbligate, nakedpair, hidden, nakedtriple, xywing, xwing,
-               sword, colori, chain, numero, suggerisci;
-}
-namespace Toolbar2 {
-inline Control open, anew, libreria, save, print, risolvi, conta, undo, genera, continuo;
-}
-// clang-format on
+#define KEY(control, ...) inline Control control;
+#define GAP
+#include "toolbar1.def"
+}  // namespace Toolbar1
 
-}  // namespace frmmain
-}  // namespace gradino
+namespace Toolbar2 {
+#define KEY(control, ...) inline Control control;
+#define GAP
+#include "toolbar2.def"
+}  // namespace Toolbar2
+
+}  // namespace gradino::frmmain

@@ -5,17 +5,12 @@
 #include <QFontMetrics>
 #include <QMenu>
 #include <QMenuBar>
-#include <algorithm>
-#include <iterator>
 
 #include "events.h"
 #include "look.h"
-#include "menu.h"
 #include "screenreader.h"
 
 namespace gradino {
-
-using namespace frmmain;
 
 namespace {
 
@@ -24,31 +19,6 @@ constexpr int keywidth = 23, keyheight = 26, separatorwidth = 8;
 
 /// Separators in a row keep the room of the traffic light, which stands over the lower bar.
 constexpr int lightend = 423;
-
-// By these names scripts and tests find the entries.
-struct MenuName {
-  const Control* control;
-  const char* name;
-};
-// clang-format off
-const MenuName menunames[] = {
-    {&mnufile, "mnufile"}, {&mnuopen, "mnuopen"}, {&mnusave, "mnusave"}, {&mnunew, "mnunew"},
-    {&mnuprint, "mnuprint"}, {&mnulibreria, "mnulibreria"}, {&mnuview, "mnuview"},
-    {&mnupencil, "mnupencil"}, {&mnurefresh, "mnurefresh"}, {&mnuedit, "mnuedit"},
-    {&mnuactivity, "mnuactivity"}, {&mnuhints, "mnuhints"}, {&mnuposition, "mnuposition"},
-    {&mnunumber, "mnunumber"}, {&mnutecniche, "mnutecniche"}, {&mnurestricted, "mnurestricted"},
-    {&mnunakedpair, "mnunakedpair"}, {&mnuhidden, "mnuhidden"}, {&mnutriplet, "mnutriplet"},
-    {&mnuxy, "mnuxy"}, {&mnuxwing, "mnuxwing"}, {&mnusword, "mnusword"}, {&mnucolori, "mnucolori"},
-    {&mnuchain, "mnuchain"}, {&mnutools, "mnutools"}, {&mnusolve, "mnusolve"},
-    {&mnugenerator, "mnugenerator"}, {&mnuadvanced, "mnuadvanced"},
-};
-// clang-format on
-
-const char* nameof(const Control* control) {
-  return std::find_if(std::begin(menunames), std::end(menunames),
-                      [control](const MenuName& row) { return row.control == control; })
-      ->name;
-}
 
 int widthof(const PictureButton& key) {
   if (key.text().isEmpty()) return keywidth;
@@ -60,7 +30,7 @@ int widthof(const PictureButton& key) {
 Toolbar::Toolbar(QWidget* client, const char* name, int y, std::span<const KeyRow> rows, Click click)
     : QWidget(client), rows_(rows) {
   setObjectName(name);
-  setGeometry(0, y, clientwidth, barheight);
+  setGeometry(0, y, frmmain::clientwidth, barheight);
   setPalette(QApplication::palette());  // not the client area's
   setAutoFillBackground(true);
   for (const KeyRow& row : rows) addkey(row, click);
@@ -104,7 +74,7 @@ Menus::Menus(QMenuBar* bar) {
   for (const MenuRow& row : menurows()) {
     if (row.title) menu = bar->addMenu("");
     QAction* action = row.title ? menu->menuAction() : menu->addAction("");
-    action->setObjectName(nameof(row.control));
+    action->setObjectName(row.name);
     if (!row.title) QObject::connect(action, &QAction::triggered, bar, [&row] { onevent(row.action); });
     entries_.push_back({row.control, action});
   }
