@@ -14,8 +14,8 @@ namespace gradino {
 namespace frmlivello {
 inline std::string caption;
 inline bool visible = false;
-inline bool raised =
-    false;  ///< asked for: whoever shows windows brings it to the front, and clears the request
+/// Asked for: whoever shows windows brings it to the front, and clears the request.
+inline bool raised = false;
 inline Table<Control, 0, 22> Option1{"Option1"};  ///< the levels; the 23rd lies on top of the 21st
 inline Table<Box, 0, 21> LabelL{"LabelL"};        ///< the levels' names
 inline Box livelloscelto, numerototale, numeroselezionato, dettagliotxt, difftxt, id;

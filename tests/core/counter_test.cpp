@@ -212,8 +212,7 @@ TEST_F(Counter, ComesAnewToEveryPuzzle) {
   EXPECT_EQ(soluzioni.at(2), GridRecord{});
 }
 
-// ---- the key
-// ------------------------------------------------------------------------------------------------
+// ---- the key ---------------------------------------------------------------------------------------------
 
 class CountKey : public Bilingual {
  protected:
@@ -321,8 +320,7 @@ TEST_P(CountKey, ATypedBoardKeepsItsPencilMarks) {
   EXPECT_NE(visiblemarks(1), "");
 }
 
-// ---- judged by the plain search
-// -------------------------------------------------------------------------------
+// ---- judged by the plain search --------------------------------------------------------------------------
 
 using Engine = std::mt19937;
 
@@ -590,8 +588,7 @@ TEST_F(Counter, IsQuickWhereASearchWouldWander) {
   EXPECT_EQ(solution(), "693784512487512936125963874932651487568247391741398625319475268856129743274836159");
 }
 
-// ---- judged by recorded results
-// ------------------------------------------------------------------------------
+// ---- judged by recorded results --------------------------------------------------------------------------
 
 TEST_F(Counter, CountsAsTheReferenceLinesSay) {
   std::ifstream lines(TESTDATA "/reference/count.jsonl");

@@ -148,8 +148,7 @@ class Files : public Bilingual {
 };
 IN_BOTH_LANGUAGES(Files);
 
-// ---- reading
-// ------------------------------------------------------------------------------------------------
+// ---- reading ---------------------------------------------------------------------------------------------
 
 TEST_P(Files, AOneLineFileIsReadWhateverItsExtension) {
   for (const char* name : {"a.sav", "a.txt", "a.sdk", "a.lgc", "a.SAS", "a.Sas", "noextension", "a.doc"}) {
@@ -257,8 +256,7 @@ TEST_P(Files, GivensAreRedAndEmptyCellsTakePlainEntries) {
     EXPECT_EQ(frmmain::Text1(cell).fore, puzzle[cell] == '.' ? textcolor : red) << cell;
 }
 
-// ---- opening
-// ------------------------------------------------------------------------------------------------
+// ---- opening ---------------------------------------------------------------------------------------------
 
 TEST_P(Files, OpeningOffersItsFilterAndKeepsTheNameOfItsLastUse) {
   opentext(puzzle, "first.sav");
@@ -383,8 +381,7 @@ TEST_P(Files, EditingPencilMarksSurvivesOpening) {
   EXPECT_EQ(visiblemarks(0), candstr(0));
 }
 
-// ---- the comma form
-// -----------------------------------------------------------------------------------------
+// ---- the comma form --------------------------------------------------------------------------------------
 
 std::string commas(const std::string& text) {
   std::string line;
@@ -447,8 +444,7 @@ TEST_P(Files, ACommaBeyondCharacter255IsAFailure) {
   EXPECT_EQ(frmmain::Text1(80).text, "5") << "comma at 255";
 }
 
-// ---- saving
-// -------------------------------------------------------------------------------------------------
+// ---- saving ----------------------------------------------------------------------------------------------
 
 TEST_P(Files, SavingWritesOneLineOf83Bytes) {
   opentext(zeros(puzzle));

@@ -40,8 +40,7 @@ bool ringopen() {
   return Picture1(0).visible;
 }
 
-// ---- start
-// --------------------------------------------------------------------------------------------------
+// ---- start -----------------------------------------------------------------------------------------------
 
 TEST_F(Program, StartsInEnglishWithAnEmptyRedBoardWhateverWasBefore) {
   cmdlan_Click();
@@ -83,8 +82,7 @@ TEST_F(Program, ThePaletteHasItsColours) {
   EXPECT_EQ(colore(8).text, "X");
 }
 
-// ---- pencil marks on and off
-// --------------------------------------------------------------------------------
+// ---- pencil marks on and off -----------------------------------------------------------------------------
 
 TEST_F(Program, PencilMarksUncoverEmptyCellsOnly) {
   put(with({{0, '5'}}));
@@ -195,8 +193,7 @@ TEST_F(Program, ThePointersMoveClosesTheRingByCellNumber) {
   }
 }
 
-// ---- keys
-// ---------------------------------------------------------------------------------------------------
+// ---- keys ------------------------------------------------------------------------------------------------
 
 TEST_F(Program, ArrowKeysRunAroundTheBoard) {
   const auto pressed = [](int cell, int code) {
@@ -338,8 +335,7 @@ TEST_P(Slips, ADigitWrittenOverTooOftenIsTold) {
   type(0, "3", {});
 }
 
-// ---- editing pencil marks
-// -------------------------------------------------------------------------------------
+// ---- editing pencil marks --------------------------------------------------------------------------------
 
 class Marks : public Bilingual {
  protected:
@@ -449,8 +445,7 @@ TEST_P(Marks, EditingSurvivesANewBoard) {
   EXPECT_TRUE(modificacandidati && Toolbar1::modifica.ticked);
 }
 
-// ---- the palette
-// ----------------------------------------------------------------------------------------------
+// ---- the palette -----------------------------------------------------------------------------------------
 
 TEST_F(Program, AChosenColourPaintsCellsUntilTheCrossIsClicked) {
   put(emptyboard);
@@ -479,8 +474,7 @@ TEST_F(Program, AChosenColourPaintsCellsUntilTheCrossIsClicked) {
   EXPECT_TRUE(ringopen());
 }
 
-// ---- commands
-// -------------------------------------------------------------------------------------------------
+// ---- commands --------------------------------------------------------------------------------------------
 
 class Commands : public Bilingual {};
 IN_BOTH_LANGUAGES(Commands);

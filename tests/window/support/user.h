@@ -1,12 +1,12 @@
 // A user before the real window: clicks where a widget stands on the screen, types, answers waits, message
 // boxes and file dialogs.
 //
-//   User user;                                  // a program just started
-//   user.names = {path};                        // the file dialogs, one after the other
+//   User user;                                    // a program just started
+//   user.names = {path};                          // the file dialogs, one after the other
 //   user.press("Toolbar2_open");
-//   user.acts = {[&] { user.press("Pictgo"); }};   // one for each wait; the last thing it does answers the
-//   wait user.press("Toolbar1_suggerisci"); QCOMPARE(user.boxes, QStringList());        // the message boxes,
-//   in order
+//   user.acts = {[&] { user.press("Pictgo"); }};  // one a wait; the last thing each does is to answer it
+//   user.press("Toolbar1_suggerisci");
+//   QCOMPARE(user.boxes, QStringList());          // the message boxes, in order
 #pragma once
 
 #include <QColor>
@@ -26,8 +26,7 @@ namespace gradino {
 
 class MainWindow;
 
-/// Milliseconds for what has to come sooner or later, however busy the machine is: as long as ctest gives a
-/// test.
+/// Milliseconds for what has to happen at some time, however busy the machine is: as long as ctest gives a test.
 constexpr int patience = 10 * 60 * 1000;
 
 class User : public QObject {
@@ -64,7 +63,7 @@ class User : public QObject {
   QString file(const QString& name, const QByteArray& bytes = {}) const;
   QByteArray bytes(const QString& name) const;
   void open(const QByteArray& puzzle);
-  void comeback();  ///< to the main window, behind a dialog
+  void comeback();  ///< to the main window, after a dialog
 
   std::deque<std::function<void()>> acts;
   std::deque<std::optional<QString>> names;  ///< none: cancel
