@@ -3,6 +3,7 @@
 #include <array>
 
 #include "host.h"
+#include "houses.h"
 
 namespace gradino {
 namespace {
@@ -16,11 +17,11 @@ int count = 0;
 struct First {
   int stamp = 0, node = 0;
 };
-std::array<std::array<std::array<First, 2>, 10>, 81> firsts;
+ByCell<ByDigit<std::array<First, 2>>> firsts;
 int queuestamp = 0;
 
 First& firstof(int cell, int digit, bool flag) {
-  return firsts.at(static_cast<std::size_t>(cell)).at(static_cast<std::size_t>(digit))[flag ? 1 : 0];
+  return firsts[cell][digit][flag ? 1 : 0];
 }
 
 bool sameas(int node, int cell, int digit, bool flag) {
@@ -49,6 +50,12 @@ void append(int cell, int digit, bool flag, int parent, int path) {
 }
 
 }  // namespace
+
+void clearlinks() {
+  linkcell.clear();
+  linkdigit.clear();
+  linkflag.clear();
+}
 
 void clearqueue() {
   count = 0;

@@ -1,12 +1,23 @@
-// The node queue and the link tables: where the chain families search, and what they find. The colour
-// families use the queue's first two tables for their clusters. Whichever search ran last owns all of this.
+// The node queue, in which the chain searches work, and the link tables, which hold the chain they found.
+// Each search overwrites what the one before has left. Who uses which:
+//
+//                            chaincell  chaindigit  chainflag  chainparent, chainpath  link tables
+//   loops and XY-chains          x          x           x                x                  x
+//   forcing chains               x          x           x                x                  x
+//   Nishio                       x          x                                                       placings
+//   simple colours               x                      x                                           cluster
+//   X-colours                    x                      x                                           true,
+//   false
+//
+// The queue is read by the search that fills it and by nobody after it. The link tables outlive the search:
+// steps, twins and explanations read them, always as a Chain (chain.h).
 #pragma once
 
 #include "checked.h"
 
 namespace gradino {
 
-// A node is a statement: the digit is in the cell, or it is not. Its parent is the node that led here, and
+// A node is a statement: the digit is in the cell, or it is not. Its parent is the node that led to it, and
 // its path the ancestors, oldest first. As text a path names each by its index and a comma, an index below 10
 // with a leading 0 ("00,03,17,104,"); only the length of that text is ever asked for, so only that is kept.
 inline constinit Table<int, 0, 260> chaincell{"chaincell"};
@@ -19,7 +30,10 @@ inline constinit Table<int, 0, 260> chainpath{"chainpath"};  ///< length of the 
 inline constinit Table<int, 0, 40> linkcell{"linkcell"};
 inline constinit Table<int, 0, 40> linkdigit{"linkdigit"};
 inline constinit Table<bool, 0, 40> linkflag{"linkflag"};
-inline constinit Byte chainlength{"chainlength"};  ///< index of the last step
+inline constinit Byte chainlength{"chainlength"};  ///< index of the last step, by loops and XY-chains alone
+
+/// Every slot of the link tables as before first use. The lengths stay.
+void clearlinks();
 
 /// Empties the queue.
 void clearqueue();
@@ -33,13 +47,13 @@ int depthof(int node);
 /// How many characters an index and its comma take in a path's text.
 int tokenlength(int node);
 
-/// Puts a node with a path of that length after its parent. A twin (same cell, digit and truth) that stands
-/// there already with a path shorter than the parent's plus 5 characters refuses it; one with a longer path
-/// is told in a message box.
+/// Puts a node at the end, with a path of that length. A node that stands there already with the same cell,
+/// digit and truth refuses it if its path is shorter than the parent's plus 5 characters; each that does not
+/// shows a message box.
 enum class Added { yes, refused, full };
 Added addnode(int cell, int digit, bool flag, int parent, int path);
 
-/// The same for a statement that no node has made yet, where there is place for it.
+/// The same for a statement that no node makes yet, while the queue has room for it.
 void addfirst(int cell, int digit, bool flag, int parent, int path);
 
 /// The hypothesis, node 0, which is its own parent.
