@@ -1,10 +1,12 @@
 #include "chain.h"
 
+#include <string>
+
 #include "boxes.h"
 #include "grid.h"
-#include "houses.h"
 #include "log.h"
 #include "nodequeue.h"
+#include "words.h"
 
 namespace gradino {
 namespace {
@@ -15,7 +17,7 @@ constexpr Words is = {"{cell} = {digit}", "{cell} = {digit}"};
 constexpr Words isnot = {"{cell} <> {digit}", "{cell} <> {digit}"};
 
 std::string tell(const Words& yes, const Words& no, const Chain::Link& link) {
-  return tell(link.flag ? yes : no, link.cell, link.digit);
+  return say(link.flag ? yes : no, incell(link.cell), ofdigit(link.digit));
 }
 
 void showgreen(const Chain::Link& link) {
@@ -37,20 +39,16 @@ void Chain::log() const {
   for (std::size_t k = 1; k < links_.size(); ++k) detail(tell(logis, logisnot, links_[k]));
 }
 
-bool Chain::argue(Lesson& lesson, std::string_view hypothesis) const {
+Answer Chain::argue(Lesson& lesson, std::string_view hypothesis) const {
   showgreen(start());
   lesson.line(hypothesis);
-  if (lesson.showandwait() == Answer::stop) return false;
+  if (lesson.showandwait() == Answer::stop) return Answer::stop;
   for (std::size_t k = 1; k < links_.size(); ++k) {
     showgreen(links_[k]);
     lesson.line(tell(is, isnot, links_[k]));
-    if (lesson.showandwait() == Answer::stop) return false;
+    if (lesson.showandwait() == Answer::stop) return Answer::stop;
   }
-  return true;
-}
-
-std::string tell(const Words& words, int cell, int digit) {
-  return say(words, incell(cell), ofdigit(digit));
+  return Answer::go;
 }
 
 }  // namespace gradino

@@ -1,18 +1,16 @@
 // A chain of consequences as loops, XY-chains and forcing chains show, log and argue it.
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "colours.h"
 #include "lesson.h"
-#include "words.h"
 
 namespace gradino {
 
-/// A chain taken out of the link tables. It outlives them: a command that comes in during a wait may search
-/// for another.
+/// A chain copied out of the link tables (nodequeue.h): a command that comes in during a wait may search for
+/// another, and the one on show stays what it is.
 class Chain {
  public:
   /// One statement: the digit is in the cell, or it is not.
@@ -34,15 +32,12 @@ class Chain {
   /// One detail line for each step after the hypothesis.
   void log() const;
 
-  /// Tells the hypothesis in these words, then each step, painted green and waited at. False: the user said
-  /// stop.
-  bool argue(Lesson& lesson, std::string_view hypothesis) const;
+  /// Says the hypothesis in these words, then each step, paints each green and waits after each. A stop ends
+  /// the argument where it is.
+  Answer argue(Lesson& lesson, std::string_view hypothesis) const;
 
  private:
   std::vector<Link> links_;
 };
-
-/// Words about one statement, with the holes {cell} and {digit}.
-std::string tell(const Words& words, int cell, int digit);
 
 }  // namespace gradino

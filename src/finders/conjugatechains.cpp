@@ -1,13 +1,11 @@
 // Breadth first over statements. What follows from one:
 //
-//   the digit is in the cell       every other candidate is not in it; the digit is nowhere else in the
-//   cell's
-//                                  row, column and block; a cell that loses its second last candidate that
-//                                  way has its last
-//   the digit is not in the cell   the other of two candidates is; the other of two places in a house is the
-//                                  digit's
+//   the digit is in the cell       no other candidate is; the digit is nowhere else in its row, column and
+//                                  block; a cell there with two candidates holds the other one
+//   the digit is not in the cell   of two candidates the other is; of two places in a house the digit has the
+//                                  other
 //
-// When the hypothesis's own negation is reached, the chain is closed. Every chain found lowers the limit for
+// When the negation of the hypothesis is reached, the chain is closed. Every chain found lowers the limit for
 // the next ones, so what stays is the shortest of the board.
 #include "conjugatechains.h"
 
@@ -24,21 +22,25 @@ namespace gradino {
 namespace {
 
 constexpr int walklimit = 250;  ///< nodes; above it the walk ends
-constexpr int nodigit = 81, nocell = 81;
+constexpr int nodigit = 81;     ///< in stepdigit, while there is no chain
+
+/// The candidates of a cell without this one, which may be none.
+std::string candidateswithout(int cell, const std::string& candidate) {
+  std::string rest = candstr(cell);
+  if (const std::size_t at = rest.find(candidate); !candidate.empty() && at != std::string::npos)
+    rest.erase(at, 1);
+  return rest;
+}
 
 class Search {
  public:
   explicit Search(ChainRules rules) : xy_(rules == ChainRules::xychains) {}
 
   void alldigits() {
-    for (int digit = 1; digit <= 9; ++digit) {
-      startcell_ = nocell;
+    for (int digit = 1; digit <= 9; ++digit)
       for (HouseKind kind : {HouseKind::row, HouseKind::block, HouseKind::column})
         for (int house = 0; house < 9; ++house) pairin(kind, house, digit);
-    }
   }
-
-  int bestcell() const { return bestcell_; }
 
  private:
   void pairin(HouseKind kind, int house, int digit) {
@@ -50,28 +52,22 @@ class Search {
     if (xy_ ? !bivalue(c1) || !bivalue(c2) : candidatecount(c1) >= 4 || candidatecount(c2) >= 4) return;
 
     const bool firstisfalse = maybewrong(c1, digit);
-    startcell_ = firstisfalse ? c1 : c2;
-    const int other = firstisfalse ? c2 : c1;
+    const int startcell = firstisfalse ? c1 : c2;
     if (xy_ || !nishioflag)
-      trial(startcell_, digit);
+      trial(startcell, digit);
     else
-      widened(other, digit);
+      widened(startcell, firstisfalse ? c2 : c1, digit);
   }
 
-  /// Behind a Nishio step: the start cell's candidates but its solution, then the other cell's but the pair's
-  /// digit. Which cell a digit starts from goes by whether it is one of the first, and a change stays.
-  void widened(int other, int digit) {
-    const auto without = [](int cell, const std::string& left) {
-      std::string rest = candstr(cell);
-      if (const std::size_t at = rest.find(left); !left.empty() && at != std::string::npos) rest.erase(at, 1);
-      return rest;
-    };
-    const std::string first = without(startcell_, solutiontext(startcell_));
-    for (char c : first + without(other, std::to_string(digit))) {
-      if (first.find(c) == std::string::npos) startcell_ = other;
+  /// After a Nishio step: the start cell's candidates but its solution, then the other cell's but the pair's
+  /// digit. From the first digit on that is none of the former, all start from the other cell.
+  void widened(int startcell, int other, int digit) {
+    const std::string first = candidateswithout(startcell, solutiontext(startcell));
+    for (char c : first + candidateswithout(other, std::to_string(digit))) {
+      if (first.find(c) == std::string::npos) startcell = other;
       const int e = c >= '0' && c <= '9' ? c - '0' : 0;
       if (e == 0) host.message("");
-      trial(startcell_, e);
+      trial(startcell, e);
     }
   }
 
@@ -97,7 +93,7 @@ class Search {
     } else if (bivalue(cell)) {
       if (!add(cell, otherof(cell, digit), true, node)) return false;
     }
-    for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block}) {
+    for (HouseKind kind : housekinds) {
       const int house = houseof(kind, cell);
       const Positions places = housepos(kind, digit, house);
       if (places.length() < 2) continue;
@@ -111,7 +107,7 @@ class Search {
     return true;
   }
 
-  /// A place q that sees the digit: it is not there, and the other of two candidates is.
+  /// What a place q that sees the digit says: the digit is not there, and of two candidates the other is.
   bool seen(int q, int digit, int node) {
     if (q == hypothesiscell_ && digit == hypothesisdigit_) closed(node);
     if (!add(q, digit, false, node)) return false;
@@ -122,7 +118,7 @@ class Search {
     return addnode(cell, digit, flag, parent, chainpath(parent) + tokenlength(parent)) != Added::full;
   }
 
-  /// The negation follows from the node: its path and itself are a chain.
+  /// The negation of the hypothesis follows from the node: the way to the node is a chain.
   void closed(int node) {
     const int length = depthof(node);
     if (length >= chainlength) return;
@@ -133,29 +129,31 @@ class Search {
       linkflag(k) = chainflag(n);
     }
     stepdigit = hypothesisdigit_;
-    bestcell_ = hypothesiscell_;
   }
 
   bool xy_;
-  int startcell_ = nocell, bestcell_ = nocell;
-  int hypothesiscell_ = nocell, hypothesisdigit_ = 0;
+  int hypothesiscell_ = 0, hypothesisdigit_ = 0;
   Grid<bool, 80, 80> pairdone_{"linkpair"};
   Grid<bool, 81, 9> startdone_{"linkseen"};
 };
 
 }  // namespace
 
-void scanchain(ChainRules rules, int& startdigit, int& startcell) {
-  linkcell.clear();
-  linkdigit.clear();
-  linkflag.clear();
+void forgetchain() {
+  chainlength = nochain;
+}
+
+std::optional<Chain> chainonshow() {
+  if (chainlength >= nochain) return std::nullopt;
+  return Chain(chainlength);
+}
+
+std::optional<Chain> scanchain(ChainRules rules) {
+  clearlinks();
   chainlength = nochain;
   stepdigit = nodigit;
-  Search search(rules);
-  search.alldigits();
-  if (chainlength >= nochain) return;
-  startdigit = stepdigit;
-  startcell = search.bestcell();
+  Search(rules).alldigits();
+  return chainonshow();
 }
 
 }  // namespace gradino

@@ -2,9 +2,13 @@
 // its own negation.
 #pragma once
 
+#include <optional>
+
+#include "chain.h"
+
 namespace gradino {
 
-/// A chain this long is none.
+/// What chainlength holds while there is no chain; a chain of that many steps counts as none.
 inline constexpr int nochain = 20;
 
 /// Where a chain may go.
@@ -15,8 +19,15 @@ enum class ChainRules {
 
 /// Starts from every conjugate pair (a house with two places for a digit): of its two cells the one that
 /// solutiontext says is not the digit's. An empty solutiontext is unequal to every digit, so then it is
-/// always the first. Leaves the chain in the link tables and its last index in chainlength; nochain: there is
-/// none. startdigit and startcell are the hypothesis. Of chains of equal length the first found stays.
-void scanchain(ChainRules rules, int& startdigit, int& startcell);
+/// always the first. Leaves the chain in the link tables, its last index in chainlength and its digit in
+/// stepdigit, 81 if there is none. Of chains of equal length the first found stays.
+std::optional<Chain> scanchain(ChainRules rules);
+
+/// The chain as the last of these searches left it: what the explanations argue. A forcing chain uses the
+/// same link tables, so a command in a wait of the step can put its own there.
+std::optional<Chain> chainonshow();
+
+/// Leaves no chain, for a program just started.
+void forgetchain();
 
 }  // namespace gradino

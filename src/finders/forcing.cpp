@@ -13,6 +13,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "candidatetext.h"
@@ -256,9 +257,7 @@ class Hypothesis {
       steps.push_back(first);
     if (steps.size() + 1 > tablesize) return;
 
-    linkcell.clear();
-    linkdigit.clear();
-    linkflag.clear();
+    clearlinks();
     int k = 0;
     const auto store = [&k](int c, int d, bool f) {
       linkcell(k) = c;
@@ -299,29 +298,32 @@ void scanforcing(const Reading& board, int cell, int digit, int enough) {
   const Hypothesis searched(board, cell, digit, enough);
 }
 
-/// Tries the wrong candidates of the cells with two candidates, then of those with three, and so on. Leaves
-/// the chain in the link tables and its steps in chainsteps.
+/// Leaves the chain in the link tables and its steps in chainsteps.
 void scanforcingall() {
+  struct Supposed {
+    int cell, digit;
+  };
   foundflag = false;
   chainsteps = nochain;
-  int best = nochain, bestdigit = 0, bestcell = 0, longest = 0;
-  for (int most = 2;; ++most) {
-    const Reading board;  // of each band afresh: a command that came in between may have changed it
-    for (int cell = 0; cell < cellcount; ++cell) {
-      longest = std::max(longest, candidatecount(cell));
-      if (candidatecount(cell) != most) continue;
-      for (int k = 0; k < candidatecount(cell); ++k) {
-        const int digit = candidateat(cell, k);
-        if (digit == 0 || !maybewrong(cell, digit)) continue;
-        scanforcing(board, cell, digit, std::min(best, showable));
-        if (chainsteps < takenatonce) return;
-        if (chainsteps < best) best = chainsteps, bestdigit = digit, bestcell = cell;
-      }
-    }
-    letevents();
-    if (most + 1 > longest + 1) break;
-  }
-  if (best < showable) scanforcing(Reading(), bestcell, bestdigit, nochain);
+  std::optional<Supposed> best;
+  int enough = showable;
+  const bool taken = supposeall<Reading>([&](const Reading& board, int cell, int digit) {
+    scanforcing(board, cell, digit, enough);
+    if (chainsteps < enough) best = {cell, digit}, enough = chainsteps;
+    return chainsteps < takenatonce;
+  });
+  if (best && !taken) scanforcing(Reading(), best->cell, best->digit, nochain);
+}
+
+/// The chain that the last search left, if it has fewer steps than these.
+std::optional<Chain> chainbelow(int steps) {
+  if (chainsteps >= steps) return std::nullopt;
+  return Chain(forcinglength);
+}
+
+void forget() {
+  chainsteps = nochain;
+  forcinglength = nochain;
 }
 
 }  // namespace
@@ -331,42 +333,42 @@ void scanforcingall() {
 void frmmain::stepforcing() {
   steptag = techniques::forcingchain.tag;
   scanforcingall();
-  if (chainsteps >= showable) return;
-  const Chain chain(forcinglength);
-  const int cell = chain.start().cell, digit = chain.start().digit;
+  const std::optional<Chain> chain = chainbelow(showable);
+  if (!chain) return;
+  const auto [cell, digit, istrue] = chain->start();
   pencilmark(cell, digit).back = red;
   foundflag = true;
-  txthint.text = tell(hint, cell, digit);
+  txthint.text = say(hint, incell(cell), ofdigit(digit));
   appendline(txthint.text);  // the one step that writes to the log; it keeps no board there
   if (comandocorrente.empty()) logcount += 1;
   nishioflag = false;
-  chain.paint(yellow);
+  chain->paint(yellow);
   if (waitatlight() == Answer::stop) return;  // the colours stay
 
   deletecandidate(cell, digit);
   showdeletions();
   pencilmark(cell, digit).back = white;
-  chain.paint(white);
+  chain->paint(white);
 }
 
 // ---- twin -------------------------------------------------------------------------------------------------
 
 void frmgenerazione::gradeforcing() {
   scanforcingall();
-  if (chainsteps >= gradable) {  // gives up: an empty box is the only word of it
+  const std::optional<Chain> chain = chainbelow(gradable);
+  if (!chain) {  // gives up: an empty box is the only word of it
     host.message("");
     runninglevel = level;
     return;
   }
+  const auto [cell, digit, istrue] = chain->start();
   foundflag = true;
-  const Chain chain(forcinglength);
-  const int cell = chain.start().cell, digit = chain.start().digit;
-  headline(tell(loghead, cell, digit));
-  detail(tell(logif, cell, digit));
-  chain.log();
+  headline(say(loghead, incell(cell), ofdigit(digit)));
+  detail(say(logif, incell(cell), ofdigit(digit)));
+  chain->log();
   detail(inlanguage(logcontradiction));
-  detail(tell(logboth, chain.last().cell, chain.last().digit));
-  detail(tell(logdeleting, cell, digit));
+  detail(say(logboth, incell(chain->last().cell), ofdigit(chain->last().digit)));
+  detail(say(logdeleting, incell(cell), ofdigit(digit)));
   deletecandidate(cell, digit);
   nishioflag = false;
   raiselevel(level);
@@ -376,15 +378,16 @@ void frmgenerazione::gradeforcing() {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 void explainforcing() {
-  if (chainsteps >= showable) return;  // the tag was set, but nothing was found
-  const Chain chain(forcinglength);
-  const int cell = chain.start().cell, digit = chain.start().digit;
+  const std::optional<Chain> chain = chainbelow(showable);
+  if (!chain) return;  // the tag was set, but nothing was found
+  const auto [cell, digit, istrue] = chain->start();
   Lesson lesson;
   lesson.line(inlanguage(title)).line(ruleline);
-  if (!chain.argue(lesson, tell(suppose, cell, digit))) return;
-  lesson.line(inlanguage(contradiction)).line(tell(both, chain.last().cell, chain.last().digit));
+  if (chain->argue(lesson, say(suppose, incell(cell), ofdigit(digit))) == Answer::stop) return;
+  lesson.line(inlanguage(contradiction))
+      .line(say(both, incell(chain->last().cell), ofdigit(chain->last().digit)));
   if (lesson.showandwait() == Answer::stop) return;
-  lesson.line(tell(candelete, cell, digit));
+  lesson.line(say(candelete, incell(cell), ofdigit(digit)));
   if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   foundflag = true;
@@ -401,6 +404,7 @@ const Technique techniques::forcingchain{
     .twin = byfoundflag<frmgenerazione::gradeforcing>,
     .explain = explainforcing,
     .level = level,
+    .forget = forget,
 };
 
 }  // namespace gradino

@@ -6,15 +6,16 @@
 // The search (conjugatechains.h) keeps the shortest chain of the board.
 #include "loops.h"
 
+#include <optional>
+#include <string>
+
 #include "chain.h"
 #include "conjugatechains.h"
 #include "gradestate.h"
 #include "grid.h"
-#include "houses.h"
 #include "lesson.h"
 #include "light.h"
 #include "log.h"
-#include "nodequeue.h"
 #include "step.h"
 #include "words.h"
 
@@ -54,20 +55,19 @@ constexpr int level = 20;
 void frmmain::steplinks() {
   steptag = techniques::loop.tag;
   foundflag = false;
-  int digit = 0, cell = 0;
-  scanchain(ChainRules::loops, digit, cell);
-  if (chainlength >= nochain) return;
+  const std::optional<Chain> chain = scanchain(ChainRules::loops);
+  if (!chain) return;
+  const auto [cell, digit, istrue] = chain->start();
   foundflag = true;
-  const Chain chain(chainlength);
   Text5.text = std::to_string(digit);
   pencilmark(cell, digit).back = red;
-  txthint.text = tell(hint, cell, digit);
-  chain.paint(yellow);
+  txthint.text = say(hint, incell(cell), ofdigit(digit));
+  chain->paint(yellow);
   if (waitatlight() == Answer::stop) return;  // the colours stay
 
   deletecandidate(cell, digit);
   pencilmark(cell, digit).back = white;
-  chain.paint(white);
+  chain->paint(white);
   showdeletions();
   nishioflag = false;
 }
@@ -76,17 +76,17 @@ void frmmain::steplinks() {
 
 void frmgenerazione::gradelinks() {
   foundflag = false;
-  int digit = 0, cell = 0;
-  scanchain(ChainRules::loops, digit, cell);
-  if (chainlength >= nochain) return;
+  const std::optional<Chain> chain = scanchain(ChainRules::loops);
+  if (!chain) return;
+  const auto [cell, digit, istrue] = chain->start();
   foundflag = true;
-  headline(tell(loghead, cell, digit));
+  headline(say(loghead, incell(cell), ofdigit(digit)));
   nishioflag = false;
-  detail(tell(logif, cell, digit));
-  Chain(chainlength).log();
-  detail(tell(lognegation, cell, digit));
+  detail(say(logif, incell(cell), ofdigit(digit)));
+  chain->log();
+  detail(say(lognegation, incell(cell), ofdigit(digit)));
   detail(inlanguage(logcontradicts));
-  detail(tell(logdeleting, cell, digit));
+  detail(say(logdeleting, incell(cell), ofdigit(digit)));
   deletecandidate(cell, digit);
   raiselevel(level);
   settledeletions();
@@ -95,14 +95,14 @@ void frmgenerazione::gradelinks() {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 void explainlinks() {
-  if (chainlength >= nochain) return;  // the tag was set, but nothing was found
-  const Chain chain(chainlength);
-  const int cell = chain.start().cell, digit = chain.start().digit;
+  const std::optional<Chain> chain = chainonshow();
+  if (!chain) return;  // the tag was set, but nothing was found
+  const auto [cell, digit, istrue] = chain->start();
   Lesson lesson;
   lesson.line(inlanguage(title)).line(ruleline);
-  if (!chain.argue(lesson, tell(suppose, cell, digit))) return;
-  lesson.line(tell(negation, cell, digit)).line(inlanguage(contradicts));
-  lesson.line(tell(candelete, cell, digit));
+  if (chain->argue(lesson, say(suppose, incell(cell), ofdigit(digit))) == Answer::stop) return;
+  lesson.line(say(negation, incell(cell), ofdigit(digit))).line(inlanguage(contradicts));
+  lesson.line(say(candelete, incell(cell), ofdigit(digit)));
   if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
@@ -119,6 +119,7 @@ const Technique techniques::loop{
     .twin = byfoundflag<frmgenerazione::gradelinks>,
     .explain = explainlinks,
     .level = level,
+    .forget = forgetchain,
 };
 
 }  // namespace gradino

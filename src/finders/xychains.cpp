@@ -7,6 +7,9 @@
 // both, loses it. Only the start loses anything. The search is that of the loops, with narrower rules.
 #include "xychains.h"
 
+#include <optional>
+#include <string>
+
 #include "chain.h"
 #include "conjugatechains.h"
 #include "gradestate.h"
@@ -15,7 +18,6 @@
 #include "lesson.h"
 #include "light.h"
 #include "log.h"
-#include "nodequeue.h"
 #include "step.h"
 #include "words.h"
 
@@ -47,12 +49,13 @@ constexpr Words candelete = {"Posso eliminare {digit} da {cell}", "I can delete 
 constexpr int level = 19;
 
 /// Words about the two ends of the chain proper.
-std::string tellends(const Words& words, int digit, const Chain& chain) {
-  return say(words, ofdigit(digit), hole("first", cellname(chain.first().cell)),
+std::string tellends(const Words& words, const Chain& chain) {
+  return say(words, ofdigit(chain.start().digit), hole("first", cellname(chain.first().cell)),
              hole("last", cellname(chain.last().cell)));
 }
 
-void paintends(const Chain& chain, int digit, Colour ends, Colour start) {
+void paintends(const Chain& chain, Colour ends, Colour start) {
+  const int digit = chain.start().digit;
   pencilmark(chain.first().cell, digit).back = ends;
   pencilmark(chain.start().cell, digit).back = start;
   pencilmark(chain.last().cell, digit).back = ends;
@@ -65,20 +68,19 @@ void paintends(const Chain& chain, int digit, Colour ends, Colour start) {
 void frmmain::stepxychain() {
   steptag = techniques::xychain.tag;
   foundflag = false;
-  int digit = 0, cell = 0;
-  scanchain(ChainRules::xychains, digit, cell);
-  if (chainlength >= nochain) return;
+  const std::optional<Chain> chain = scanchain(ChainRules::xychains);
+  if (!chain) return;
+  const auto [cell, digit, istrue] = chain->start();
   foundflag = true;
-  const Chain chain(chainlength);
   Text5.text = std::to_string(digit);
-  paintends(chain, digit, green, red);
-  txthint.text = tellends(found, digit, chain);
-  chain.paint(yellow);
+  paintends(*chain, green, red);
+  txthint.text = tellends(found, *chain);
+  chain->paint(yellow);
   if (waitatlight() == Answer::stop) return;  // the colours stay
 
   deletecandidate(cell, digit);
-  paintends(chain, digit, white, white);
-  chain.paint(white);
+  paintends(*chain, white, white);
+  chain->paint(white);
   showdeletions();
   nishioflag = false;
 }
@@ -88,14 +90,13 @@ void frmmain::stepxychain() {
 // It leaves nishioflag as it is, unlike the step.
 void frmgenerazione::gradexychain() {
   foundflag = false;
-  int digit = 0, cell = 0;
-  scanchain(ChainRules::xychains, digit, cell);
-  if (chainlength >= nochain) return;
+  const std::optional<Chain> chain = scanchain(ChainRules::xychains);
+  if (!chain) return;
+  const auto [cell, digit, istrue] = chain->start();
   foundflag = true;
-  const Chain chain(chainlength);
-  headline(tellends(found, digit, chain));
-  detail(tell(chain.start().flag ? logif : logifnot, cell, digit));
-  chain.log();
+  headline(tellends(found, *chain));
+  detail(say(istrue ? logif : logifnot, incell(cell), ofdigit(digit)));
+  chain->log();
   deletecandidate(cell, digit);
   raiselevel(level);
   settledeletions();
@@ -104,15 +105,16 @@ void frmgenerazione::gradexychain() {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 void explainxychain() {
-  if (chainlength >= nochain) return;  // the tag was set, but nothing was found
-  const Chain chain(chainlength);
-  const int cell = chain.start().cell, digit = chain.start().digit;
+  const std::optional<Chain> chain = chainonshow();
+  if (!chain) return;  // the tag was set, but nothing was found
+  const auto [cell, digit, istrue] = chain->start();
   Lesson lesson;
   lesson.line(inlanguage(title)).line(ruleline);
-  if (!chain.argue(lesson, tell(chain.start().flag ? suppose : supposenot, cell, digit))) return;
-  lesson.line(tellends(therefore, digit, chain));
+  const std::string hypothesis = say(istrue ? suppose : supposenot, incell(cell), ofdigit(digit));
+  if (chain->argue(lesson, hypothesis) == Answer::stop) return;
+  lesson.line(tellends(therefore, *chain));
   pencilmark(cell, digit).back = red;
-  lesson.line(tell(candelete, cell, digit));
+  lesson.line(say(candelete, incell(cell), ofdigit(digit)));
   if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
@@ -129,6 +131,7 @@ const Technique techniques::xychain{
     .twin = byfoundflag<frmgenerazione::gradexychain>,
     .explain = explainxychain,
     .level = level,
+    .forget = forgetchain,
 };
 
 }  // namespace gradino

@@ -184,14 +184,12 @@ TEST_P(EachChain, ASearchInBetweenDoesNotTouchTheChainOnShow) {
 // ---- the searches -----------------------------------------------------------------------------------------
 
 std::string loopfound() {
-  int digit = 0, cell = 0;
-  scanchain(ChainRules::loops, digit, cell);
+  scanchain(ChainRules::loops);
   return linksread();
 }
 
 std::string xychainfound() {
-  int digit = 0, cell = 0;
-  scanchain(ChainRules::xychains, digit, cell);
+  scanchain(ChainRules::xychains);
   return linksread();
 }
 
