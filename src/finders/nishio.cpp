@@ -11,10 +11,11 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "candidatetext.h"
 #include "chainsteps.h"
 #include "gradestate.h"
 #include "grid.h"
@@ -41,6 +42,7 @@ constexpr Words logstep = {" * {cell}={digit}", " * {cell}={digit}"};
 constexpr Words logalso = {" * also {cell}={digit}", " * also {cell}={digit}"};
 constexpr Words lognoplace = {" * {digit} no more possible in {kind} {house}",
                               " * {digit} no more possible in {kind} {house}"};
+constexpr ByKind<std::string_view> logkind = {{{{"row", "column", "block"}}}};
 constexpr Words logimpossible = {" * IMPOSSIBLE", " * IMPOSSIBLE"};
 
 constexpr Words title = {
@@ -55,12 +57,10 @@ constexpr Words title = {
     "or in an empty cell NO CANDIDATE is any more possible"};
 constexpr Words suppose = {"Se {cell}={digit}", "If {cell}={digit}"};
 constexpr Words step = {"{cell}={digit}", "{cell}={digit}"};
-constexpr Words noplaceinrow = {"{digit} non piu' possibile in riga {house}",
-                                "{digit} no more possible in row {house}"};
-constexpr Words noplaceincolumn = {"{digit} non piu' possibile in colonna {house}",
-                                   "{digit} no more possible in column {house}"};
-constexpr Words noplaceinblock = {"{digit} non piu' possibile in settore {house}",
-                                  "{digit} no more possible in block {house}"};
+constexpr ByKind<Words> noplace = {
+    {{{{"{digit} non piu' possibile in riga {house}", "{digit} no more possible in row {house}"},
+       {"{digit} non piu' possibile in colonna {house}", "{digit} no more possible in column {house}"},
+       {"{digit} non piu' possibile in settore {house}", "{digit} no more possible in block {house}"}}}}};
 constexpr Words also = {"IMPOSSIBILE - anche {cell}={digit}", " IMPOSSIBLE - also {cell}={digit}"};
 constexpr Words removed = {" rimosso {digit} da {cell}", " removed {digit} from {cell}"};
 
@@ -68,98 +68,26 @@ constexpr int level = 21;
 
 // ---- search -----------------------------------------------------------------------------------------------
 
-constexpr int notrial = 81;      ///< steps: there is none
+constexpr int notrial = 81;      ///< in chainsteps, before a trial was of use
 constexpr int takenatonce = 11;  ///< a trial of fewer steps ends the search
 constexpr int usable = 50;       ///< a trial of that many steps or more counts as none
 
-/// What makes a state impossible: in a house a digit without a place, or a cell without a candidate.
+/// What makes a state impossible: a house in which a digit has no place, or a cell without a candidate.
 struct Impossible {
-  bool flag = false;
-  bool house = false;
-  const char* kind = "";  ///< "row", "column", "block" or "cell"
-  int index = 0;          ///< house, 0-based, or cell
-  int digit = 0;
-  int cell = 0;
+  std::optional<HouseKind> housekind;
+  int index;  ///< house, 0-based, or cell
+  int digit;  ///< the one without a place; with a cell, the one placed last
 };
 
-/// One trial: the placings that follow the hypothesis, and how it ended.
+struct Placing {
+  int cell, digit;
+};
+
+/// A trial that has refuted its hypothesis: the placings that followed, and what was impossible after them.
 struct Trial {
-  std::vector<int> cell, digit;
+  std::vector<Placing> placings;
   Impossible end;
 };
-
-Byte nishiocount{"nishiocount"};  ///< placings of the running trial, which stand in the node queue's tables
-Impossible impossible;
-Trial best;
-
-/// The first digit of a kind of houses that is neither placed nor has a place left.
-bool lostdigit(int slots, const char* name) {
-  for (int house = 0; house < 9; ++house) {
-    const int lost = fullmask & ~(usedmask(slots + house) | candmask(slots + house));
-    if (lost == 0) continue;
-    impossible = {true, true, name, house, std::countr_zero(static_cast<unsigned>(lost)), impossible.cell};
-    return true;
-  }
-  return false;
-}
-
-/// The union of candidates of each house goes into the work space of candmask, at the slot that usedmask has
-/// for the house.
-void unitecandidates() {
-  std::array<std::int32_t, 9> columns{}, blocks{};
-  for (int row = 0; row < 9; ++row) {
-    std::int32_t inrow = 0;
-    for (int col = 0; col < 9; ++col) {
-      const std::int32_t mask = candmask(row * 9 + col);
-      inrow |= mask;
-      columns[static_cast<std::size_t>(col)] |= mask;
-      blocks[static_cast<std::size_t>(row / 3 * 3 + col / 3)] |= mask;
-    }
-    candmask(rowslot + row) = inrow;
-  }
-  for (int house = 0; house < 9; ++house) {
-    candmask(columnslot + house) = columns[static_cast<std::size_t>(house)];
-    candmask(blockslot + house) = blocks[static_cast<std::size_t>(house)];
-  }
-}
-
-/// A house without a place for a digit overrides a cell without a candidate.
-void nishiocheck() {
-  impossible.house = false;
-  for (int cell = 0; cell < cellcount; ++cell)
-    if (candmask(cell) == 0 && cellvalue(cell) == 0)
-      impossible = {true, false, "cell", cell, impossible.digit, cell};
-  unitecandidates();
-  if (lostdigit(rowslot, "row")) return;
-  if (lostdigit(columnslot, "column")) return;
-  lostdigit(blockslot, "block");
-}
-
-/// The next single there is, placed and recorded. The last digit of a house is left to the others.
-bool placenext() {
-  for (std::size_t rung = 1; rung < singlerungs.size(); ++rung) {
-    const std::string result = singlerungs[rung].find();
-    if (result.empty()) continue;
-    const Single single = singlerungs[rung].read(result);
-    placeuncounted(single.cell, single.digit);
-    chaincell(nishiocount) = single.cell;
-    chaindigit(nishiocount) = single.digit;
-    nishiocount += 1;
-    return true;
-  }
-  return false;
-}
-
-/// A trial that has grown as long as the best is of no use any more, and is left as if nothing had come of
-/// it.
-void nishiopropagate() {
-  nishiocount = 0;
-  impossible.flag = false;
-  const bool before = suppresschange;
-  suppresschange = true;
-  while (!impossible.flag && nishiocount < chainsteps && placenext()) nishiocheck();
-  suppresschange = before;
-}
 
 /// The board before a trial.
 class Saved {
@@ -177,66 +105,148 @@ class Saved {
   }
 
  private:
-  std::array<std::int32_t, cellcount> values_, masks_;
+  ByCell<std::int32_t> values_, masks_;
 };
 
-void keepbest(int digit, int cell) {
-  chainsteps = nishiocount;
-  stepcell = cell;
-  stepdigit = digit;
-  best = {{}, {}, impossible};
-  for (int k = 0; k < nishiocount; ++k) {
-    best.cell.push_back(chaincell(k));
-    best.digit.push_back(chaindigit(k));
+/// The shortest trial of the last search that had one. Step and twin show it, the explanation argues it, each
+/// through usabletrial; its steps are in chainsteps, its hypothesis in stepcell and stepdigit.
+Trial best;
+
+/// The best trial, if the last search for one was of use. It may have no placings: chainsteps is also that of
+/// a forcing chain for which a command has searched meanwhile.
+std::optional<Trial> usabletrial() {
+  if (chainsteps >= usable) return std::nullopt;
+  return best;
+}
+
+void forget() {
+  best = {};
+  chainsteps = notrial;
+}
+
+/// Where the houses of each kind stand in usedmask and in the work space of candmask.
+constexpr ByKind<int> slots = {{{{rowslot, columnslot, blockslot}}}};
+
+/// The union of candidates of each house goes into the work space.
+void unitecandidates() {
+  ByHouse<std::int32_t> columns{}, blocks{};
+  for (int row = 0; row < 9; ++row) {
+    std::int32_t inrow = 0;
+    for (int column = 0; column < 9; ++column) {
+      const std::int32_t mask = candmask(cellat(row, column));
+      inrow |= mask;
+      columns[column] |= mask;
+      blocks[blockat(row, column)] |= mask;
+    }
+    candmask(rowslot + row) = inrow;
+  }
+  for (int house = 0; house < 9; ++house) {
+    candmask(columnslot + house) = columns[house];
+    candmask(blockslot + house) = blocks[house];
   }
 }
 
-void trial(int digit, int cell, const Saved& board) {
-  try {
-    cellvalue(cell) = digit;
-    candmask(cell) = 0;
-    rebuildusedmask();
-    rebuildcandstr();
-    rebuildpositions();
-    nishiopropagate();
-  } catch (const Fault&) {  // a box with a number above 9: the board keeps its trouble, not the trial
-    board.restore();        // meets it again
-    throw;
+/// The first digit of a kind of houses that is neither placed nor has a place left.
+std::optional<Impossible> lostdigit(HouseKind kind) {
+  for (int house = 0; house < 9; ++house) {
+    const int slot = slots[kind] + house;
+    const int lost = fullmask & ~(usedmask(slot) | candmask(slot));
+    if (lost != 0) return Impossible{kind, house, std::countr_zero(static_cast<unsigned>(lost))};
   }
-  if (impossible.flag && nishiocount < chainsteps) keepbest(digit, cell);
-  board.restore();
-  impossible.flag = false;
+  return std::nullopt;
 }
+
+/// Tries hypotheses on the live tables, one after the other.
+class Trials {
+ public:
+  /// Keeps the trial if it is the shortest so far.
+  void trial(const Saved& board, int cell, int digit) {
+    try {
+      cellvalue(cell) = digit;
+      candmask(cell) = 0;
+      rebuildusedmask();
+      rebuildcandstr();
+      rebuildpositions();
+      nishiopropagate();
+    } catch (const Fault&) {
+      // A box holds a number above 9. The trial must not stay on the board; to rebuild it meets the number
+      // again.
+      board.restore();
+      throw;
+    }
+    if (impossible_ && nishiocount < chainsteps) keepbest(cell, digit);
+    board.restore();
+  }
+
+ private:
+  /// Singles, until they stop or the state is impossible. A trial that has grown as long as the best is of no
+  /// use any more, and ends without either.
+  void nishiopropagate() {
+    nishiocount = 0;
+    impossible_.reset();
+    const bool before = suppresschange;
+    suppresschange = true;
+    while (!impossible_ && nishiocount < chainsteps && placenext()) nishiocheck();
+    suppresschange = before;
+  }
+
+  /// The next single there is, placed and recorded. The last digit of a house is left to the others.
+  bool placenext() {
+    for (std::size_t rung = 1; rung < singlerungs.size(); ++rung) {
+      const std::string result = singlerungs[rung].find();
+      if (result.empty()) continue;
+      const Single single = singlerungs[rung].read(result);
+      placeuncounted(single.cell, single.digit);
+      chaincell(nishiocount) = single.cell;
+      chaindigit(nishiocount) = single.digit;
+      nishiocount += 1;
+      return true;
+    }
+    return false;
+  }
+
+  /// A house without a place for a digit comes before a cell without a candidate; of such cells the last
+  /// counts.
+  void nishiocheck() {
+    unitecandidates();
+    for (const HouseKind kind : housekinds)
+      if ((impossible_ = lostdigit(kind))) return;
+    for (int cell = cellcount - 1; cell >= 0; --cell)
+      if (candmask(cell) == 0 && cellvalue(cell) == 0) {
+        impossible_ = {std::nullopt, cell, chaindigit(nishiocount - 1)};
+        return;
+      }
+  }
+
+  void keepbest(int cell, int digit) {
+    chainsteps = nishiocount;
+    stepcell = cell;
+    stepdigit = digit;
+    best = {{}, *impossible_};
+    for (int k = 0; k < nishiocount; ++k) best.placings.push_back({chaincell(k), chaindigit(k)});
+  }
+
+  Byte nishiocount{"nishiocount"};  ///< placings of the running trial, in the node queue's tables
+  std::optional<Impossible> impossible_;
+};
 
 /// Leaves the shortest trial in `best`, its steps in chainsteps and its hypothesis in stepcell and stepdigit.
 void scannishio() {
   foundflag = false;
-  impossible.flag = false;
   chainsteps = notrial;
-  int longest = 0;
-  for (int most = 2; most <= longest + 1 || most == 2; ++most) {
-    const Saved board;  // of each band afresh: a command that came in between may have changed it
-    for (int cell = 0; cell < cellcount; ++cell) {
-      const int count = candidatecount(cell);
-      longest = std::max(longest, count);
-      if (count != most) continue;
-      for (int k = 0; k < count; ++k) {
-        const int digit = candidateat(cell, k);
-        if (digit == 0 || !maybewrong(cell, digit)) continue;
-        trial(digit, cell, board);
-        if (chainsteps < takenatonce) return;
-      }
-    }
-    letevents();
-  }
-}
-
-std::string tell(const Words& words, int cell, int digit) {
-  return say(words, incell(cell), ofdigit(digit));
+  Trials trials;
+  supposeall<Saved>([&](const Saved& board, int cell, int digit) {
+    trials.trial(board, cell, digit);
+    return chainsteps < takenatonce;
+  });
 }
 
 void paintplacings(const Trial& trial, Colour colour) {
-  for (int cell : trial.cell) frmmain::Text2(cell).back = colour;
+  for (const Placing& placing : trial.placings) frmmain::Text2(placing.cell).back = colour;
+}
+
+std::string tell(const Words& words, const Placing& placing) {
+  return say(words, incell(placing.cell), ofdigit(placing.digit));
 }
 
 }  // namespace
@@ -246,14 +256,14 @@ void paintplacings(const Trial& trial, Colour colour) {
 void frmmain::stepnishio() {
   steptag = techniques::nishio.tag;
   scannishio();
-  if (chainsteps >= usable) return;
+  const std::optional<Trial> shown = usabletrial();
+  if (!shown) return;
   foundflag = true;
-  const Trial shown = best;  // a command that comes in during the wait may search for another
-  const int cell = stepcell, digit = stepdigit;
-  paintplacings(shown, yellow);
-  txthint.text = tell(found, cell, digit);
+  const int cell = stepcell, digit = stepdigit;  // a command that comes in during the wait may change them
+  paintplacings(*shown, yellow);
+  txthint.text = say(found, incell(cell), ofdigit(digit));
   const bool stop = waitatlight() == Answer::stop;
-  paintplacings(shown, white);
+  paintplacings(*shown, white);
   if (stop) return;
   deletecandidate(cell, digit);
   showdeletions();
@@ -261,18 +271,24 @@ void frmmain::stepnishio() {
 
 // ---- twin -------------------------------------------------------------------------------------------------
 
+namespace {
+
+std::string logend(const Impossible& end) {
+  if (!end.housekind) return say(logalso, incell(end.index), ofdigit(end.digit));
+  return say(lognoplace, ofdigit(end.digit), hole("kind", logkind[*end.housekind]), hole("house", end.index));
+}
+
+}  // namespace
+
 void frmgenerazione::gradenishio() {
   scannishio();
-  if (chainsteps >= usable) return;
+  const std::optional<Trial> logged = usabletrial();
+  if (!logged) return;
   foundflag = true;
-  headline(tell(found, stepcell, stepdigit));
+  headline(say(found, incell(stepcell), ofdigit(stepdigit)));
   nishioflag = true;  // widens the next search for a loop
-  for (std::size_t k = 0; k < best.cell.size(); ++k) detail(tell(logstep, best.cell[k], best.digit[k]));
-  if (best.end.house)
-    detail(
-        say(lognoplace, ofdigit(best.end.digit), hole("kind", best.end.kind), hole("house", best.end.index)));
-  else
-    detail(tell(logalso, best.end.cell, best.digit.back()));
+  for (const Placing& placing : logged->placings) detail(tell(logstep, placing));
+  detail(logend(logged->end));
   detail(inlanguage(logimpossible));
   deletecandidate(stepcell, stepdigit);
   raiselevel(level);
@@ -283,28 +299,26 @@ void frmgenerazione::gradenishio() {
 
 namespace {
 
-/// The digit boxes as they stood: the argument writes its placings into them, and nobody's board is lost by
-/// it.
+/// The digit boxes as they stood: the argument writes its placings into them, and must not lose the board of
+/// the user by it.
 class SavedBoxes {
  public:
   explicit SavedBoxes(const Trial& argued) : argued_(argued) {
-    for (int cell = 0; cell < cellcount; ++cell)
-      boxes_[static_cast<std::size_t>(cell)] = frmmain::Text1(cell);
+    for (int cell = 0; cell < cellcount; ++cell) boxes_[cell] = frmmain::Text1(cell);
   }
   ~SavedBoxes() { restore(); }
   SavedBoxes(const SavedBoxes&) = delete;
   SavedBoxes& operator=(const SavedBoxes&) = delete;
 
-  /// A board that came in meanwhile, or a digit that the user entered, is not put back over; a digit that the
-  /// argument came to write over stands there again.
+  /// Nothing is put back over another board that came in meanwhile, nor over what the user entered; a digit
+  /// that the argument has written over stands there again.
   void restore() {
     if (restored_ || board_ != boardnumber) return;
     restored_ = true;
-    for (std::size_t k = 0; k < argued_.cell.size(); ++k) {
-      const int cell = argued_.cell[k];
-      const Box& before = boxes_[static_cast<std::size_t>(cell)];
+    for (const auto& [cell, digit] : argued_.placings) {
+      const Box& before = boxes_[cell];
       Box& box = frmmain::Text1(cell);
-      if (box.text != std::to_string(argued_.digit[k])) continue;
+      if (box.text != std::to_string(digit)) continue;
       const bool entered = cellvalue(cell) != 0;
       box.text = entered ? std::to_string(cellvalue(cell)) : before.text;
       box.visible = entered || before.visible;
@@ -314,47 +328,46 @@ class SavedBoxes {
  private:
   const Trial& argued_;
   const int board_ = boardnumber;
-  std::array<Box, cellcount> boxes_;
+  ByCell<Box> boxes_;
   bool restored_ = false;
 };
 
 /// Shows a placing without letting the tables follow.
-void showplacing(int cell, int digit) {
+void showplacing(const Placing& placing) {
+  const auto [cell, digit] = placing;
   frmmain::Text2(cell).back = yellow;
   frmmain::Text1(cell).back = green;
   frmmain::Text1(cell).text = std::to_string(digit);
   frmmain::Text1(cell).visible = true;
 }
 
-std::string tellend(const Trial& argued) {
-  if (!argued.end.house) return tell(also, argued.end.cell, argued.digit.back());
-  const std::string_view kind = argued.end.kind;
-  const Words& words = kind == "row" ? noplaceinrow : kind == "column" ? noplaceincolumn : noplaceinblock;
-  return say(words, ofdigit(argued.end.digit), hole("house", argued.end.index + 1));
+std::string tellend(const Impossible& end) {
+  if (!end.housekind) return say(also, incell(end.index), ofdigit(end.digit));
+  return say(noplace[*end.housekind], ofdigit(end.digit), hole("house", end.index + 1));
 }
 
 }  // namespace
 
 void explainnishio() {
-  if (chainsteps >= usable || best.cell.empty()) return;  // the tag was set, but nothing was found
-  const Trial argued = best;
-  SavedBoxes boxes(argued);
+  const std::optional<Trial> argued = usabletrial();
+  if (!argued || argued->placings.empty()) return;  // the tag was set, but nothing was found
+  SavedBoxes boxes(*argued);
   const int cell = stepcell, digit = stepdigit;
   Lesson lesson;
   lesson.line(inlanguage(title)).line(longruleline);
-  lesson.line(tell(suppose, cell, digit));
-  paintplacings(argued, white);
+  lesson.line(say(suppose, incell(cell), ofdigit(digit)));
+  paintplacings(*argued, white);
   if (lesson.showandwait() == Answer::stop) return;
-  for (std::size_t k = 0; k < argued.cell.size(); ++k) {
-    showplacing(argued.cell[k], argued.digit[k]);
-    lesson.line(tell(step, argued.cell[k], argued.digit[k]));
+  for (const Placing& placing : argued->placings) {
+    showplacing(placing);
+    lesson.line(tell(step, placing));
     if (lesson.showandwait() == Answer::stop) return;
   }
-  lesson.line(tellend(argued));
+  lesson.line(tellend(argued->end));
   if (lesson.showandwait() == Answer::stop) return;
 
   boxes.restore();
-  lesson.line(tell(removed, cell, digit));
+  lesson.line(say(removed, incell(cell), ofdigit(digit)));
   deletecandidate(cell, digit);
   showdeletions();
   if (lesson.showandwait() == Answer::stop) return;
@@ -372,6 +385,7 @@ const Technique techniques::nishio{
     .twin = byfoundflag<frmgenerazione::gradenishio>,
     .explain = explainnishio,
     .level = level,
+    .forget = forget,
 };
 
 }  // namespace gradino
