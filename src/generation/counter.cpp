@@ -1,7 +1,7 @@
-// The solutions in ascending order of their digits, read from r1c1 to r9c9, as a search finds them that takes
-// the cells and the digits of each in ascending order: this order decides which is the first and which two
-// are found first. How they are found is hidden (completions.h); what such a search leaves behind is told
-// here.
+// The solutions in ascending order of their digits, read from r1c1 to r9c9: the order of a search that takes
+// the cells, and the digits of each, in ascending order. It decides which solution is the first, and which
+// two are found before a count stops. How they are found is the business of completions.h; here is what such
+// a search leaves in the tables.
 #include "counter.h"
 
 #include <algorithm>
@@ -25,7 +25,7 @@ constexpr int limit = 500;
 constexpr std::size_t records = 2049;
 
 std::vector<Digits> found;
-std::size_t dirtyrecords = 0;  ///< from index 1, those of soluzioni that the last count has written
+std::size_t dirtyrecords = 0;  ///< how many of soluzioni, from index 1 on, the last count has written
 
 void freshrecords() {
   if (soluzioni.size() == records)
@@ -35,32 +35,32 @@ void freshrecords() {
   dirtyrecords = 0;
 }
 
-struct Seen {
+struct CellHouses {
   std::uint8_t row, column, block;
 };
 
-/// Looked up, as divisions would take a third of a call.
-constexpr auto houses = [] {
-  std::array<Seen, cellcount> seen{};
-  for (std::size_t cell = 0; cell < cellcount; ++cell)
-    seen[cell] = {static_cast<std::uint8_t>(cell / 9), static_cast<std::uint8_t>(cell % 9),
-                  static_cast<std::uint8_t>(cell / 27 * 3 + cell % 9 / 3)};
-  return seen;
+/// The houses of each cell: a table, as the divisions would take a third of the time of a count.
+constexpr auto housesofcell = [] {
+  ByCell<CellHouses> houses{};
+  for (int cell = 0; cell < cellcount; ++cell)
+    houses[cell] = {static_cast<std::uint8_t>(rowof(cell)), static_cast<std::uint8_t>(columnof(cell)),
+                    static_cast<std::uint8_t>(blockof(cell))};
+  return houses;
 }();
 
 /// A board together with the digits that its houses hold.
 struct Board {
   Digits digits{};
-  std::array<std::int32_t, 9> rows{}, columns{}, blocks{};
+  ByHouse<std::int32_t> rows{}, columns{}, blocks{};
 
-  std::int32_t seen(std::size_t cell) const {
-    const Seen h = houses[cell];
+  std::int32_t seen(int cell) const {
+    const CellHouses h = housesofcell[cell];
     return rows[h.row] | columns[h.column] | blocks[h.block];
   }
 
-  void place(std::size_t cell, int digit) {
+  void place(int cell, int digit) {
     digits[cell] = static_cast<std::uint8_t>(digit);
-    const Seen h = houses[cell];
+    const CellHouses h = housesofcell[cell];
     const std::int32_t bit = 1 << digit & fullmask;
     rows[h.row] |= bit;
     columns[h.column] |= bit;
@@ -77,7 +77,7 @@ Board loadgivens() {
     const std::int32_t value = text.empty() ? 0 : leadingnumber(text);
     cellvalue(cell) = value;
     digits &= value <= 9;
-    if (digits) board.place(static_cast<std::size_t>(cell), value);
+    if (digits) board.place(cell, value);
   }
   if (!digits) rebuildusedmask();
   return board;
@@ -86,25 +86,24 @@ Board loadgivens() {
 /// One pass, never repeated: each empty cell with one digit left gets it. Cells after it see it at once,
 /// cells before don't. A board that has a cell with no digit left before the pass stays as it is.
 void forcedpass(Board& board) {
-  for (std::size_t cell = 0; cell < cellcount; ++cell)
+  for (int cell = 0; cell < cellcount; ++cell)
     if (board.digits[cell] == 0 && board.seen(cell) == fullmask) return;
-  for (std::size_t cell = 0; cell < cellcount; ++cell) {
+  for (int cell = 0; cell < cellcount; ++cell) {
     if (board.digits[cell] != 0) continue;
-    const auto left = static_cast<std::uint32_t>(fullmask & ~board.seen(cell));
-    if (left != 0 && (left & (left - 1)) == 0) board.place(cell, std::countr_zero(left));
+    if (const int last = onlydigit(fullmask & ~board.seen(cell)); last != 0) board.place(cell, last);
   }
 }
 
 /// To cellvalue and usedmask.
 void leave(const Board& board) {
   std::copy(board.digits.begin(), board.digits.end(), cellvalue.begin());
-  for (std::size_t cell = 0; cell < cellcount; ++cell) usedmask.begin()[cell] = board.seen(cell);
+  for (int cell = 0; cell < cellcount; ++cell) usedmask.begin()[cell] = board.seen(cell);
   std::copy(board.rows.begin(), board.rows.end(), usedmask.begin() + rowslot);
   std::copy(board.columns.begin(), board.columns.end(), usedmask.begin() + columnslot);
   std::copy(board.blocks.begin(), board.blocks.end(), usedmask.begin() + blockslot);
 }
 
-/// A solution as text and as record. In other modes than counting the first alone is kept as a record.
+/// Keeps a solution as text and as record; unless the command is to count, only the first as a record.
 void registrasoluzione(int number, const Digits& digits) {
   std::string& text = stringhesoluzione(number);
   text.resize(digits.size());
@@ -129,7 +128,7 @@ void conta() {
   if (found.size() < stop)
     forcedpass(board);
   else
-    for (std::size_t cell = 0; cell < cellcount; ++cell) board.place(cell, found.back()[cell]);
+    for (int cell = 0; cell < cellcount; ++cell) board.place(cell, found.back()[cell]);
   leave(board);
 
   if (numerosoluzioni == 1) {
