@@ -13,12 +13,13 @@
 
 #include <array>
 #include <bit>
-#include <cstddef>
 #include <cstdint>
+
+#include "houses.h"
 
 namespace gradino {
 
-/// Plain vectors of the compiler: every processor of the family has registers of this width.
+/// A vector type of the compiler, no intrinsics: every processor of the family has registers of this width.
 using Bands [[gnu::vector_size(16)]] = std::uint32_t;
 
 // These functions are steps of one long straight computation; a call would push its registers to memory.
@@ -37,7 +38,7 @@ GRADINO_STEP bool any(Bands b) {
   return (halves[0] | halves[1]) != 0;
 }
 
-/// Each band sees the one below it, the last the first; and twice that.
+/// Each lane holds what the band below it has, the last what the first has; and likewise from above.
 GRADINO_STEP Bands bandbelow(Bands b) {
   return __builtin_shufflevector(b, b, 1, 2, 0, 3);
 }
@@ -46,8 +47,8 @@ GRADINO_STEP Bands bandabove(Bands b) {
 }
 
 constexpr auto singlecells = [] {
-  std::array<Bands, 81> bands{};
-  for (std::size_t cell = 0; cell < 81; ++cell) {
+  ByCell<Bands> bands{};
+  for (int cell = 0; cell < cellcount; ++cell) {
     const std::uint32_t bit = 1u << cell % 27;
     bands[cell] = Bands{cell < 27 ? bit : 0, cell / 27 == 1 ? bit : 0, cell >= 54 ? bit : 0, 0};
   }
@@ -55,7 +56,7 @@ constexpr auto singlecells = [] {
 }();
 
 GRADINO_STEP Bands onecell(int cell) {
-  return singlecells[static_cast<std::size_t>(cell)];
+  return singlecells[cell];
 }
 
 /// The first cell in reading order. At least one must be there.
@@ -70,10 +71,10 @@ GRADINO_STEP Bands twoof(Bands a, Bands b, Bands c) {
   return (a & b) | (c & (a | b));
 }
 
-// Three digits share a word of triads, for a triad needs one bit and has three cells. Both kinds have a slot
-// of their own for each digit of such a pack.
+// Three digits, a pack, share one register of triads: a triad takes a single bit where its three cells took
+// three. Where the bits of the three digits stand, their slots, differs between lying and standing triads.
 
-/// Lying triads stand at the bit of their first cell; the second and third digit use the two bits beside it.
+/// A lying triad stands at the bit of its first cell; the second and third digit use the two bits after it.
 ///
 ///   bit       0 1 2   3 4 5   6 7 8   9 ...
 ///   digit     a b c   a b c   a b c   a ...
@@ -83,7 +84,7 @@ struct Lying {
   static constexpr int slot = 1;  ///< bits from digit to digit in a pack
   static constexpr std::uint32_t places = 0b001001001'001001001'001001001;
 
-  /// From the first slot to all three, which are also the bits of the triad's cells: 7 times each.
+  /// From the first slot to all three, which are also the bits of the triad's cells: each bit times 7.
   GRADINO_STEP static Bands spread(Bands triads) { return (triads << 3) - triads; }
 
   /// For each triad, whether one of the other two of its row is there: the row turned by one triad and by

@@ -5,24 +5,26 @@
 #include <initializer_list>
 #include <vector>
 
+#include "houses.h"
 #include "positions.h"
 
 namespace gradino {
 namespace {
 
-constexpr std::size_t rowhouse = 0, columnhouse = 9, blockhouse = 18;
+// The 27 houses are numbered, and stand in a word of bits, rows first, then columns, then blocks.
+constexpr int rowhouse = 0, columnhouse = 9, blockhouse = 18;
+constexpr ByKind<int> firsthouse = {{{{rowhouse, columnhouse, blockhouse}}}};
 
-constexpr int lastcell = 80;
+constexpr int lastcell = cellcount - 1;
 
-constexpr std::uint32_t unknown = ~0u;  ///< no set of houses that a board can have
+constexpr std::uint32_t unknown = ~0u;  ///< differs from every set of 27 houses
 
-/// The cells of each house.
-const auto houses = [] {
-  std::array<Bands, 27> cells{};
-  for (std::size_t cell = 0; cell < 81; ++cell)
-    for (const std::size_t house :
-         {rowhouse + cell / 9, columnhouse + cell % 9, blockhouse + cell / 27 * 3 + cell % 9 / 3})
-      cells[house] |= onecell(static_cast<int>(cell));
+/// The cells of each of the 27 houses.
+const auto cellsofhouse = [] {
+  ByIndex<Bands, 27> cells{};
+  for (const HouseKind kind : housekinds)
+    for (int cell = 0; cell < cellcount; ++cell)
+      cells[firsthouse[kind] + houseof(kind, cell)] |= onecell(cell);
   return cells;
 }();
 
@@ -30,8 +32,8 @@ int count(std::uint32_t houses27) {
   return bitcounts[houses27 & 511] + bitcounts[houses27 >> 9 & 511] + bitcounts[houses27 >> 18];
 }
 
-/// The houses in which some of the cells lie: of their lying triads, those of a row stand side by side in a
-/// lane and those of a block one below the other.
+/// The houses in which some of the cells lie. Of lying triads, those of a row stand 3 bits apart in a lane
+/// and those of a block 9 bits apart.
 std::uint32_t housesof(Bands cells) {
   const Bands lying = (cells | cells >> 1 | cells >> 2) & eachband(Lying::places);
   const Bands rows = lying | lying >> 3 | lying >> 6, blocks = lying | lying >> 9 | lying >> 18;
@@ -45,7 +47,7 @@ std::uint32_t housesof(Bands cells) {
   return found;
 }
 
-/// For each house in how many of the sets it is.
+/// For each house the number of the sets that it is in.
 template <class Sets>
 HouseNumbers addup(const Sets& sets) {
   HouseNumbers sum{};
@@ -73,7 +75,7 @@ struct Compared {
 /// The cells that share a house with it, itself among them.
 Bands seenby(int cell) {
   Bands seen{};
-  for (const Bands house : houses)
+  for (const Bands house : cellsofhouse)
     if (any(house & onecell(cell))) seen |= house;
   return seen;
 }
@@ -82,16 +84,15 @@ Bands seenby(int cell) {
 
 ClashRules::ClashRules(const Digits& board) {
   std::vector<std::uint32_t> holes;
-  for (int cell = 0; cell < 81; ++cell) {
-    if (board[static_cast<std::size_t>(cell)] != 0) continue;
+  for (int cell = 0; cell < cellcount; ++cell) {
+    if (board[cell] != 0) continue;
     empty_ |= onecell(cell);
     holes.push_back(housesof(onecell(cell)));
   }
   holes_ = addup(holes);
   start_.of.fill(empty_);
-  for (int cell = 0; cell < 81; ++cell)
-    if (const std::size_t digit = board[static_cast<std::size_t>(cell)]; digit != 0)
-      start_.of[digit - 1] &= ~seenby(cell);
+  for (int cell = 0; cell < cellcount; ++cell)
+    if (const std::size_t digit = board[cell]; digit != 0) start_.of[digit - 1] &= ~seenby(cell);
   const Bands last = onecell(lastcell);
   lasthouses_ = housesof(last);
   seenbylast_ = empty_ & seenby(lastcell) & ~last;
@@ -99,23 +100,24 @@ ClashRules::ClashRules(const Digits& board) {
   can_.fill(unknown);
 }
 
-/// A digit that r9c9 could take at the start, and that no cell it sees can take any more, is one it takes at
-/// the end as well. There may be one.
+/// A digit that r9c9 could take at the start, and that no cell which it sees can still take, is one that r9c9
+/// can take at the end. There may be one such digit, not two.
 bool ClashRules::refuse(const Boards& boards) const {
   int open = 0;
   for (std::size_t d = 0; d < 9; ++d) open += lastdigits_[d] && !any(boards.of[d] & seenbylast_);
   return open > 1;
 }
 
-/// A house with as many holes as digits that it can still take must take them all. A digit goes into as many
-/// houses of each kind: at least into the most that must take it in some kind, at most into the fewest that
-/// can. Where the two meet, every house of the kind that can must take it, or none that need not does.
+/// A house with as many holes as digits that it can still take must take them all. And a digit goes into the
+/// same number of rows, of columns and of blocks: at least the greatest number that must take it of any kind,
+/// at most the smallest number that can. Where a kind has just as many houses that can take the digit as the
+/// least, all of them must; where it has as many that must as the most, no other does.
 ///
-/// Without this a search would walk for ever: where digits are to spare, that there are too few of them for
-/// the holes is seen by no cell and no digit alone.
+/// Without this a search would take for ever: when digits are to spare, no single cell and no single digit
+/// shows that there are too few digits for the holes.
 ///
-/// What was known of the board that this one has grown out of still holds, and a digit whose houses are as
-/// they were when it was last settled has nothing new to say.
+/// What was known of the board from which this one comes still holds, and a digit whose houses are as they
+/// were when it was last settled gives nothing new.
 Tightened ClashRules::tighten(Boards& boards) {
   const auto known = must_;
   auto settledcan = can_, settledmust = must_;
@@ -135,8 +137,8 @@ Tightened ClashRules::tighten(Boards& boards) {
   if (could == can_ && known == must_) return Tightened::same;
   for (std::size_t d = 0; d < 9; ++d)
     for (std::uint32_t gone = could[d] & ~can_[d]; gone != 0; gone &= gone - 1)
-      boards.of[d] &= ~houses[static_cast<std::size_t>(std::countr_zero(gone))];
-  tellneeds();
+      boards.of[d] &= ~cellsofhouse[std::countr_zero(gone)];
+  spreadneeds();
   return Tightened::more;
 }
 
@@ -148,7 +150,7 @@ std::optional<ClashRules::Need> ClashRules::openneed() const {
   if (fewest == 0) return std::nullopt;
   for (std::size_t bit = numbers.size(); bit-- > 0;)
     if ((fewest & ~numbers[bit]) != 0) fewest &= ~numbers[bit];
-  const auto house = static_cast<std::size_t>(std::countr_zero(fewest));
+  const int house = std::countr_zero(fewest);
   std::size_t digit = 0;
   while (!(open[digit] >> house & 1)) ++digit;
   return Need{house, digit};
@@ -157,11 +159,11 @@ std::optional<ClashRules::Need> ClashRules::openneed() const {
 void ClashRules::insist(Need need) {
   must_[need.digit] |= 1u << need.house;
   can_[need.digit] = unknown;  // to be settled anew
-  tellneeds();
+  spreadneeds();
 }
 
 void ClashRules::leaveout(Boards& boards, Need need) const {
-  boards.of[need.digit] &= ~houses[need.house];
+  boards.of[need.digit] &= ~cellsofhouse[need.house];
 }
 
 bool ClashRules::settlehouses() {
@@ -186,9 +188,9 @@ bool ClashRules::settledigit(std::size_t digit) {
   return true;
 }
 
-/// A digit that r9c9 could take at the start must at the end stand in one of its houses, in itself or where
-/// it is seen, or r9c9 could take it as well. Where leaving it out of one house leaves it out of the others
-/// too, as it does when all three have one digit to spare, it must stand in that house.
+/// A digit that r9c9 could take at the start must stand in one of the three houses of r9c9 at the end, or
+/// r9c9 could still take it. If leaving the digit out of one of them leaves it out of the other two as well,
+/// as it does when all three have one digit to spare, that house must take it.
 bool ClashRules::settlelast(std::size_t digit) {
   if (!lastdigits_[digit] || (must_[digit] & lasthouses_)) return true;
   const auto can = can_[digit], must = must_[digit];
@@ -225,20 +227,19 @@ bool ClashRules::balance(std::size_t digit, std::initializer_list<std::uint32_t>
   return true;
 }
 
-void ClashRules::tellneeds() {
-  tellneeds(lying_, rowhouse);
-  tellneeds(standing_, columnhouse);
+void ClashRules::spreadneeds() {
+  spreadneeds(lying_, rowhouse);
+  spreadneeds(standing_, columnhouse);
 }
 
 template <class T>
-void ClashRules::tellneeds(Needs<T>& needs, std::size_t line) const {
+void ClashRules::spreadneeds(Needs<T>& needs, int line) const {
   needs = {};
   for (std::size_t d = 0; d < 9; ++d) {
     const int slot = static_cast<int>(d % 3) * T::slot;
-    const auto add = [&](Bands& into, std::size_t kind) {
-      for (std::uint32_t rest = must_[d] >> kind & 511; rest != 0; rest &= rest - 1)
-        into |= (houses[kind + static_cast<std::size_t>(std::countr_zero(rest))] & eachband(T::places))
-                << slot;
+    const auto add = [&](Bands& into, int first) {
+      for (std::uint32_t rest = must_[d] >> first & 511; rest != 0; rest &= rest - 1)
+        into |= (cellsofhouse[first + std::countr_zero(rest)] & eachband(T::places)) << slot;
     };
     add(needs.line[d / 3], line);
     add(needs.block[d / 3], blockhouse);

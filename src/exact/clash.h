@@ -1,6 +1,6 @@
-// Boards on which given digits clash. A house with a doubled digit is full before it has all digits, so "each
-// digit once in each house" is wrong there; that each empty cell differs from all it sees still holds. Which
-// houses must take which digits all the same is found by counting.
+// Boards on which given digits clash. A house with a digit twice is full before it has all nine, so "each
+// digit once in each house" does not hold there; that each empty cell differs from all it sees still does.
+// Which houses must take which digits nevertheless is found by counting.
 #pragma once
 
 #include <array>
@@ -17,7 +17,7 @@ namespace gradino {
 /// `more`: there is more to deduce than before. `dead`: the board can't be completed.
 enum class Tightened { same, more, dead };
 
-/// A number from 0 to 15 for each house: a word for each bit of it, in the word a bit for each house.
+/// A number from 0 to 15 for each house: one word for each bit of the numbers, in each word a bit a house.
 using HouseNumbers = std::array<std::uint32_t, 4>;
 
 /// The rules of one such board, see CleanRules. Its boards hold the empty cells alone.
@@ -47,7 +47,8 @@ class ClashRules {
   Tightened tighten(Boards& boards);
 
   struct Need {
-    std::size_t house, digit;  ///< rows, columns, blocks; the digit less one
+    int house;          ///< 0 to 26: rows, columns, blocks
+    std::size_t digit;  ///< 0 for the digit 1
   };
   /// A digit that a house may take or leave out, of a house where fewest are; none if all is decided.
   std::optional<Need> openneed() const;
@@ -57,7 +58,7 @@ class ClashRules {
   void leaveout(Boards& boards, Need need) const;
 
  private:
-  /// In the slots of triads, as the deduction wants them.
+  /// What must_ says of the houses, at their triads in the slots of packs, as the deduction asks for it.
   template <class T>
   struct Needs {
     std::array<Bands, 3> line{}, block{};
@@ -65,8 +66,8 @@ class ClashRules {
   template <class T>
   const Needs<T>& needs() const;
   template <class T>
-  void tellneeds(Needs<T>& needs, std::size_t line) const;
-  void tellneeds();
+  void spreadneeds(Needs<T>& needs, int line) const;
+  void spreadneeds();
 
   bool settlehouses();
   bool settledigit(std::size_t digit);

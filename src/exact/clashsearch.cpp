@@ -7,7 +7,7 @@ namespace gradino {
 
 bool ClashSearch::some(const Boards& boards, const ClashRules& rules, std::size_t most) {
   const std::size_t before = found_.size();
-  for (std::int64_t guesses = 30;; guesses *= 2) {  // by measurement, of 10 to 100
+  for (std::int64_t guesses = 30;; guesses *= 2) {  // the fastest start of 10 to 100, by measurement
     housesfirst_ = !housesfirst_;
     budget_ = guesses;
     const Walked walked = walk(boards, rules, most);
@@ -44,7 +44,7 @@ ClashSearch::Walked ClashSearch::walk(Boards boards, ClashRules rules, std::size
     branch.place(tried.cell, tried.digit);
     const std::size_t before = found_.size();
     if (const Walked walked = walk(branch, rules, most); walked != Walked::all) return walked;
-    if (found_.size() == before) ++invain_[static_cast<std::size_t>(tried.cell)];
+    if (found_.size() == before) ++invain_[tried.cell];
     boards.of[tried.digit] &= ~onecell(tried.cell);
   }
 }
@@ -56,7 +56,7 @@ Guess ClashSearch::guess(const Boards& boards) const {
   for (int band = 0; band < 3; ++band)
     for (std::uint32_t bits = among[band]; bits != 0; bits &= bits - 1) {
       const int cell = band * 27 + std::countr_zero(bits);
-      if (invain_[static_cast<std::size_t>(cell)] > invain_[static_cast<std::size_t>(best)]) best = cell;
+      if (invain_[cell] > invain_[best]) best = cell;
     }
   return lowestdigit(boards, onecell(best));
 }

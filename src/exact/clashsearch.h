@@ -1,7 +1,6 @@
 // The search on boards on which given digits clash.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -10,16 +9,18 @@
 #include "completions.h"
 #include "deduction.h"
 #include "guess.h"
+#include "houses.h"
 
 namespace gradino {
 
 /// Completions of one board in any order.
 ///
-/// Two ways through such a board fail on different ones. Where few digits are to spare, deciding first which
-/// house leaves out which digit ends a hopeless board at once, and guessing digits for cells loses itself in
-/// it; where many are, the first leads nowhere and the second finds completions by the way. Which it is can't
-/// be seen, so both are walked in turn, each time twice as far as before. A walk that is given up leaves
-/// behind in which cells guesses came to nothing: the next begins there, where the trouble is.
+/// There are two ways through such a board, and each fails where the other does well. When the houses have
+/// few digits to spare, to decide first which house leaves out which digit ends a hopeless board at once,
+/// while guesses in cells get lost in it. When they have many, those decisions lead nowhere, and guesses find
+/// completions quickly. Which kind a board is can't be seen beforehand, so both ways are tried in turn, each
+/// twice as far as the one before. A walk that is given up leaves a count of the guesses in vain in each
+/// cell: the next begins where they were most.
 class ClashSearch {
  public:
   ClashSearch(const Digits& board, std::vector<Digits>& found) : board_(board), found_(found) {}
@@ -35,8 +36,8 @@ class ClashSearch {
   const Digits& board_;
   std::vector<Digits>& found_;
   bool housesfirst_ = false;
-  std::int64_t budget_ = 0;       ///< the guesses that are left to the walk
-  std::array<int, 81> invain_{};  ///< by cell, the guesses that led to no completion
+  std::int64_t budget_ = 0;  ///< the guesses that are left to the walk
+  ByCell<int> invain_{};     ///< the guesses that led to no completion
 };
 
 }  // namespace gradino

@@ -10,7 +10,7 @@
 namespace gradino {
 namespace {
 
-/// The cells of houses that hold two or more of the cells, by rows, columns and blocks.
+/// All cells of the rows that hold two or more of some cells, and likewise of the columns and the blocks.
 struct Crowded {
   Bands rows, columns, blocks;
 };
@@ -31,8 +31,8 @@ Crowded crowded(Bands cells) {
   return {(rows << 9) - rows, Standing::spread(columns), Standing::spread(Lying::spread(blocks))};
 }
 
-/// A cell where a guess settles most: of two digits if there is one, best where rows, columns and blocks hold
-/// more such cells, which then follow.
+/// A cell where a guess settles most: one with two digits if there is any, preferably with other such cells
+/// in its row, column and block, which a guess then settles as well.
 Guess bestguess(const Boards& boards) {
   const Many many(boards);
   const Bands pairs = many.two & ~many.three;
@@ -81,28 +81,19 @@ class Search {
   Search(const Digits& board, std::size_t limit, std::vector<Digits>& found)
       : board_(board), limit_(limit), found_(found), inanyorder_(board, found) {}
 
-  /// The next cell, its digits ascending. False: the limit is reached.
+  /// The completions of a branch: its first open cell, the digits of the cell ascending. False: the limit is
+  /// reached.
   ///
-  /// Where completions lie close, walking on finds the next one soonest. But a branch may be dead and take
-  /// long to say so in this order, so after some steps that led to none the order is given up for an answer:
-  /// a few completions of the branch are sought in any order. If that is all of them, they are sorted and the
-  /// branch is done. If not, the lowest is a witness that the branch is alive, and of the branches below the
-  /// one that it lies in need not be asked.
+  /// Where completions lie close together, walking on finds the next one soonest. But a branch may be dead
+  /// and take long to show it in this order. So after some steps without a completion the branch is asked in
+  /// any order (exhausted). A completion known to lie in a branch, its witness, spares it the question until
+  /// the walk has passed the witness.
   bool inorder(Boards boards, const Rules& rules, const Digits* witness) {
     Digits known;
     if (witness != nullptr) known = *witness;
     for (bool alive = witness != nullptr;;) {
       if (!alive && vain_ >= patience) {
-        const std::size_t before = found_.size();
-        const bool all = inanyorder_.some(boards, rules, before + few);
-        std::sort(found_.begin() + static_cast<std::ptrdiff_t>(before), found_.end());
-        if (all) {
-          if (found_.size() > before) vain_ = 0;
-          if (found_.size() > limit_) found_.resize(limit_);
-          return found_.size() < limit_;
-        }
-        known = found_[before];
-        found_.resize(before);
+        if (exhausted(boards, rules, known)) return found_.size() < limit_;
         alive = true;
       }
       switch (settle(boards, rules)) {
@@ -117,7 +108,7 @@ class Search {
           ++vain_;
       }
       const Guess guess = lowestdigit(boards, Many(boards).two);
-      const bool below = alive && known[static_cast<std::size_t>(guess.cell)] == guess.digit + 1;
+      const bool below = alive && known[guess.cell] == guess.digit + 1;
       Boards lower = boards;
       lower.place(guess.cell, guess.digit);
       if (!inorder(lower, rules, below ? &known : nullptr)) return false;
@@ -127,7 +118,23 @@ class Search {
   }
 
  private:
-  // By measurement: of 1 to 64 both, on boards of two to more than 500 solutions.
+  /// Looks for a few completions of a branch in any order. True: it has no more, and they have been added in
+  /// ascending order, up to the limit. False: there are more, none is added, and `known` is one of them.
+  bool exhausted(const Boards& boards, const Rules& rules, Digits& known) {
+    const std::size_t before = found_.size();
+    const bool all = inanyorder_.some(boards, rules, before + few);
+    std::sort(found_.begin() + static_cast<std::ptrdiff_t>(before), found_.end());
+    if (!all) {
+      known = found_[before];
+      found_.resize(before);
+      return false;
+    }
+    if (found_.size() > before) vain_ = 0;
+    if (found_.size() > limit_) found_.resize(limit_);
+    return true;
+  }
+
+  // The fastest of the values from 1 to 64, measured on boards with two to more than 500 solutions.
   static constexpr std::size_t few = 3;
   static constexpr int patience = 16;
 
@@ -135,15 +142,15 @@ class Search {
   std::size_t limit_;
   std::vector<Digits>& found_;
   Inanyorder inanyorder_;
-  int vain_ = patience;  ///< steps since the last completion; most boards have one or none, so ask at once
+  /// Steps since the last completion. Most boards have at most one completion, so they are asked at once.
+  int vain_ = patience;
 };
 
 /// The givens alone.
 Boards givenboards(const Digits& board) {
   Boards boards;
-  for (int cell = 0; cell < 81; ++cell)
-    if (const std::size_t digit = board[static_cast<std::size_t>(cell)]; digit != 0)
-      boards.of[digit - 1] |= onecell(cell);
+  for (int cell = 0; cell < cellcount; ++cell)
+    if (const std::size_t digit = board[cell]; digit != 0) boards.of[digit - 1] |= onecell(cell);
   return boards;
 }
 
@@ -156,7 +163,7 @@ bool clash(const Boards& givens) {
   return any(twice);
 }
 
-/// Givens as decided cells, the others with all digits: the first deductions do the rest.
+/// The givens as decided cells, all digits in the others: the first deductions do the rest.
 Boards cleanboards(Boards givens) {
   Bands filled{};
   for (const Bands x : givens.of) filled |= x;

@@ -1,26 +1,28 @@
-// The completions of a board in ascending order. Says nothing of commands, boxes or tables: the counter does.
+// The completions of a board in ascending order of their digits, read from r1c1 to r9c9. Knows nothing of
+// commands, boxes or tables: that is the counter's part.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
+#include "houses.h"
+
 namespace gradino {
 
 /// A digit a cell, 0 for empty.
-using Digits = std::array<std::uint8_t, 81>;
+using Digits = ByCell<std::uint8_t>;
 
 /// The first completions of a board in ascending order, at most `limit` of them.
 ///
 /// A completion fills each empty cell with a digit that stands nowhere else in the cell's houses. Digits of
-/// the board that clash with each other stay and are not looked at; then a house may lack digits when it is
-/// full. A completion is left out when r9c9 was empty and has another digit to take as well, which takes a
-/// clash.
+/// the board that clash with each other stay and are no reason to refuse it; a house with such digits is full
+/// before it has all nine. A completion is left out when r9c9 was empty and could take another digit as well,
+/// which happens only on boards with a clash.
 void firstcompletions(const Digits& board, std::size_t limit, std::vector<Digits>& found);
 
 /// Whether a board whose digits don't clash has a completion in which that empty cell takes another digit
-/// than this one: sooner told than how many completions there are.
+/// than this one. Answered sooner than how many completions there are.
 bool completesotherwise(const Digits& board, int cell, int digit);
 
 }  // namespace gradino

@@ -90,9 +90,9 @@ GRADINO_STEP Nine countdigits(const std::array<Bands, 3>& packs) {
 /// Draws every conclusion between the triads of one kind. Returns the contradictions.
 ///
 /// A triad must hold a digit when no other of its line, or of its block, can. Where it must, the others of
-/// line and block can't: locked candidates, and the effect of a decided cell, in one. And as a triad holds
-/// three digits, three possible ones must stand in it, and three that must leave no room for another: that
-/// alone sees the end of boards on which a search of cells would wander for a second.
+/// line and block can't: locked candidates and the effect of a decided cell, both in one. And as a triad
+/// holds three digits, all must stand in it when only three can, and none else can when three must: this rule
+/// ends boards on which a search that looks at cells alone would take a second.
 template <class T, class Rules>
 GRADINO_STEP Bands deduce(Triads<T>& t, const Rules& rules) {
   const Nine can = countdigits<T>(t.possible);

@@ -12,7 +12,7 @@ namespace gradino {
 
 struct Guess {
   int cell;
-  std::size_t digit;  ///< less one
+  std::size_t digit;  ///< 0 for the digit 1
 };
 
 /// The first of the cells with its lowest digit.
@@ -45,14 +45,14 @@ struct Many {
   }
 };
 
-/// The digits of a complete board; what `board` holds beside them stays.
+/// The digits of a complete board. Cells that it leaves out, as the givens of a board with a clash, keep what
+/// they hold in `board`.
 inline Digits digitsof(const Boards& boards, const Digits& board) {
   Digits digits = board;
   for (std::size_t d = 0; d < 9; ++d)
     for (int band = 0; band < 3; ++band)
       for (std::uint32_t bits = boards.of[d][band]; bits != 0; bits &= bits - 1)
-        digits[static_cast<std::size_t>(band * 27 + std::countr_zero(bits))] =
-            static_cast<std::uint8_t>(d + 1);
+        digits[band * 27 + std::countr_zero(bits)] = static_cast<std::uint8_t>(d + 1);
   return digits;
 }
 
