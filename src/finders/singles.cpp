@@ -9,7 +9,10 @@
 // columns; that is this program's own scale.
 #include "singles.h"
 
-#include <bit>
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "boxes.h"
 #include "gradestate.h"
@@ -30,29 +33,25 @@ namespace {
 
 // The last digit of a house says the same in the hint and in the log; the missing number of the house and the
 // blanks around it belong to the sentence.
-constexpr Words lastinrow = {"{digit} unico rimanante nella riga , in r{row}c{col}",
-                             "{digit} last digit in  row , r{row}c{col}"};
-constexpr Words lastincolumn = {"{digit} unico rimanante nella colonna , in r{row}c{col}",
-                                "{digit} last digit in  column , r{row}c{col}"};
-constexpr Words lastinblock = {"{digit} unico rimanante nel settore , in r{row}c{col}",
-                               "{digit} last digit in  block , r{row}c{col}"};
+constexpr ByKind<Words> lastin = {
+    Words{"{digit} unico rimanante nella riga , in {cell}", "{digit} last digit in  row , {cell}"},
+    Words{"{digit} unico rimanante nella colonna , in {cell}", "{digit} last digit in  column , {cell}"},
+    Words{"{digit} unico rimanante nel settore , in {cell}", "{digit} last digit in  block , {cell}"}};
 
 // The hint leaves the digit to Text5; the log begins with it, and has two blanks in Italian.
-constexpr Words hintblock = {"hidden single nel settore {house}, in r{row}c{col}",
-                             "hidden single in block {house}, in r{row}c{col}"};
-constexpr Words headblock = {"{digit} hidden single  nel settore {house}, in r{row}c{col}",
-                             "{digit} hidden single in block {house}, in r{row}c{col}"};
-constexpr Words hintrow = {"hidden single nella riga {house}, in r{row}c{col}",
-                           "hidden single in row {house}, in r{row}c{col}"};
-constexpr Words headrow = {"{digit} hidden single  nella riga {house}, in r{row}c{col}",
-                           "{digit} hidden single in row {house}, in r{row}c{col}"};
-constexpr Words hintcolumn = {"hidden single nella colonna {house}, in r{row}c{col}",
-                              "hidden single in column {house}, in r{row}c{col}"};
-constexpr Words headcolumn = {"{digit} hidden single  nella colonna {house}, in r{row}c{col}",
-                              "{digit} hidden single in column {house}, in r{row}c{col}"};
-constexpr Words hintcell = {"naked single nella cella r{row}c{col}", "naked single in cell r{row}c{col}"};
-constexpr Words headcell = {"{digit} naked single  nella cella r{row}c{col}",
-                            "{digit} naked single in cell r{row}c{col}"};
+constexpr ByKind<Words> hiddenhint = {
+    Words{"hidden single nella riga {house}, in {cell}", "hidden single in row {house}, in {cell}"},
+    Words{"hidden single nella colonna {house}, in {cell}", "hidden single in column {house}, in {cell}"},
+    Words{"hidden single nel settore {house}, in {cell}", "hidden single in block {house}, in {cell}"}};
+constexpr ByKind<Words> hiddenheadline = {Words{"{digit} hidden single  nella riga {house}, in {cell}",
+                                                "{digit} hidden single in row {house}, in {cell}"},
+                                          Words{"{digit} hidden single  nella colonna {house}, in {cell}",
+                                                "{digit} hidden single in column {house}, in {cell}"},
+                                          Words{"{digit} hidden single  nel settore {house}, in {cell}",
+                                                "{digit} hidden single in block {house}, in {cell}"}};
+constexpr Words nakedhint = {"naked single nella cella {cell}", "naked single in cell {cell}"};
+constexpr Words nakedheadline = {"{digit} naked single  nella cella {cell}",
+                                 "{digit} naked single in cell {cell}"};
 
 constexpr Words crosshatching = {
     "HIDDEN SINGLE nel settore\r\n"
@@ -69,17 +68,17 @@ constexpr Words crosshatching = {
     "The position of similar can therefore force the position of a number in a particular cell."};
 constexpr Words alreadyplaced = {"il numero {digit} è già presente nella ",
                                  "the number {digit} is already placed in the "};
-constexpr Words placedinrow = {"riga {row}, ", "row {row}, "};
-constexpr Words placedincolumn = {"colonna {col}, ", "column {col}, "};
-constexpr Words ruledout = {"in r{row}c{col} già eliminato da tecniche precedenti",
-                            "in r{row}c{col} already deleted by previous steps"};
-constexpr Words onlyinblock = {"quindi nel settore {house} l'unica cella che può occupare{digit}",
-                               "therefore in the block {house} the only possible position"};
-constexpr Words onlyinrow = {"quindi nella riga {house} l'unica cella che può occupare{digit}",
-                             "therefore in the row {house} the only possible position"};
-constexpr Words onlyincolumn = {"quindi nella colonna {house} l'unica cella che può occupare{digit}",
-                                "therefore in the column {house} the only possible position"};
-constexpr Words yellowcell = {"è la cella gialla r{row}c{col}", "is the yellow cell r{row}c{col}"};
+constexpr Words placedinrow = {"riga {house}, ", "row {house}, "};
+constexpr Words placedincolumn = {"colonna {house}, ", "column {house}, "};
+constexpr Words ruledout = {"in {cell} già eliminato da tecniche precedenti",
+                            "in {cell} already deleted by previous steps"};
+constexpr ByKind<Words> onlyin = {Words{"quindi nella riga {house} l'unica cella che può occupare{digit}",
+                                        "therefore in the row {house} the only possible position"},
+                                  Words{"quindi nella colonna {house} l'unica cella che può occupare{digit}",
+                                        "therefore in the column {house} the only possible position"},
+                                  Words{"quindi nel settore {house} l'unica cella che può occupare{digit}",
+                                        "therefore in the block {house} the only possible position"}};
+constexpr Words yellowcell = {"è la cella gialla {cell}", "is the yellow cell {cell}"};
 
 constexpr Words hiddensingle = {
     "HIDDEN SINGLE - LIVELLO 1\r\n"
@@ -92,13 +91,11 @@ constexpr Words thedigitinrow = {"nella riga {house} il numero {digit}",
                                  "in the row {house} the number {digit}"};
 constexpr Words thedigitincolumn = {"nella colonna {house} il numero {digit}",
                                     "in the column {house} the number {digit}"};
-constexpr Words impossiblein = {"non può stare nella cella r{row}c{col}", "is impossible in r{row}c{col}"};
-constexpr Words becauseblock = {"perchè già presente nel settore {house}",
-                                "because already present in the block {house}"};
-constexpr Words becauserow = {"perchè già presente nella riga {house}",
-                              "because already present in the row {house}"};
-constexpr Words becausecolumn = {"perchè già presente nella colonna {house}",
-                                 "because already present in the column {house}"};
+constexpr Words impossiblein = {"non può stare nella cella {cell}", "is impossible in {cell}"};
+constexpr ByKind<Words> because = {
+    Words{"perchè già presente nella riga {house}", "because already present in the row {house}"},
+    Words{"perchè già presente nella colonna {house}", "because already present in the column {house}"},
+    Words{"perchè già presente nel settore {house}", "because already present in the block {house}"}};
 constexpr Words becauseearlier = {"perchè già eliminato da tecniche precedenti ",
                                   "because already deleted by previous steps "};
 
@@ -107,30 +104,33 @@ constexpr Words nakedsingle = {
     "Si tratta di trovare una cella dove è possibile solo un candidato.",
     "NAKED SINGLE - LEVELL 2\r\n"
     "We must find a cell where only one candidate is possible."};
-constexpr Words thecell = {"nella cella r{row}c{col}", "in the cell r{row}c{col}"};
-constexpr Words seendigit = {"il numero {digit} non può stare perchè già presente in r{row}c{col}",
-                             "the number {digit} is impossible because already present in r{row}c{col}"};
+constexpr Words thecell = {"nella cella {cell}", "in the cell {cell}"};
+constexpr Words seendigit = {"il numero {digit} non può stare perchè già presente in {cell}",
+                             "the number {digit} is impossible because already present in {cell}"};
 constexpr Words earlierdigit = {"il numero {digit} già eliminato da tecniche precedenti",
                                 "the number {digit} because already deleted by previous steps "};
-constexpr Words onlynumber = {"quindi l'unico numero possibile per la cella r{row}c{col}",
-                              "therefore the only possible number for the cell r{row}c{col}"};
+constexpr Words onlynumber = {"quindi l'unico numero possibile per la cella {cell}",
+                              "therefore the only possible number for the cell {cell}"};
 constexpr Words thedigit = {"è il numero {digit}", "is the number {digit}"};
 
-}  // namespace
-
 // ---- search -----------------------------------------------------------------------------------------------
-
-namespace {
 
 char figureof(int n) {
   return static_cast<char>('0' + n);
 }
 
-/// The house with eight digits placed: its open cell, the first that still has candidates.
-template <class CellAt>
-std::string lastof(char letter, CellAt cellat) {
-  for (int position = 0; position < 9; ++position) {
-    const int cell = cellat(position);
+/// The houses whose last digit is looked for, in that order.
+struct LastKind {
+  HouseKind kind;
+  char letter;
+  int slot;  ///< where such houses stand in usedmask
+};
+constexpr LastKind lastkinds[] = {
+    {HouseKind::block, 'b', blockslot}, {HouseKind::row, 'r', rowslot}, {HouseKind::column, 'c', columnslot}};
+
+/// The house has eight digits placed: its open cell is the first that still has candidates.
+std::string lastof(char letter, const House& house) {
+  for (int cell : house) {
     if (candmask(cell) <= 0) continue;
     const int digit = onlydigit(candmask(cell));
     if (digit == 0) return {};  // pencil marks edited by hand: the cell doesn't say which
@@ -139,8 +139,7 @@ std::string lastof(char letter, CellAt cellat) {
   return {};
 }
 
-template <int HI>
-std::string onlyplace(Grid<Positions, HI, HI>& positions) {
+std::string onlyplace(const Grid<Positions, 9, 9>& positions) {
   for (int house = 0; house < 9; ++house)
     for (int digit = 1; digit <= 9; ++digit)
       if (const Positions open = positions(digit, house); open.single())
@@ -151,17 +150,12 @@ std::string onlyplace(Grid<Positions, HI, HI>& positions) {
 }  // namespace
 
 std::string findOneMissing() {
-  // Nearly all houses lack more than one digit.
-  const auto lacksone = [](int slot) { return issingle(static_cast<unsigned>(fullmask - usedmask(slot))); };
-  for (int b = 0; b < 9; ++b)
-    if (lacksone(blockslot + b))
-      if (auto r = lastof('b', [b](int p) { return blockcells(b, p); }); !r.empty()) return r;
-  for (int row = 0; row < 9; ++row)
-    if (lacksone(rowslot + row))
-      if (auto r = lastof('r', [row](int p) { return row * 9 + p; }); !r.empty()) return r;
-  for (int col = 0; col < 9; ++col)
-    if (lacksone(columnslot + col))
-      if (auto r = lastof('c', [col](int p) { return p * 9 + col; }); !r.empty()) return r;
+  for (const auto& [kind, letter, slot] : lastkinds)
+    for (int house = 0; house < 9; ++house) {
+      const auto missing = static_cast<unsigned>(fullmask - usedmask(slot + house));
+      if (!issingle(missing)) continue;  // nearly all houses lack more than one digit
+      if (std::string result = lastof(letter, housecells(kind, house)); !result.empty()) return result;
+    }
   return {};
 }
 
@@ -195,68 +189,62 @@ int number(const std::string& result, std::size_t place) {
   return leadingnumber(std::string_view(result).substr(place));
 }
 
-Single readlast(const std::string& r) {
-  const int cell = number(r, 2);
-  const int house = r.at(0) == 'b' ? cellblock(cell) : r.at(0) == 'r' ? cellrow(cell) : cellcol(cell);
-  return {r.at(0), house - 1, figure(r, 1), cell};
+Single readlast(const std::string& result) {
+  const int cell = number(result, 2);
+  const HouseKind kind = result.at(0) == 'b'   ? HouseKind::block
+                         : result.at(0) == 'r' ? HouseKind::row
+                                               : HouseKind::column;
+  return {kind, houseof(kind, cell), cell, figure(result, 1)};
 }
-Single readblock(const std::string& r) {
-  return {'b', figure(r, 1), figure(r, 0), blockcells(figure(r, 1), figure(r, 2))};
+template <HouseKind kind>
+Single readhidden(const std::string& result) {
+  const int house = figure(result, 1);
+  return {kind, house, housecell(kind, house, figure(result, 2)), figure(result, 0)};
 }
-Single readrow(const std::string& r) {
-  return {'r', figure(r, 1), figure(r, 0), figure(r, 1) * 9 + figure(r, 2)};
-}
-Single readcolumn(const std::string& r) {
-  return {'c', figure(r, 1), figure(r, 0), figure(r, 2) * 9 + figure(r, 1)};
-}
-Single readcell(const std::string& r) {
-  return {' ', 0, figure(r, 0), number(r, 1)};
+Single readnaked(const std::string& result) {
+  return {std::nullopt, 0, number(result, 1), figure(result, 0)};
 }
 
-/// What the hint and the log say of it: the words of the rung, or for the last digit of a house those of the
-/// house.
-std::string tell(const SingleRung& rung, const Words& words, const Single& found) {
+/// What the hint or the log says of a single: the last digit of a house has words of its own, for the others
+/// those passed.
+std::string tell(const SingleRung& rung, const Single& single, const ByKind<Words>& hidden,
+                 const Words& naked) {
   const bool last = rung.find == findOneMissing;
-  const Words& lastwords = found.house == 'b' ? lastinblock : found.house == 'r' ? lastinrow : lastincolumn;
-  return say(last ? lastwords : words, ofdigit(found.digit), hole("house", found.number + 1),
-             hole("row", cellrow(found.cell)), hole("col", cellcol(found.cell)));
+  const Words& words = !single.kind ? naked : last ? lastin[*single.kind] : hidden[*single.kind];
+  return say(words, incell(single.cell), ofdigit(single.digit), hole("house", single.house + 1));
 }
 
 }  // namespace
 
 // clang-format off
 const std::array<SingleRung, 5> singlerungs{{
-    // technique                       search              reading     hint         headline
-    {techniques::lastdigit,            findOneMissing,     readlast,   lastinrow,   lastinrow},
-    {techniques::hiddensingleinblock,  findSingleInBlock,  readblock,  hintblock,   headblock},
-    {techniques::hiddensingleinrow,    findSingleInRow,    readrow,    hintrow,     headrow},
-    {techniques::hiddensingleincolumn, findSingleInColumn, readcolumn, hintcolumn,  headcolumn},
-    {techniques::nakedsingle,          findSingleInCell,   readcell,   hintcell,    headcell},
+    {techniques::lastdigit,            findOneMissing,     readlast},
+    {techniques::hiddensingleinblock,  findSingleInBlock,  readhidden<HouseKind::block>},
+    {techniques::hiddensingleinrow,    findSingleInRow,    readhidden<HouseKind::row>},
+    {techniques::hiddensingleincolumn, findSingleInColumn, readhidden<HouseKind::column>},
+    {techniques::nakedsingle,          findSingleInCell,   readnaked},
 }};
 // clang-format on
 
 // A command that comes in during the wait may move curcell and curdigit: the step goes by its own find.
 bool frmmain::single(const SingleRung& rung) {
   steptag = rung.technique.tag;
-  const std::string result = rung.find();
-  if (result.empty()) return false;
-  const Single found = rung.read(result);
-  const int digit = found.digit, cell = found.cell;
+  const std::optional<Single> found = rung.search();
+  if (!found) return false;
+  const int cell = found->cell, digit = found->digit;
   curdigit = digit;
   curcell = cell;
-  if (found.house == 'b') curblock = found.number;
-  if (found.house == 'r') currow = found.number;
-  if (found.house == 'c') curcol = found.number;
-  if (rung.find != findOneMissing) {  // which has no explanation
+  if (found->kind) keephouse(*found->kind, found->house);
+  if (rung.technique.explain != nullptr) {
     stepdigit = digit;
     stepcell = cell;
   }
-  txthint.text = tell(rung, rung.hint, found);
-  candidate(cell * 10 + digit).back = green;
+  txthint.text = tell(rung, *found, hiddenhint, nakedhint);
+  pencilmark(cell, digit).back = green;
   Text1(cell).back = yellow;
   Text5.text = std::to_string(digit);
   if (waitatlight() == Answer::stop) return true;  // the colours stay until some later repaint
-  candidate(cell * 10 + digit).back = white;
+  pencilmark(cell, digit).back = white;
   Text1(cell).back = white;
   writetext1(cell, std::to_string(digit));
   Text1(cell).visible = true;
@@ -265,12 +253,11 @@ bool frmmain::single(const SingleRung& rung) {
 
 // The snapshot holds the board before the digit; the headline is written after it.
 bool frmgenerazione::single(const SingleRung& rung) {
-  const std::string result = rung.find();
-  if (result.empty()) return false;
-  const Single found = rung.read(result);
-  const std::string line = tell(rung, rung.headline, found);
+  const std::optional<Single> found = rung.search();
+  if (!found) return false;
+  const std::string line = tell(rung, *found, hiddenheadline, nakedheadline);
   counthead();
-  placequickly(found.cell, found.digit);
+  placequickly(found->cell, found->digit);
   if (rung.technique.level > 0) raiselevel(rung.technique.level);
   appendline(line);
   return true;
@@ -289,10 +276,6 @@ void paintplaced(const House& house, int digit) {
   for (int cell : house) frmmain::Text1(cell).back = shows(cell, digit) ? green : red;
 }
 
-std::string at(const Words& words, int cell) {
-  return say(words, hole("row", cellrow(cell)), hole("col", cellcol(cell)));
-}
-
 /// The digits must stand out, so the pencil marks go, and stay off.
 void hidepencilmarks() {
   if (pencilmarks()) mnupencil_Click();
@@ -308,80 +291,78 @@ void argue(const Lesson& lesson) {
 }  // namespace
 
 void explainsingleinblock() {
-  const int row = cellrow(stepcell) - 1, col = cellcol(stepcell) - 1, block = cellblock(stepcell) - 1;
+  const int block = blockof(stepcell);
   Lesson lesson;
   lesson.line(inlanguage(crosshatching)).line(ruleline);
   hidepencilmarks();
 
   lesson.line(say(alreadyplaced, ofdigit(stepdigit)));
-  for (int r = row / 3 * 3; r < row / 3 * 3 + 3; ++r)
-    if (r != row && rowpos(stepdigit, r).empty()) {
-      paintplaced(housecells(HouseKind::row, r), stepdigit);
-      lesson.words(say(placedinrow, hole("row", r + 1)));
-    }
-  for (int c = col / 3 * 3; c < col / 3 * 3 + 3; ++c)
-    if (c != col && colpos(stepdigit, c).empty()) {
-      paintplaced(housecells(HouseKind::column, c), stepdigit);
-      lesson.words(say(placedincolumn, hole("col", c + 1)));
+  for (HouseKind kind : {HouseKind::row, HouseKind::column})
+    for (int position : {0, 4, 8}) {  // the block's diagonal, which meets all its lines
+      const int line = houseof(kind, housecell(HouseKind::block, block, position));
+      if (line == houseof(kind, stepcell) || !housepos(kind, stepdigit, line).empty()) continue;
+      paintplaced(housecells(kind, line), stepdigit);
+      lesson.words(say(kind == HouseKind::row ? placedinrow : placedincolumn, hole("house", line + 1)));
     }
   for (int cell : housecells(HouseKind::block, block))
     if (frmmain::Text1(cell).text.empty() && frmmain::Text1(cell).back == white) {
       frmmain::Text1(cell).back = magenta;
-      lesson.line(at(ruledout, cell));
+      lesson.line(say(ruledout, incell(cell)));
     }
-  lesson.line(say(onlyinblock, hole("house", block + 1), ofdigit(stepdigit)));
-  lesson.line(at(yellowcell, stepcell));
+  lesson.line(say(onlyin[HouseKind::block], hole("house", block + 1), ofdigit(stepdigit)));
+  lesson.line(say(yellowcell, incell(stepcell)));
   argue(lesson);
 }
 
 namespace {
 
+/// The block of a cell, or its cross line, where the digit is placed: there it has no place left.
+std::optional<HouseKind> takenin(int cell, int digit, HouseKind cross) {
+  for (HouseKind kind : {HouseKind::block, cross})
+    if (housepos(kind, digit, houseof(kind, cell)).empty()) return kind;
+  return std::nullopt;
+}
+
 /// A hidden single in a row, or its mirror image in a column: why no other cell of the line takes the digit.
-void explainsingleinline(bool isrow) {
-  const int line = (isrow ? cellrow(stepcell) : cellcol(stepcell)) - 1;
+void explainsingleinline(HouseKind kind) {
+  const bool isrow = kind == HouseKind::row;
+  const Hole line = hole("house", houseof(kind, stepcell) + 1);
   Lesson lesson;
   lesson.line(inlanguage(hiddensingle)).line(ruleline);
   hidepencilmarks();
 
-  lesson.line(say(isrow ? thedigitinrow : thedigitincolumn, hole("house", line + 1), ofdigit(stepdigit)));
-  for (int cell : isrow ? housecells(HouseKind::row, line) : housecells(HouseKind::column, line)) {
+  lesson.line(say(isrow ? thedigitinrow : thedigitincolumn, line, ofdigit(stepdigit)));
+  for (int cell : housearound(kind, stepcell)) {
     if (cell == stepcell || !frmmain::Text1(cell).text.empty()) continue;
-    const int block = cellblock(cell) - 1, cross = (isrow ? cellcol(cell) : cellrow(cell)) - 1;
-    lesson.line(at(impossiblein, cell));
-    if (blockpos(stepdigit, block).empty()) {
-      paintplaced(housecells(HouseKind::block, block), stepdigit);
-      lesson.line(say(becauseblock, hole("house", block + 1)));
-    } else if (isrow ? colpos(stepdigit, cross).empty() : rowpos(stepdigit, cross).empty()) {
-      paintplaced(isrow ? housecells(HouseKind::column, cross) : housecells(HouseKind::row, cross),
-                  stepdigit);
-      lesson.line(say(isrow ? becausecolumn : becauserow, hole("house", cross + 1)));
+    lesson.line(say(impossiblein, incell(cell)));
+    if (const auto taken = takenin(cell, stepdigit, isrow ? HouseKind::column : HouseKind::row)) {
+      paintplaced(housearound(*taken, cell), stepdigit);
+      lesson.line(say(because[*taken], hole("house", houseof(*taken, cell) + 1)));
     } else {
       frmmain::Text1(cell).back = magenta;
       lesson.line(inlanguage(becauseearlier));
     }
   }
-  lesson.line(say(isrow ? onlyinrow : onlyincolumn, hole("house", line + 1), ofdigit(stepdigit)));
-  lesson.line(at(yellowcell, stepcell));
+  lesson.line(say(onlyin[kind], line, ofdigit(stepdigit)));
+  lesson.line(say(yellowcell, incell(stepcell)));
   argue(lesson);
 }
 
-/// The first cell, seen from the step's cell by block, row and column, that shows the digit; or -1.
-int seenfrom(int cell, int digit) {
-  for (const House& house :
-       {housecells(HouseKind::block, cellblock(cell) - 1), housecells(HouseKind::row, cellrow(cell) - 1),
-        housecells(HouseKind::column, cellcol(cell) - 1)})
-    for (int other : house)
+/// The first cell that a cell sees, by block, row and column, and that shows the digit.
+std::optional<int> seenfrom(int cell, int digit) {
+  for (HouseKind kind : {HouseKind::block, HouseKind::row, HouseKind::column})
+    for (int other : housearound(kind, cell))
       if (shows(other, digit)) return other;
-  return -1;
+  return std::nullopt;
 }
 
 }  // namespace
 
 void explainsingleinrow() {
-  explainsingleinline(true);
+  explainsingleinline(HouseKind::row);
 }
 void explainsingleincolumn() {
-  explainsingleinline(false);
+  explainsingleinline(HouseKind::column);
 }
 
 void explainsingleincell() {
@@ -389,24 +370,24 @@ void explainsingleincell() {
   lesson.line(inlanguage(nakedsingle)).line(ruleline);
   hidepencilmarks();
 
-  lesson.line(at(thecell, stepcell));
+  lesson.line(say(thecell, incell(stepcell)));
   for (int digit = 1; digit <= 9; ++digit) {
     if (digit == stepdigit) continue;
-    if (const int seen = seenfrom(stepcell, digit); seen >= 0) {
-      frmmain::Text1(seen).back = green;
-      lesson.line(say(seendigit, ofdigit(digit), hole("row", cellrow(seen)), hole("col", cellcol(seen))));
+    if (const std::optional<int> seen = seenfrom(stepcell, digit)) {
+      frmmain::Text1(*seen).back = green;
+      lesson.line(say(seendigit, incell(*seen), ofdigit(digit)));
     } else {
       lesson.line(say(earlierdigit, ofdigit(digit)));
     }
   }
-  lesson.line(at(onlynumber, stepcell));
+  lesson.line(say(onlynumber, incell(stepcell)));
   lesson.line(say(thedigit, ofdigit(stepdigit)));
   argue(lesson);
 }
 
 // ---- records ----------------------------------------------------------------------------------------------
 
-// They are tested by their result: foundflag is nothing to them.
+// The ladders ask the singles for their result: foundflag is nothing to them.
 namespace {
 
 template <int rung>

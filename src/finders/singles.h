@@ -2,15 +2,16 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
+#include "houses.h"
 #include "technique.h"
-#include "words.h"
 
 namespace gradino {
 
-// The searches. Each only looks, and returns what it found as a short string, or an empty one. All numbers in
-// it are 0-based. They trust the position index blindly: rebuildpositions must have run.
+// The searches. Each only looks, and returns what it found as a short string, an empty one for nothing. All
+// numbers in it are 0-based. They trust the position index blindly: rebuildpositions must have run.
 
 std::string findOneMissing();      ///< house letter b, r or c; digit; cell (one or two characters): "r537"
 std::string findSingleInBlock();   ///< digit, block, position in the block
@@ -18,24 +19,29 @@ std::string findSingleInRow();     ///< digit, row, column
 std::string findSingleInColumn();  ///< digit, column, row: the column stands first
 std::string findSingleInCell();    ///< digit, cell (one or two characters)
 
-/// Digit and cell of the last single, kept for the explanation. The last digit of a house leaves them alone.
-inline int stepdigit = 0, stepcell = 0;
-
-/// A single found, as read from a search's string.
+/// A single, as read from a search's string.
 struct Single {
-  char house;  ///< b, r, c, or blank for a naked single
-  int number;  ///< of the house, 0-based; 0 for the last digit of a house and for a naked single
-  int digit, cell;
+  std::optional<HouseKind> kind;  ///< of the house that it was found in; a naked single has none
+  int house;                      ///< 0-based; 0 for a naked single
+  int cell, digit;
 };
 
-/// What tells the five apart, in the order of the ladders.
+/// A single's technique and search, in the order of the ladders.
 struct SingleRung {
   const Technique& technique;
   std::string (*find)();
-  Single (*read)(const std::string& result);
-  Words hint, headline;
+  Single (*read)(const std::string& result);  ///< of what find has found
+
+  std::optional<Single> search() const {
+    const std::string result = find();
+    return result.empty() ? std::nullopt : std::optional(read(result));
+  }
 };
 extern const std::array<SingleRung, 5> singlerungs;
+
+/// Digit and cell of the last hidden or naked single that a step has shown; the explanations here read them.
+/// The searches for chains and the Nishio test keep theirs here too: the last one that wrote counts.
+inline int stepdigit = 0, stepcell = 0;
 
 namespace frmmain {
 /// Shows the single, waits, and on go places the digit. False: there is none.
