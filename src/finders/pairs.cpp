@@ -9,6 +9,7 @@
 // The naked pair is the easier one to see, and is looked for first.
 #include "pairs.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -73,7 +74,7 @@ constexpr Words anyother = {"ogni altro candidato diverso da  {one} e {other}",
 constexpr Words hiddenclosing = {"rimossi extra numeri da  {first} {second}",
                                  "deleted extra cendidates from  {first} {second}"};
 
-/// What the explanations say of the house that the pair is in.
+/// What the explanations say of the house that holds the pair.
 struct HouseWords {
   Words yellowcells, forced, deletefrom;  ///< naked
   Words greencells, onemust, othermust;   ///< hidden
@@ -127,18 +128,19 @@ constexpr HouseWords blockwords = {
     othermust,
 };
 
+constexpr ByKind<HouseWords> housewords = {rowwords, columnwords, blockwords};
+
 constexpr int nakedlevel = 4, hiddenlevel = 5;
 
 // ---- search -----------------------------------------------------------------------------------------------
 
 struct Pair {
-  HouseKind kind = HouseKind::row;
-  int house = 0;              ///< 0-based
-  int first = 0, second = 0;  ///< cells; the same cell twice: no pair was found
-  int one = 0, other = 0;     ///< digits
-  std::string digits;         ///< the two as they are read to the user
+  HouseKind kind;
+  int house;          ///< 0-based
+  int first, second;  ///< cells
+  int one, other;     ///< digits
+  std::string said;   ///< the two digits as they are read to the user
 
-  bool found() const { return first != second; }
   int mask() const { return bitvalue(one) | bitvalue(other); }
 };
 
@@ -158,24 +160,27 @@ bool hasvictims(const Pair& naked) {
   return any;
 }
 
-/// The first naked pair that deletes something: the lower cell outermost; for it row, column, block.
-Pair findnaked() {
-  for (int cell = 0; cell < cellcount; ++cell) {
+/// The first naked pair in a house of two equal cells, the lower one given, that deletes something.
+std::optional<Pair> nakedin(HouseKind kind, int cell) {
+  for (int partner : housearound(kind, cell)) {
+    if (partner <= cell || candmask(partner) != candmask(cell)) continue;
+    // The text may have been typed: the digits keep its order, and a sign that is no digit stands for none.
     const std::string& open = candstr(cell);
-    if (candmask(cell) < 1 || open.length() != 2) continue;
-    for (HouseKind kind : housekinds) {
-      const int house = houseof(kind, cell);
-      for (int partner : housecells(kind, house)) {
-        if (partner <= cell || candmask(partner) != candmask(cell)) continue;
-        // The text may have been typed: the digits keep its order, and a sign that is no digit stands for
-        // none.
-        const int one = leadingnumber(open.substr(0, 1)), other = leadingnumber(open.substr(1));
-        Pair pair = {kind, house, cell, partner, one, other, open};
-        if (hasvictims(pair)) return pair;
-      }
-    }
+    const int one = leadingnumber(open.substr(0, 1)), other = leadingnumber(open.substr(1));
+    Pair pair = {kind, houseof(kind, cell), cell, partner, one, other, open};
+    if (hasvictims(pair)) return pair;
   }
-  return {};
+  return std::nullopt;
+}
+
+/// The first naked pair that deletes something: the lower cell outermost; for it row, column, block.
+std::optional<Pair> findnaked() {
+  for (int cell = 0; cell < cellcount; ++cell) {
+    if (candmask(cell) < 1 || candstr(cell).length() != 2) continue;
+    for (HouseKind kind : housekinds)
+      if (auto pair = nakedin(kind, cell)) return pair;
+  }
+  return std::nullopt;
 }
 
 /// Nothing left to take away: the masks are looked at, for they may be narrower than the positions know.
@@ -199,38 +204,46 @@ std::vector<TwoPlaces> twoplaces(int digit) {
   return found;
 }
 
+/// The first hidden pair of two digits that takes something away; `houses` are those with two places for the
+/// first digit.
+std::optional<Pair> hiddenof(int one, int other, const std::vector<TwoPlaces>& houses) {
+  for (const auto& [kind, house, places] : houses) {
+    if (housepos(kind, other, house) != places) continue;
+    const int first = housecell(kind, house, places.first());
+    const int second = housecell(kind, house, places.last());
+    Pair pair = {kind, house, first, second, one, other, std::to_string(one * 10 + other)};
+    if (!bare(pair)) return pair;
+  }
+  return std::nullopt;
+}
+
 /// The first hidden pair that takes something away: the digits outermost; for them rows, columns, blocks.
-Pair findhidden() {
+std::optional<Pair> findhidden() {
   for (int one = 1; one <= 8; ++one) {
     const std::vector<TwoPlaces> houses = twoplaces(one);
     for (int other = one + 1; other <= 9; ++other)
-      for (const auto& [kind, house, places] : houses) {
-        if (housepos(kind, other, house) != places) continue;
-        const int first = housecell(kind, house, places.first());
-        const int second = housecell(kind, house, places.last());
-        Pair pair = {kind, house, first, second, one, other, std::to_string(one * 10 + other)};
-        if (!bare(pair)) return pair;
-      }
+      if (auto pair = hiddenof(one, other, houses)) return pair;
   }
-  return {};
+  return std::nullopt;
 }
 
-/// The step on show, for its explanation.
-Pair shown;
+/// The pair on show, naked or hidden. Only the explanations read it.
+std::optional<Pair> shown;
 
+void forget() {
+  shown.reset();
+}
+
+/// Its first cell and its house become those of the step on show (step.h).
 void keep(const Pair& pair) {
   curcell = pair.first;
   keephouse(pair.kind, pair.house);
 }
 
 std::string tell(const Words& words, const Pair& pair) {
-  return say(words, hole("digits", pair.digits), hole("one", pair.one), hole("other", pair.other),
+  return say(words, hole("digits", pair.said), hole("one", pair.one), hole("other", pair.other),
              hole("house", pair.house + 1), hole("first", cellname(pair.first)),
              hole("second", cellname(pair.second)));
-}
-
-std::string tellcandidate(const Words& words, int cell, int digit) {
-  return say(words, ofdigit(digit), incell(cell));
 }
 
 void paintnaked(const Pair& pair, Colour colour) {
@@ -253,8 +266,9 @@ void narrow(const Pair& hidden) {
 void frmmain::nakedpair() {
   foundflag = false;
   steptag = techniques::nakedpair.tag;
-  const Pair pair = shown = findnaked();
-  if (!pair.found()) return;
+  shown = findnaked();
+  if (!shown) return;
+  const Pair pair = *shown;  // a command that comes in during the wait may show another
   keep(pair);
   paintnaked(pair, yellow);
   txthint.text = tell(nakedhint, pair);
@@ -265,7 +279,7 @@ void frmmain::nakedpair() {
   victims(pair, [](int cell, int digit) {
     deletecandidate(cell, digit);
     foundflag = true;
-    txthint.text += tellcandidate(deletedcandidate, cell, digit);
+    txthint.text += say(deletedcandidate, incell(cell), ofdigit(digit));
   });
   showdeletions();
 }
@@ -275,12 +289,13 @@ void frmmain::nakedpair() {
 void frmmain::hiddenpair() {
   foundflag = false;
   steptag = techniques::hiddenpair.tag;
-  const Pair pair = shown = findhidden();
-  if (!pair.found()) return;
+  shown = findhidden();
+  if (!shown) return;
+  const Pair pair = *shown;  // a command that comes in during the wait may show another
   keep(pair);
   curdigit = pair.one;
   narrow(pair);
-  Text5.text = pair.digits;
+  Text5.text = pair.said;
   painthidden(pair, green);
   txthint.text = tell(hiddenfound, pair);
   const bool stop = waitatlight() == Answer::stop;
@@ -295,15 +310,16 @@ void frmmain::hiddenpair() {
 
 void frmgenerazione::nakedpair() {
   foundflag = false;
-  const Pair pair = findnaked();
-  if (!pair.found()) return;
+  const std::optional<Pair> found = findnaked();
+  if (!found) return;
+  const Pair& pair = *found;
   headline(tell(nakedheadline, pair));
   detail(inlanguage(logdeleted));
   raiselevel(nakedlevel);
   victims(pair, [](int cell, int digit) {
     deletecandidate(cell, digit);
     foundflag = true;
-    appendwords(tellcandidate(deletedcandidate, cell, digit));
+    appendwords(say(deletedcandidate, incell(cell), ofdigit(digit)));
   });
   settledeletions();
 }
@@ -311,8 +327,9 @@ void frmgenerazione::nakedpair() {
 // Unlike the step it narrows after its snapshot, which holds the board before the step as all snapshots do.
 void frmgenerazione::hiddenpair() {
   foundflag = false;
-  const Pair pair = findhidden();
-  if (!pair.found()) return;
+  const std::optional<Pair> found = findhidden();
+  if (!found) return;
+  const Pair& pair = *found;
   headline(tell(hiddenfound, pair));
   narrow(pair);
   detail(tell(logentered, pair));
@@ -323,18 +340,10 @@ void frmgenerazione::hiddenpair() {
 
 // ---- explanations -----------------------------------------------------------------------------------------
 
-namespace {
-
-const HouseWords& housewords(HouseKind kind) {
-  return kind == HouseKind::row ? rowwords : kind == HouseKind::column ? columnwords : blockwords;
-}
-
-}  // namespace
-
 void explainnakedpair() {
-  const Pair pair = shown;    // a command that comes in during the wait may show another, or none
-  if (!pair.found()) return;  // a search without a result was started during another step's wait
-  const HouseWords& inhouse = housewords(pair.kind);
+  if (!shown) return;        // a search without a result was started during another step's wait
+  const Pair pair = *shown;  // a command that comes in during the wait may show another, or none
+  const HouseWords& inhouse = housewords[pair.kind];
   Lesson lesson;
   lesson.line(inlanguage(nakedtitle)).line(inlanguage(nakedrule)).line(ruleline);
   lesson.line(tell(inhouse.yellowcells, pair)).line(tell(containonly, pair));
@@ -342,7 +351,7 @@ void explainnakedpair() {
   lesson.line(inlanguage(wecandelete));
   victims(pair, [&](int cell, int digit) {
     pencilmark(cell, digit).back = red;
-    lesson.words(tellcandidate(redcandidate, cell, digit));
+    lesson.words(say(redcandidate, incell(cell), ofdigit(digit)));
   });
   if (lesson.showandwait() == Answer::stop) return;
 
@@ -355,9 +364,9 @@ void explainnakedpair() {
 }
 
 void explainhiddenpair() {
-  const Pair pair = shown;    // a command that comes in during the wait may show another, or none
-  if (!pair.found()) return;  // a search without a result was started during another step's wait
-  const HouseWords& inhouse = housewords(pair.kind);
+  if (!shown) return;        // a search without a result was started during another step's wait
+  const Pair pair = *shown;  // a command that comes in during the wait may show another, or none
+  const HouseWords& inhouse = housewords[pair.kind];
   Lesson lesson;
   lesson.line(inlanguage(hiddentitle)).line(inlanguage(hiddenrule)).line(ruleline);
   lesson.line(tell(inhouse.greencells, pair)).line(tell(onlyones, pair));
@@ -380,6 +389,7 @@ const Technique techniques::nakedpair{
     .twin = byfoundflag<frmgenerazione::nakedpair>,
     .explain = explainnakedpair,
     .level = nakedlevel,
+    .forget = forget,
 };
 const Technique techniques::hiddenpair{
     .tag = "hiddenpair",
@@ -389,6 +399,7 @@ const Technique techniques::hiddenpair{
     .twin = byfoundflag<frmgenerazione::hiddenpair>,
     .explain = explainhiddenpair,
     .level = hiddenlevel,
+    .forget = forget,
 };
 
 }  // namespace gradino
