@@ -11,8 +11,10 @@
 // hold shows as a smaller subset of the other kind.
 #include "subsets.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -36,7 +38,7 @@ namespace {
 constexpr Words countthree = {"tre", "3"};
 constexpr Words countfour = {"4", "4"};
 
-// The same in hint and log, both with two blanks before the digits in Italian.
+// The same in hint and log, and in Italian two blanks before the digits.
 constexpr Words nakedtriplefound = {"TRIPLA NUDA  {digits} nelle celle {cells}",
                                     "NAKED TRIPLE {digits}, cells {cells}"};
 constexpr Words hiddentriplefound = {"TRIPLA NASCOSTA  {digits} nelle celle {cells}",
@@ -70,7 +72,7 @@ constexpr Words hiddenrule = {
     "other cell of the house contains the {count} candidates, then we can delete all the other candidates "
     "from this {count} cells"};
 
-/// What the explanations say of the house that the subset is in.
+/// What the explanations say of the house that holds the subset.
 struct HouseWords {
   Words greencells, forced, deletefrom;
 };
@@ -104,6 +106,8 @@ constexpr HouseWords blockwords = {
      "we can delete the {count} candidates from any other cell of the block {house}"},
 };
 
+constexpr ByKind<HouseWords> housewords = {rowwords, columnwords, blockwords};
+
 constexpr Words containonly = {"contengono solamente {edigits}", "contain only {digits}"};
 constexpr Words ourcase = {"nel nostro caso li possiamo  eliminare dalle celle rosse: ",
                            "in our case we can delete them from: "};
@@ -123,18 +127,22 @@ constexpr Words hiddenclosing = {"rimossi extra numeri da {cells}", "deleted ext
 
 // ---- search -----------------------------------------------------------------------------------------------
 
-/// All sets of n digits as masks, in the order in which they are tried: 123, 124 ... 789. Written as nine
-/// binary figures, digit 1 in front, they go down from 111000000.
+/// Nine binary figures, digit 1 in front, as a mask.
+constexpr int maskof(unsigned figures) {
+  int mask = 0;
+  for (int digit = 1; digit <= 9; ++digit)
+    if (figures >> (9 - digit) & 1) mask |= 1 << digit;
+  return mask;
+}
+
+/// All sets of n digits as masks, in the order in which they are tried: 123, 124 ... 789. Written as figures
+/// they go down from 111000000.
 template <int n>
 constexpr auto digitsets() {
   std::array<int, n == 3 ? 84 : 126> sets{};
   auto set = sets.begin();
   for (unsigned figures = 0b111111111; figures > 0; --figures)
-    if (std::popcount(figures) == n) {
-      for (int digit = 1; digit <= 9; ++digit)
-        if (figures >> (9 - digit) & 1) *set |= 1 << digit;
-      ++set;
-    }
+    if (std::popcount(figures) == n) *set++ = maskof(figures);
   return sets;
 }
 constexpr auto triples = digitsets<3>();
@@ -159,21 +167,14 @@ constexpr Size quad   = {techniques::quad,   4, 6, quads,   countfour,  nakedqua
 // clang-format on
 
 struct Subset {
-  enum class Kind { none, naked, hidden } kind = Kind::none;
-  const Size* size = nullptr;
-  HouseKind housekind = HouseKind::row;
-  int house = 0;           ///< 0-based
-  int set = 0;             ///< the digits, as a mask
-  std::vector<int> cells;  ///< naked: by position; hidden: by the digits' places, the first digit's first
+  const Size* size;
+  HouseKind kind = HouseKind::row;
+  int house = 0;             ///< 0-based
+  int set = 0;               ///< the digits, as a mask
+  bool naked = false;        ///< or hidden
+  std::vector<int> cells{};  ///< naked: by position; hidden: by the digits' places, the first digit's first
 
-  bool found() const { return kind != Kind::none; }
-  bool naked() const { return kind == Kind::naked; }
-  int cellat(int position) const { return housecell(housekind, house, position); }
-  bool has(int cell) const {
-    for (int c : cells)
-      if (c == cell) return true;
-    return false;
-  }
+  bool has(int cell) const { return std::find(cells.begin(), cells.end(), cell) != cells.end(); }
 };
 
 /// Calls act(digit) for each digit of a mask, ascending.
@@ -184,193 +185,201 @@ void eachdigit(int mask, Act act) {
 
 /// The one walk over the candidates that go, by cell and then digit: act(cell, digit) for each.
 template <class Act>
-void victims(const Subset& find, Act act) {
-  if (find.naked()) {
-    for (int cell : housecells(find.housekind, find.house))
-      if (!find.has(cell)) eachdigit(candmask(cell) & find.set, [&](int digit) { act(cell, digit); });
+void victims(const Subset& subset, Act act) {
+  if (subset.naked) {
+    for (int cell : housecells(subset.kind, subset.house))
+      if (!subset.has(cell)) eachdigit(candmask(cell) & subset.set, [&](int digit) { act(cell, digit); });
   } else {
-    for (int cell : find.cells) eachdigit(candmask(cell) & ~find.set, [&](int digit) { act(cell, digit); });
+    for (int cell : subset.cells)
+      eachdigit(candmask(cell) & ~subset.set, [&](int digit) { act(cell, digit); });
   }
 }
 
-bool hasvictims(const Subset& find) {
+bool hasvictims(const Subset& subset) {
   bool any = false;
-  victims(find, [&](int, int) { any = true; });
+  victims(subset, [&](int, int) { any = true; });
   return any;
 }
 
+/// A cell that may belong to a naked subset: it has n - 1 or n candidates.
+struct Member {
+  int cell, set;  ///< and its candidates, as a mask
+};
+
 /// What the search looks at in a house.
 struct View {
-  std::array<Positions, 10> places{};        ///< by digit
-  std::array<int, 9> likely{}, likelyset{};  ///< cells of n - 1 or n candidates, and their candidates
-  int likelies = 0;                          ///< how many they are
+  ByDigit<Positions> places{};
+  ByIndex<Member, 9> members{};
+  int membercount = 0;
 };
 
-/// The houses as bits, so that those worth a look are known before a set of digits is tried in them. Rows are
-/// bits 0 to 8, columns 9 to 17, blocks 18 to 26: ascending, as they are tried, and as they stand in
-/// usedmask.
+/// The houses as bits, so that those worth a look are known before a set of digits is tried in them: rows are
+/// bits 0 to 8, columns 9 to 17, blocks 18 to 26, ascending as they are tried.
 struct Houses {
-  std::array<unsigned, 10> open{};    ///< by digit: it is not placed there
-  std::array<unsigned, 10> narrow{};  ///< by digit: it has 1 to n places there
-  unsigned likely = 0;                ///< there are cells enough for a naked subset
-  std::array<View, 27> views{};
+  ByDigit<unsigned> open{};    ///< the digit is not placed there
+  ByDigit<unsigned> narrow{};  ///< it has 1 to n places there
+  unsigned likely = 0;         ///< there are cells enough for a naked subset
+  ByIndex<View, 27> views{};
 };
 
-void surveydigits(Houses& houses, int h, int n) {
-  const unsigned bit = 1u << h;
+constexpr HouseKind kindof(int bit) {
+  return static_cast<HouseKind>(bit / 9);
+}
+constexpr int numberof(int bit) {
+  return bit % 9;
+}
+// So they stand in usedmask too.
+static_assert(columnslot == rowslot + 9 && blockslot == rowslot + 18);
+
+void surveydigits(Houses& houses, int bit, int n) {
   for (int digit = 1; digit <= 9; ++digit) {
-    const auto d = static_cast<std::size_t>(digit);
-    const Positions places = houses.views[static_cast<std::size_t>(h)].places[d];
-    if ((usedmask(rowslot + h) & bitvalue(digit)) == 0) houses.open[d] |= bit;
-    if (!places.empty() && places.length() <= n) houses.narrow[d] |= bit;
+    const Positions places = houses.views[bit].places[digit];
+    if ((usedmask(rowslot + bit) & bitvalue(digit)) == 0) houses.open[digit] |= 1u << bit;
+    if (!places.empty() && places.length() <= n) houses.narrow[digit] |= 1u << bit;
   }
 }
 
-void surveycells(View& view, HouseKind kind, int house, int n) {
-  for (int cell : housecells(kind, house)) {
+void surveycells(View& view, const House& house, int n) {
+  for (int cell : house) {
     const int candidates = std::popcount(static_cast<unsigned>(candmask(cell)));
-    if (candidates != n - 1 && candidates != n) continue;
-    const auto k = static_cast<std::size_t>(view.likelies++);
-    view.likely[k] = cell;
-    view.likelyset[k] = candmask(cell);
+    if (candidates == n - 1 || candidates == n) view.members[view.membercount++] = {cell, candmask(cell)};
   }
 }
 
 Houses survey(const Size& size) {
   Houses houses;
-  for (int h = 0; h < 27; ++h) {
-    const auto kind = static_cast<HouseKind>(h / 9);
-    View& view = houses.views[static_cast<std::size_t>(h)];
+  for (int bit = 0; bit < 27; ++bit) {
+    View& view = houses.views[bit];
     int opendigits = 0;
     for (int digit = 1; digit <= 9; ++digit) {
-      const Positions places = housepos(kind, digit, h % 9);
-      view.places[static_cast<std::size_t>(digit)] = places;
-      if (!places.empty()) ++opendigits;
+      view.places[digit] = housepos(kindof(bit), digit, numberof(bit));
+      if (!view.places[digit].empty()) ++opendigits;
     }
     if (opendigits <= size.toofew) continue;
-    surveydigits(houses, h, size.n);
-    surveycells(view, kind, h % 9, size.n);
-    if (view.likelies >= size.n) houses.likely |= 1u << h;
+    surveydigits(houses, bit, size.n);
+    surveycells(view, housecells(kindof(bit), numberof(bit)), size.n);
+    if (view.membercount >= size.n) houses.likely |= 1u << bit;
   }
   return houses;
 }
 
 /// The first n cells that hold nothing but the set. One cell more of that sort would lose its candidates, so
 /// when the first n are of no use there is no other choice.
-bool isnaked(Subset& find, const View& view) {
-  find.kind = Subset::Kind::naked;
-  find.cells.clear();
-  for (std::size_t k = 0; k < static_cast<std::size_t>(view.likelies); ++k) {
-    if ((view.likelyset[k] & ~find.set) != 0) continue;
-    find.cells.push_back(view.likely[k]);
-    if (static_cast<int>(find.cells.size()) == find.size->n) return hasvictims(find);
+bool isnaked(Subset& subset, const View& view) {
+  subset.naked = true;
+  subset.cells.clear();
+  for (int k = 0; k < view.membercount; ++k) {
+    const auto& [cell, set] = view.members[k];
+    if ((set & ~subset.set) != 0) continue;
+    subset.cells.push_back(cell);
+    if (static_cast<int>(subset.cells.size()) == subset.size->n) return hasvictims(subset);
   }
   return false;
 }
 
 /// The n places of the digits together.
-bool ishidden(Subset& find, const View& view) {
-  Positions united;
-  eachdigit(find.set, [&](int digit) {
-    united.bits = static_cast<std::uint16_t>(united.bits | view.places[static_cast<std::size_t>(digit)].bits);
+bool ishidden(Subset& subset, const View& view) {
+  unsigned united = 0;
+  eachdigit(subset.set, [&](int digit) { united |= view.places[digit].bits; });
+  if (bitcounts[united] != subset.size->n) return false;
+  subset.naked = false;
+  subset.cells.clear();
+  eachdigit(subset.set, [&](int digit) {
+    for (int position : view.places[digit])
+      if (const int cell = housecell(subset.kind, subset.house, position); !subset.has(cell))
+        subset.cells.push_back(cell);
   });
-  if (united.length() != find.size->n) return false;
-  find.kind = Subset::Kind::hidden;
-  find.cells.clear();
-  eachdigit(find.set, [&](int digit) {
-    for (int p : view.places[static_cast<std::size_t>(digit)])
-      if (!find.has(find.cellat(p))) find.cells.push_back(find.cellat(p));
-  });
-  return hasvictims(find);
+  return hasvictims(subset);
 }
 
 /// The first subset that deletes something: the set of digits outermost; for it rows, columns, blocks; in a
 /// house naked before hidden.
-Subset subsetfinder(const Size& size) {
+std::optional<Subset> subsetfinder(const Size& size) {
   const Houses houses = survey(size);
-  Subset find;
-  find.size = &size;
+  Subset subset{.size = &size};
   for (int set : size.sets) {
     unsigned open = ~0u, narrow = ~0u;
     eachdigit(set, [&](int digit) {
-      open &= houses.open[static_cast<std::size_t>(digit)];
-      narrow &= houses.narrow[static_cast<std::size_t>(digit)];
+      open &= houses.open[digit];
+      narrow &= houses.narrow[digit];
     });
-    find.set = set;
+    subset.set = set;
     for (unsigned rest = open & (houses.likely | narrow); rest != 0; rest &= rest - 1) {
-      const int h = std::countr_zero(rest);
-      find.housekind = static_cast<HouseKind>(h / 9);
-      find.house = h % 9;
-      const View& view = houses.views[static_cast<std::size_t>(h)];
-      if ((houses.likely >> h & 1) && isnaked(find, view)) return find;
-      if ((narrow >> h & 1) && ishidden(find, view)) return find;
+      const int bit = std::countr_zero(rest);
+      subset.kind = kindof(bit);
+      subset.house = numberof(bit);
+      const View& view = houses.views[bit];
+      if ((houses.likely >> bit & 1) && isnaked(subset, view)) return subset;
+      if ((narrow >> bit & 1) && ishidden(subset, view)) return subset;
     }
   }
-  return {};
+  return std::nullopt;
 }
 
 // ---- what the sentences need ------------------------------------------------------------------------------
 
-std::string digitsof(const Subset& find, std::string_view joinedby = "") {
+std::string digitsof(const Subset& subset, std::string_view joinedby = "") {
   std::string text;
-  eachdigit(find.set, [&](int digit) {
+  eachdigit(subset.set, [&](int digit) {
     if (!text.empty()) text += joinedby;
     text += std::to_string(digit);
   });
   return text;
 }
 
-std::string cellsof(const Subset& find, std::string_view joinedby) {
+std::string cellsof(const Subset& subset, std::string_view joinedby) {
   std::string text;
-  for (int cell : find.cells) {
+  for (int cell : subset.cells) {
     if (!text.empty()) text += joinedby;
     text += cellname(cell);
   }
   return text;
 }
 
-std::string tell(const Words& words, const Subset& find) {
-  return say(words, hole("digits", digitsof(find)), hole("edigits", digitsof(find, " e ")),
-             hole("anddigits", digitsof(find, " and ")), hole("cells", cellsof(find, " , ")),
-             hole("ecells", cellsof(find, " e ")), hole("house", find.house + 1), hole("n", find.size->n),
-             hole("count", inlanguage(find.size->count)));
+std::string tell(const Words& words, const Subset& subset) {
+  return say(words, hole("digits", digitsof(subset)), hole("edigits", digitsof(subset, " e ")),
+             hole("anddigits", digitsof(subset, " and ")), hole("cells", cellsof(subset, " , ")),
+             hole("ecells", cellsof(subset, " e ")), hole("house", subset.house + 1),
+             hole("n", subset.size->n), hole("count", inlanguage(subset.size->count)));
 }
 
-std::string tellcandidate(const Words& words, int cell, int digit) {
-  return say(words, ofdigit(digit), incell(cell));
+std::string tellfound(const Subset& subset) {
+  return tell(subset.naked ? subset.size->nakedfound : subset.size->hiddenfound, subset);
 }
 
-std::string tellfound(const Subset& find) {
-  return tell(find.naked() ? find.size->nakedfound : find.size->hiddenfound, find);
-}
+/// The step on show, of either size. Only explain reads it.
+std::optional<Subset> shown;
 
-/// The step on show, for its explanation.
-Subset shown;
+void forget() {
+  shown.reset();
+}
 
 // ---- step -------------------------------------------------------------------------------------------------
 
 /// All digits of the set in all cells, held or not.
-void paint(const Subset& find, Colour colour) {
-  for (int cell : find.cells) eachdigit(find.set, [&](int digit) { pencilmark(cell, digit).back = colour; });
+void paint(const Subset& subset, Colour colour) {
+  for (int cell : subset.cells)
+    eachdigit(subset.set, [&](int digit) { pencilmark(cell, digit).back = colour; });
 }
 
 // foundflag is not cleared: a search without a result leaves it as the routine before has left it.
 void step(const Size& size) {
   steptag = size.technique.tag;
-  const Subset find = shown = subsetfinder(size);
-  if (!find.found()) return;
+  shown = subsetfinder(size);
+  if (!shown) return;
+  const Subset subset = *shown;  // a command that comes in during the wait may show another
   foundflag = true;
-  frmmain::Text5.text = digitsof(find);
-  paint(find, green);
-  frmmain::txthint.text = tellfound(find);
+  frmmain::Text5.text = digitsof(subset);
+  paint(subset, green);
+  frmmain::txthint.text = tellfound(subset);
   const bool stop = waitatlight() == Answer::stop;
-  paint(find, white);
+  paint(subset, white);
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
-  frmmain::txthint.text = tell(find.naked() ? deleted : entered, find);
-  victims(find, [&](int cell, int digit) {
+  frmmain::txthint.text = tell(subset.naked ? deleted : entered, subset);
+  victims(subset, [&](int cell, int digit) {
     deletecandidate(cell, digit);
-    if (find.naked()) frmmain::txthint.text += tellcandidate(deletedcandidate, cell, digit);
+    if (subset.naked) frmmain::txthint.text += say(deletedcandidate, incell(cell), ofdigit(digit));
   });
   showdeletions();
 }
@@ -379,67 +388,64 @@ void step(const Size& size) {
 
 void twin(const Size& size) {
   foundflag = false;
-  const Subset find = subsetfinder(size);
-  if (!find.found()) return;
+  const std::optional<Subset> found = subsetfinder(size);
+  if (!found) return;
+  const Subset& subset = *found;
   foundflag = true;
-  headline(tellfound(find));
-  detail(tell(find.naked() ? logdeleted : logentered, find));
+  headline(tellfound(subset));
+  detail(tell(subset.naked ? logdeleted : logentered, subset));
   raiselevel(size.technique.level);
-  victims(find, [&](int cell, int digit) {
+  victims(subset, [&](int cell, int digit) {
     deletecandidate(cell, digit);
-    if (find.naked()) appendwords(tellcandidate(deletedcandidate, cell, digit));
+    if (subset.naked) appendwords(say(deletedcandidate, incell(cell), ofdigit(digit)));
   });
   settledeletions();
 }
 
 // ---- explanation ------------------------------------------------------------------------------------------
 
-const HouseWords& housewords(HouseKind kind) {
-  return kind == HouseKind::row ? rowwords : kind == HouseKind::column ? columnwords : blockwords;
-}
-
-void arguenaked(Lesson& lesson, const Subset& find) {
-  const Size& size = *find.size;
-  lesson.line(tell(housewords(find.housekind).deletefrom, find));
-  lesson.line(inlanguage(find.housekind == HouseKind::column ? size.ourcasecolumn : ourcase)).line("");
-  victims(find, [&](int cell, int digit) {
+void arguenaked(const Subset& subset, Lesson& lesson) {
+  const Size& size = *subset.size;
+  lesson.line(tell(housewords[subset.kind].deletefrom, subset));
+  lesson.line(inlanguage(subset.kind == HouseKind::column ? size.ourcasecolumn : ourcase)).line("");
+  victims(subset, [&](int cell, int digit) {
     pencilmark(cell, digit).back = red;
-    lesson.words(tellcandidate(redcandidate, cell, digit));
+    lesson.words(say(redcandidate, incell(cell), ofdigit(digit)));
   });
 }
 
-void arguehidden(Lesson& lesson, const Subset& find) {
-  lesson.line(tell(deletefromcells, find)).line(inlanguage(anyother));
-  victims(find, [](int cell, int digit) { pencilmark(cell, digit).back = red; });
+void arguehidden(const Subset& subset, Lesson& lesson) {
+  lesson.line(tell(deletefromcells, subset)).line(inlanguage(anyother));
+  victims(subset, [](int cell, int digit) { pencilmark(cell, digit).back = red; });
 }
 
 /// The naked subset's words name every cell of the house that has a digit of the set, its own among them.
-void closing(const Subset& find) {
-  frmmain::txthint.text = tell(find.naked() ? nakedclosing : hiddenclosing, find);
-  if (!find.naked()) return;
-  eachdigit(find.set, [&find](int digit) {
-    for (int cell : housecells(find.housekind, find.house))
+void closing(const Subset& subset) {
+  frmmain::txthint.text = tell(subset.naked ? nakedclosing : hiddenclosing, subset);
+  if (!subset.naked) return;
+  eachdigit(subset.set, [&subset](int digit) {
+    for (int cell : housecells(subset.kind, subset.house))
       if (hascandidate(cell, digit)) frmmain::txthint.text += say(closingcell, incell(cell));
   });
 }
 
 void explain() {
-  const Subset find = shown;  // a command that comes in during the wait may show another, or none
-  if (!find.found()) return;  // a search without a result was started from the menu during another's wait
-  const bool naked = find.naked();
-  const HouseWords& inhouse = housewords(find.housekind);
+  if (!shown) return;            // a search without a result was started during another step's wait
+  const Subset subset = *shown;  // a command that comes in during the wait may show another, or none
+  const bool naked = subset.naked;
+  const HouseWords& inhouse = housewords[subset.kind];
   Lesson lesson;
-  lesson.line(inlanguage(naked ? find.size->nakedtitle : find.size->hiddentitle));
-  lesson.line(tell(naked ? nakedrule : hiddenrule, find)).line(ruleline);
-  lesson.line(tell(inhouse.greencells, find)).line(tell(naked ? containonly : onlyones, find));
-  lesson.line(tell(inhouse.forced, find));
+  lesson.line(inlanguage(naked ? subset.size->nakedtitle : subset.size->hiddentitle));
+  lesson.line(tell(naked ? nakedrule : hiddenrule, subset)).line(ruleline);
+  lesson.line(tell(inhouse.greencells, subset)).line(tell(naked ? containonly : onlyones, subset));
+  lesson.line(tell(inhouse.forced, subset));
   if (naked)
-    arguenaked(lesson, find);
+    arguenaked(subset, lesson);
   else
-    arguehidden(lesson, find);
+    arguehidden(subset, lesson);
   if (lesson.showandwait() == Answer::stop) return;
 
-  closing(find);
+  closing(subset);
   closelesson();
   clearcolours();
 }
@@ -477,6 +483,7 @@ const Technique techniques::triple{
     .twin = byfoundflag<frmgenerazione::findtriple>,
     .explain = explaintriple,
     .level = 6,
+    .forget = forget,
 };
 const Technique techniques::quad{
     .tag = "findquad",
@@ -486,6 +493,7 @@ const Technique techniques::quad{
     .twin = byfoundflag<frmgenerazione::findquad>,
     .explain = explainquad,
     .level = 7,
+    .forget = forget,
 };
 
 }  // namespace gradino
