@@ -12,9 +12,9 @@
 #include "intersections.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdint>
-#include <vector>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "gradestate.h"
 #include "grid.h"
@@ -119,113 +119,112 @@ constexpr Words logdeleted = {" * eliminato il numero {digit} da ", " * deleted 
 constexpr Words wecandelete = {"lo possiamo quindi eliminare da ",
                                "therefore, we can delete the number from "};
 constexpr Words closing = {"eliminato il numero {digit} da ", "deleted the number {digit} from "};
-constexpr std::string_view deletedcell = " {cell} , ";  // in both languages
-constexpr std::string_view redcell = "{cell} , ";
+constexpr Words deletedcell = {" {cell} , ", " {cell} , "};
+constexpr Words redcell = {"{cell} , ", "{cell} , "};
 
 constexpr int level = 3;
 
 // ---- search -----------------------------------------------------------------------------------------------
 
 struct Intersection {
-  const KindWords* kind = nullptr;
-  int digit = 0;
-  int holder = 0, target = 0;  ///< houses, 0-based
-  Positions places;            ///< in the holder
-
-  std::vector<int> holdercells() const {
-    std::vector<int> found;
-    for (int p : places) found.push_back(housecell(kind->holder, holder, p));
-    return found;
-  }
+  const KindWords* kind;
+  int digit;
+  int holder, target;  ///< houses, 0-based
+  Positions places;    ///< in the holder
 };
 
 /// The one walk over the cells that lose the digit, in the target's order: act(cell) for each.
 template <class Act>
-void victims(const Intersection& find, Act act) {
-  for (int cell : housecells(find.kind->target, find.target))
-    if (houseof(find.kind->holder, cell) != find.holder && hascandidate(cell, find.digit)) act(cell);
+void victims(const Intersection& intersection, Act act) {
+  for (int cell : housecells(intersection.kind->target, intersection.target))
+    if (houseof(intersection.kind->holder, cell) != intersection.holder &&
+        hascandidate(cell, intersection.digit))
+      act(cell);
 }
 
-bool hasvictims(const Intersection& find) {
-  const House& target = housecells(find.kind->target, find.target);
+bool hasvictims(const Intersection& intersection) {
+  const House& target = housecells(intersection.kind->target, intersection.target);
   return std::any_of(target.begin(), target.end(), [&](int cell) {
-    return hascandidate(cell, find.digit) && houseof(find.kind->holder, cell) != find.holder;
+    return hascandidate(cell, intersection.digit) &&
+           houseof(intersection.kind->holder, cell) != intersection.holder;
   });
 }
 
-/// Where two or three positions lie together, or -1: in a third of the house (0-2, 3-5, 6-8; in a block its
-/// rows), and, in a block, on one of its columns.
+/// Whether two or three positions lie together in a third of the house (0-2, 3-5, 6-8), or on a column of a
+/// block. The thirds of a block are its rows, those of a line lie in one block each.
 struct Together {
-  std::int8_t third, column;
+  bool third, column;
 };
 
 constexpr Together togetherat(unsigned bits) {
-  Together found{-1, -1};
-  if (bitcounts[bits] != 2 && bitcounts[bits] != 3) return found;
+  Together where{false, false};
+  if (bitcounts[bits] != 2 && bitcounts[bits] != 3) return where;
   for (int n = 0; n < 3; ++n) {
-    if ((bits & ~(0b111u << 3 * n)) == 0) found.third = static_cast<std::int8_t>(n);
-    if ((bits & ~(0b001001001u << n)) == 0) found.column = static_cast<std::int8_t>(n);
+    if ((bits & ~(0b111u << 3 * n)) == 0) where.third = true;
+    if ((bits & ~(0b001001001u << n)) == 0) where.column = true;
   }
-  return found;
+  return where;
 }
 
-/// By the positions' bits: most have no such place, and that is to be seen at one look.
+/// By the positions' bits: most do not lie together, and that is to be seen at one look.
 constexpr auto together = [] {
-  std::array<Together, 512> table{};
-  for (unsigned bits = 0; bits < table.size(); ++bits) table[bits] = togetherat(bits);
+  ByIndex<Together, 512> table{};
+  for (int bits = 0; bits < 512; ++bits) table[bits] = togetherat(static_cast<unsigned>(bits));
   return table;
 }();
-static_assert(together[0b001100000].third == -1 && together[0b001001001].column == 0);
+static_assert(!together[0b001100000].third && together[0b001001001].column);
 
 /// Hands each intersection that would delete something to act, in the order that decides which one is shown:
 /// blocks against their lines, then rows, then columns against their blocks; in each the house first, then
 /// the digit. act tells whether the search is over.
 template <class Act>
 void scan(Act act) {
-  const auto over = [&act](const Intersection& find) { return hasvictims(find) && act(find); };
+  const auto over = [&act](const KindWords& kind, int digit, int holder, Positions places) {
+    const int target = houseof(kind.target, housecells(kind.holder, holder)[places.first()]);
+    const Intersection intersection = {&kind, digit, holder, target, places};
+    return hasvictims(intersection) && act(intersection);
+  };
   for (int block = 0; block < 9; ++block)
     for (int digit = 1; digit <= 9; ++digit) {
       const Positions places = blockpos(digit, block);
-      const auto [row, col] = together[places.bits];
-      if (row >= 0 && over({&blockrow, digit, block, block / 3 * 3 + row, places})) return;
-      if (col >= 0 && over({&blockcolumn, digit, block, block % 3 * 3 + col, places})) return;
+      const auto [onrow, oncolumn] = together[places.bits];
+      if (onrow && over(blockrow, digit, block, places)) return;
+      if (oncolumn && over(blockcolumn, digit, block, places)) return;
     }
-  for (int row = 0; row < 9; ++row)
-    for (int digit = 1; digit <= 9; ++digit) {
-      const Positions places = rowpos(digit, row);
-      if (const int third = together[places.bits].third;
-          third >= 0 && over({&rowblock, digit, row, row / 3 * 3 + third, places}))
-        return;
-    }
-  for (int col = 0; col < 9; ++col)
-    for (int digit = 1; digit <= 9; ++digit) {
-      const Positions places = colpos(digit, col);
-      if (const int third = together[places.bits].third;
-          third >= 0 && over({&columnblock, digit, col, col / 3 + third * 3, places}))
-        return;
-    }
+  for (const KindWords* kind : {&rowblock, &columnblock}) {
+    const auto& positions = kind->holder == HouseKind::row ? rowpos : colpos;
+    for (int line = 0; line < 9; ++line)
+      for (int digit = 1; digit <= 9; ++digit) {
+        const Positions places = positions(digit, line);
+        if (together[places.bits].third && over(*kind, digit, line, places)) return;
+      }
+  }
 }
 
-std::string tell(const Words& words, const Intersection& find) {
-  return say(words, ofdigit(find.digit), hole("holder", find.holder + 1), hole("target", find.target + 1));
+std::string tell(const Words& words, const Intersection& intersection) {
+  return say(words, ofdigit(intersection.digit), hole("holder", intersection.holder + 1),
+             hole("target", intersection.target + 1));
 }
 
-std::string named(std::string_view words, int cell) {
-  return filled(words, {incell(cell)});
+void paintholder(const Intersection& intersection, Colour colour) {
+  for (int position : intersection.places) {
+    const int cell = housecell(intersection.kind->holder, intersection.holder, position);
+    pencilmark(cell, intersection.digit).back = colour;
+  }
 }
 
-void paintholder(const Intersection& find, Colour colour) {
-  for (int cell : find.holdercells()) pencilmark(cell, find.digit).back = colour;
+/// The step on show. Only its explanation reads it.
+std::optional<Intersection> shown;
+
+void forget() {
+  shown.reset();
 }
 
-/// The step on show, for its explanation.
-Intersection shown;
-
-void keep(const Intersection& find) {
-  shown = find;
-  curdigit = find.digit;
-  keephouse(find.kind->holder, find.holder);
-  keephouse(find.kind->target, find.target);
+void keep(const Intersection& intersection) {
+  shown = intersection;
+  curdigit = intersection.digit;
+  keephouse(intersection.kind->holder, intersection.holder);
+  keephouse(intersection.kind->target, intersection.target);
 }
 
 }  // namespace
@@ -235,19 +234,19 @@ void keep(const Intersection& find) {
 void frmmain::intersections() {
   foundflag = false;
   steptag = techniques::intersections.tag;
-  shown = {};
-  scan([](const Intersection& find) {
-    keep(find);
-    paintholder(find, green);
-    txthint.text = tell(find.kind->hint, find);
+  shown.reset();
+  scan([](const Intersection& intersection) {
+    keep(intersection);
+    paintholder(intersection, green);
+    txthint.text = tell(intersection.kind->hint, intersection);
     const bool stop = waitatlight() == Answer::stop;
-    paintholder(find, white);
+    paintholder(intersection, white);
     if (stop) return true;
-    txthint.text = tell(deleted, find);
-    victims(find, [&](int cell) {
-      deletecandidate(cell, find.digit);
+    txthint.text = tell(deleted, intersection);
+    victims(intersection, [&](int cell) {
+      deletecandidate(cell, intersection.digit);
       foundflag = true;
-      txthint.text += named(deletedcell, cell);
+      txthint.text += say(deletedcell, incell(cell));
     });
     if (foundflag) showdeletions();
     return foundflag;
@@ -258,14 +257,14 @@ void frmmain::intersections() {
 
 void frmgenerazione::intersections() {
   foundflag = false;
-  scan([](const Intersection& find) {
-    headline(tell(find.kind->headline, find));
-    detail(tell(logdeleted, find));
+  scan([](const Intersection& intersection) {
+    headline(tell(intersection.kind->headline, intersection));
+    detail(tell(logdeleted, intersection));
     raiselevel(level);
-    victims(find, [&](int cell) {
-      deletecandidate(cell, find.digit);
+    victims(intersection, [&](int cell) {
+      deletecandidate(cell, intersection.digit);
       foundflag = true;
-      appendwords(named(deletedcell, cell));
+      appendwords(say(deletedcell, incell(cell)));
     });
     settledeletions();
     return true;
@@ -275,21 +274,25 @@ void frmgenerazione::intersections() {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 void explainintersections() {
-  const Intersection find = shown;   // a command that comes in during the wait may show another, or none
-  if (find.kind == nullptr) return;  // a search without a result was started during another step's wait
-  const KindWords& kind = *find.kind;
+  if (!shown) return;  // a search without a result was started during another step's wait
+  const Intersection intersection =
+      *shown;  // a command that comes in during the wait may show another, or none
+  const KindWords& kind = *intersection.kind;
   Lesson lesson;
   lesson.line(inlanguage(kind.title)).line(inlanguage(kind.rule)).line(ruleline);
-  lesson.line(tell(kind.present, find)).line(tell(kind.forced, find)).line(inlanguage(wecandelete));
-  victims(find, [&](int cell) {
-    pencilmark(cell, find.digit).back = red;
-    lesson.words(named(redcell, cell));
+  lesson.line(tell(kind.present, intersection))
+      .line(tell(kind.forced, intersection))
+      .line(inlanguage(wecandelete));
+  victims(intersection, [&](int cell) {
+    pencilmark(cell, intersection.digit).back = red;
+    lesson.words(say(redcell, incell(cell)));
   });
   if (lesson.showandwait() == Answer::stop) return;
 
-  frmmain::txthint.text = tell(closing, find);
-  for (int cell : housecells(kind.target, find.target))
-    if (pencilmark(cell, find.digit).back == red) frmmain::txthint.text += named(deletedcell, cell);
+  frmmain::txthint.text = tell(closing, intersection);
+  for (int cell : housecells(kind.target, intersection.target))
+    if (pencilmark(cell, intersection.digit).back == red)
+      frmmain::txthint.text += say(deletedcell, incell(cell));
   closelesson();
   clearcolours();
 }
@@ -304,6 +307,7 @@ const Technique techniques::intersections{
     .twin = byfoundflag<frmgenerazione::intersections>,
     .explain = explainintersections,
     .level = level,
+    .forget = forget,
 };
 
 }  // namespace gradino
