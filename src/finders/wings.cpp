@@ -15,12 +15,12 @@
 // wing in the block there are none.
 #include "wings.h"
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
-#include <string_view>
+#include <vector>
 
+#include "candidatetext.h"
 #include "gradestate.h"
 #include "grid.h"
 #include "houses.h"
@@ -92,35 +92,25 @@ constexpr Words wecandelete = {"posso quindi eliminare il candidato {z} da tutte
 
 // ---- search -----------------------------------------------------------------------------------------------
 
-constexpr int nocell = 81;
-
 struct Wing {
-  std::string_view kind;                ///< br, bc, rc; empty: nothing found
-  int x = 0, y = 0, z = 0;              ///< the other two digits as they are told, and the one that goes
   int pivot = 0, wing1 = 0, wing2 = 0;  ///< cells
-  std::array<int, 8> slots{};           ///< the cells that lose z, 3 a, 3 b and 2 c; nocell for none
+  int x = 0, y = 0, z = 0;    ///< the pivot's other two digits as they are said, and the one that goes
+  std::vector<int> losing{};  ///< the cells that lose z: those marked a, b and c; one may come twice
 };
 
-/// The line that wing 2 shares with the pivot, when wing 1 stands in the block.
+/// The line that wing 2 shares with the pivot when wing 1 stands in the block.
 struct Leg {
-  std::string_view kind;
   HouseKind line;
   int slot;  ///< where such lines stand in usedmask
 };
-constexpr Leg legs[] = {{"br", HouseKind::row, rowslot}, {"bc", HouseKind::column, columnslot}};
+constexpr Leg legs[] = {{HouseKind::row, rowslot}, {HouseKind::column, columnslot}};
 
 bool placed(int slot, int digit) {
   return (usedmask(slot) & bitvalue(digit)) != 0;
 }
 
-bool hascandidates(int cell, std::size_t n) {
-  return candmask(cell) >= 1 && candstr(cell).size() == n;
-}
-
-/// The k-th character of candstr; 0 for one that is no digit, as pencil marks edited by hand may be.
-int candidateat(int cell, std::size_t k) {
-  const char c = candstr(cell)[k];
-  return c >= '1' && c <= '9' ? c - '0' : 0;
+bool hascandidates(int cell, int n) {
+  return candmask(cell) >= 1 && candidatecount(cell) == n;
 }
 
 bool hastwoatmost(std::int32_t mask) {
@@ -132,69 +122,59 @@ std::int32_t pairmask(int digit1, int digit2) {
   return bitvalue(digit1) | bitvalue(digit2);
 }
 
-/// Cell i (0 to 2) of those that a block has on the line through a cell, in the block or beside it.
-int cellonline(HouseKind line, int through, int block, int i) {
-  const int third = houseof(line, through) % 3;
-  return blockcells(block, line == HouseKind::row ? i + 3 * third : 3 * i + third);
+/// The cell loses z if it has it and is not the one spared.
+void lose(Wing& wing, int cell, int spared) {
+  if (cell != spared && hascandidate(cell, wing.z)) wing.losing.push_back(cell);
 }
 
-/// The slot takes the cell if z is lost there.
-void fill(Wing& find, int slot, int cell, int spared) {
-  const bool loses = cell != spared && hascandidate(cell, find.z);
-  find.slots[static_cast<std::size_t>(slot)] = loses ? cell : nocell;
+/// The cells marked a: those of the pivot's block on its line.
+void losepivotline(Wing& wing, HouseKind line) {
+  for (int cell : housearound(HouseKind::block, wing.pivot))
+    if (samehouse(line, cell, wing.pivot)) lose(wing, cell, wing.pivot);
 }
 
-/// The cells marked a.
-void fillpivotline(Wing& find, HouseKind line) {
-  for (int i = 0; i < 3; ++i) fill(find, i, cellonline(line, find.pivot, blockof(find.pivot), i), find.pivot);
+/// The cells marked b: those of wing 2's block on the line of wing 1.
+void losewingline(Wing& wing, HouseKind line) {
+  for (int cell : housearound(HouseKind::block, wing.wing2))
+    if (samehouse(line, cell, wing.wing1)) lose(wing, cell, wing.wing2);
 }
 
-/// The cells marked b.
-void fillwingline(Wing& find, HouseKind line) {
-  for (int i = 0; i < 3; ++i)
-    fill(find, 3 + i, cellonline(line, find.wing1, blockof(find.wing2), i), find.wing2);
+/// The cells marked c. One may be the pivot; one may be marked a or b already.
+void losecorners(Wing& wing) {
+  lose(wing, cellat(rowof(wing.wing1), columnof(wing.wing2)), wing.pivot);
+  lose(wing, cellat(rowof(wing.wing2), columnof(wing.wing1)), wing.pivot);
 }
 
-/// The cells marked c. One may be the pivot; one may stand in a slot already.
-void fillcorners(Wing& find) {
-  fill(find, 6, find.wing1 / 9 * 9 + find.wing2 % 9, find.pivot);
-  fill(find, 7, find.wing2 / 9 * 9 + find.wing1 % 9, find.pivot);
+// The tests of a pattern whose wings stand as they must: it counts if some cell loses z.
+
+bool testxyleg(Wing& wing, const Leg& leg) {
+  if (placed(leg.slot + houseof(leg.line, wing.pivot), wing.z)) return false;
+  wing.losing.clear();
+  losepivotline(wing, leg.line);
+  losewingline(wing, leg.line);
+  losecorners(wing);
+  return !wing.losing.empty();
 }
 
-/// The pattern is one if some cell loses z.
-bool settle(Wing& find, std::string_view kind) {
-  if (std::all_of(find.slots.begin(), find.slots.end(), [](int cell) { return cell == nocell; }))
-    return false;
-  find.kind = kind;
-  return true;
+bool testxycorners(Wing& wing) {
+  wing.losing.clear();
+  losecorners(wing);
+  return !wing.losing.empty();
 }
 
-bool testxyleg(Wing& find, const Leg& leg) {
-  if (placed(leg.slot + houseof(leg.line, find.pivot), find.z)) return false;
-  fillpivotline(find, leg.line);
-  fillwingline(find, leg.line);
-  fillcorners(find);
-  return settle(find, leg.kind);
+bool testxyzleg(Wing& wing, const Leg& leg) {
+  wing.losing.clear();
+  losepivotline(wing, leg.line);
+  return !wing.losing.empty();
 }
 
-bool testxycorners(Wing& find) {
-  find.slots.fill(nocell);
-  fillcorners(find);
-  return settle(find, "rc");
-}
-
-bool testxyzleg(Wing& find, const Leg& leg) {
-  find.slots.fill(nocell);
-  fillpivotline(find, leg.line);
-  return settle(find, leg.kind);
-}
-
-/// The cells of the pivot's line outside its block that are as wing 2 must be, until test takes one.
+/// Tries as wing 2 each cell of the pivot's line outside its block that has the right candidates, until test
+/// takes one.
 template <class Test>
-bool anywing2(Wing& find, HouseKind line, std::int32_t mask, Test test) {
-  for (int cell : housecells(line, houseof(line, find.pivot))) {
-    if (candmask(cell) != mask || blockof(cell) == blockof(find.pivot)) continue;
-    find.wing2 = cell;
+bool anywing2(Wing& wing, HouseKind line, std::int32_t mask, Test test) {
+  for (int cell : housearound(line, wing.pivot)) {
+    if (candmask(cell) != mask || samehouse(HouseKind::block, cell, wing.pivot)) continue;
+    wing.wing2 = cell;
     if (test()) return true;
   }
   return false;
@@ -202,43 +182,42 @@ bool anywing2(Wing& find, HouseKind line, std::int32_t mask, Test test) {
 
 /// Wing 1 stands in the pivot's block: wing 2 is looked for along the pivot's row, then its column, but not
 /// on a line that wing 1 stands on too.
-bool anyleg(Wing& find, std::int32_t mask2, bool (*test)(Wing&, const Leg&)) {
+bool anyleg(Wing& wing, std::int32_t mask2, bool (*test)(Wing&, const Leg&)) {
   for (const Leg& leg : legs)
-    if (houseof(leg.line, find.wing1) != houseof(leg.line, find.pivot) &&
-        anywing2(find, leg.line, mask2, [&] { return test(find, leg); }))
+    if (!samehouse(leg.line, wing.wing1, wing.pivot) &&
+        anywing2(wing, leg.line, mask2, [&] { return test(wing, leg); }))
       return true;
   return false;
 }
 
-bool scanblockwings(Wing& find, std::int32_t mask1, std::int32_t mask2) {
-  const int block = blockof(find.pivot);
-  if (placed(blockslot + block, find.z)) return false;
-  for (int cell : housecells(HouseKind::block, block)) {
-    find.wing1 = cell;
-    if (candmask(cell) == mask1 && cell != find.pivot && anyleg(find, mask2, testxyleg)) return true;
+bool scanblockwings(Wing& wing, std::int32_t mask1, std::int32_t mask2) {
+  if (placed(blockslot + blockof(wing.pivot), wing.z)) return false;
+  for (int cell : housearound(HouseKind::block, wing.pivot)) {
+    wing.wing1 = cell;
+    if (candmask(cell) == mask1 && cell != wing.pivot && anyleg(wing, mask2, testxyleg)) return true;
   }
   return false;
 }
 
-bool scanlinewings(Wing& find, std::int32_t mask1, std::int32_t mask2) {
-  const int row = houseof(HouseKind::row, find.pivot), col = houseof(HouseKind::column, find.pivot);
-  if (placed(rowslot + row, find.z) || placed(columnslot + col, find.z)) return false;
-  for (int cell : housecells(HouseKind::row, row)) {
-    find.wing1 = cell;
-    if (candmask(cell) == mask1 && cell != find.pivot &&
-        anywing2(find, HouseKind::column, mask2, [&] { return testxycorners(find); }))
+bool scanlinewings(Wing& wing, std::int32_t mask1, std::int32_t mask2) {
+  if (placed(rowslot + rowof(wing.pivot), wing.z) || placed(columnslot + columnof(wing.pivot), wing.z))
+    return false;
+  for (int cell : housearound(HouseKind::row, wing.pivot)) {
+    wing.wing1 = cell;
+    if (candmask(cell) == mask1 && cell != wing.pivot &&
+        anywing2(wing, HouseKind::column, mask2, [&] { return testxycorners(wing); }))
       return true;
   }
   return false;
 }
 
-/// The digits z for which the pivot may see both wings, and hardly ever one more: mostly there is none, and
-/// that makes a search in vain quick.
-std::int32_t possiblez(const Wing& find) {
-  const std::int32_t x = bitvalue(find.x), y = bitvalue(find.y);
+/// The digits z for which the pivot may see both wings, and hardly ever one more. Mostly there is none: that
+/// makes a search in vain quick.
+std::int32_t possiblez(const Wing& wing) {
+  const std::int32_t x = bitvalue(wing.x), y = bitvalue(wing.y);
   std::int32_t besidex = 0, besidey = 0;
-  for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block})
-    for (int cell : housecells(kind, houseof(kind, find.pivot))) {
+  for (HouseKind kind : housekinds)
+    for (int cell : housearound(kind, wing.pivot)) {
       const std::int32_t mask = candmask(cell);
       if (!hastwoatmost(mask)) continue;
       if ((mask & x) == x) besidex |= mask;
@@ -249,124 +228,114 @@ std::int32_t possiblez(const Wing& find) {
 
 /// The first XY-Wing that deletes something: by pivot, by z, wing 1 with x and then with y, in each the wings
 /// in the block ahead of the wings on both lines.
-void scanxywing(Wing& find) {
-  foundflag = false;
-  find = {};
-  for (find.pivot = 0; find.pivot < cellcount; ++find.pivot) {
-    if (!hascandidates(find.pivot, 2)) continue;
-    find.x = candidateat(find.pivot, 0);
-    find.y = candidateat(find.pivot, 1);
-    const std::int32_t possible = possiblez(find);
-    for (find.z = 1; find.z <= 9; ++find.z) {
-      if ((possible & bitvalue(find.z)) == 0) continue;
-      const std::int32_t xz = pairmask(find.x, find.z), yz = pairmask(find.y, find.z);
-      if (scanblockwings(find, xz, yz) || scanlinewings(find, xz, yz) || scanblockwings(find, yz, xz) ||
-          scanlinewings(find, yz, xz))
-        return;
+std::optional<Wing> scanxywing() {
+  Wing wing;
+  for (wing.pivot = 0; wing.pivot < cellcount; ++wing.pivot) {
+    if (!hascandidates(wing.pivot, 2)) continue;
+    wing.x = candidateat(wing.pivot, 0);
+    wing.y = candidateat(wing.pivot, 1);
+    const std::int32_t possible = possiblez(wing);
+    for (wing.z = 1; wing.z <= 9; ++wing.z) {
+      if ((possible & bitvalue(wing.z)) == 0) continue;
+      const std::int32_t xz = pairmask(wing.x, wing.z), yz = pairmask(wing.y, wing.z);
+      if (scanblockwings(wing, xz, yz) || scanlinewings(wing, xz, yz) || scanblockwings(wing, yz, xz) ||
+          scanlinewings(wing, yz, xz))
+        return wing;
     }
   }
+  return std::nullopt;
 }
 
-/// The wings around a pivot whose digits are told apart. Here only the masks count: what is placed is not
-/// asked.
-bool scanxyzwings(Wing& find) {
-  const std::int32_t xz = pairmask(find.x, find.z), yz = pairmask(find.y, find.z);
-  for (int cell : housecells(HouseKind::block, blockof(find.pivot))) {
-    if ((candmask(cell) != xz && candmask(cell) != yz) || cell == find.pivot) continue;
-    find.wing1 = cell;
-    if (anyleg(find, candmask(cell) == xz ? yz : xz, testxyzleg)) return true;
+/// The wings around a pivot with x, y and z given. Here only the masks count: what is placed is not asked.
+bool scanxyzwings(Wing& wing) {
+  const std::int32_t xz = pairmask(wing.x, wing.z), yz = pairmask(wing.y, wing.z);
+  for (int cell : housearound(HouseKind::block, wing.pivot)) {
+    if ((candmask(cell) != xz && candmask(cell) != yz) || cell == wing.pivot) continue;
+    wing.wing1 = cell;
+    if (anyleg(wing, candmask(cell) == xz ? yz : xz, testxyzleg)) return true;
   }
   return false;
 }
 
 /// The first XYZ-Wing that deletes something: by pivot, each of its digits as z, by wing 1. With the last
-/// digit as z the other two are told the greater first.
-void scanxyzwing(Wing& find) {
-  static constexpr std::size_t orders[][3] = {{1, 2, 0}, {0, 2, 1}, {1, 0, 2}};
-  foundflag = false;
-  find = {};
-  for (find.pivot = 0; find.pivot < cellcount; ++find.pivot) {
-    if (!hascandidates(find.pivot, 3)) continue;
+/// digit as z the greater of the other two is said first.
+std::optional<Wing> scanxyzwing() {
+  static constexpr int orders[][3] = {{1, 2, 0}, {0, 2, 1}, {1, 0, 2}};
+  Wing wing;
+  for (wing.pivot = 0; wing.pivot < cellcount; ++wing.pivot) {
+    if (!hascandidates(wing.pivot, 3)) continue;
     for (const auto& [x, y, z] : orders) {
-      find.x = candidateat(find.pivot, x);
-      find.y = candidateat(find.pivot, y);
-      find.z = candidateat(find.pivot, z);
-      if (scanxyzwings(find)) return;
+      wing.x = candidateat(wing.pivot, x);
+      wing.y = candidateat(wing.pivot, y);
+      wing.z = candidateat(wing.pivot, z);
+      if (scanxyzwings(wing)) return wing;
     }
   }
+  return std::nullopt;
 }
-
-/// The one walk over the slots: act(cell) for each that names a cell. A cell may come twice.
-template <class Act>
-void victims(const Wing& find, Act act) {
-  for (int cell : find.slots)
-    if (cell != nocell) act(cell);
-}
-
-/// The wings on show, for their explanations.
-Wing shownxy, shownxyz;
 
 /// What tells the two techniques apart.
 struct WingKind {
   const Technique& technique;
-  void (*scan)(Wing&);
-  Wing& shown;
+  std::optional<Wing> (*scan)();
   Words found, rule, thecase, ifdigit;
 };
 
 // clang-format off
-constexpr WingKind xywing  = {techniques::xywing,  scanxywing,  shownxy,  xyfound,  xyrule,  xycase,  xyif};
-constexpr WingKind xyzwing = {techniques::xyzwing, scanxyzwing, shownxyz, xyzfound, xyzrule, xyzcase, xyzif};
+constexpr WingKind xywing  = {techniques::xywing,  scanxywing,  xyfound,  xyrule,  xycase,  xyif};
+constexpr WingKind xyzwing = {techniques::xyzwing, scanxyzwing, xyzfound, xyzrule, xyzcase, xyzif};
 // clang-format on
 
-std::string tell(const Words& words, const Wing& find) {
-  return say(words, hole("z", find.z), hole("pivot", cellname(find.pivot)),
-             hole("wing1", cellname(find.wing1)), hole("wing2", cellname(find.wing2)));
+/// The step on show, of either technique. Only explain reads it.
+std::optional<Wing> shown;
+
+void forget() {
+  shown.reset();
 }
 
-std::string at(const Words& words, int cell) {
-  return say(words, incell(cell));
+std::string tell(const Words& words, const Wing& wing) {
+  return say(words, hole("z", wing.z), hole("pivot", cellname(wing.pivot)),
+             hole("wing1", cellname(wing.wing1)), hole("wing2", cellname(wing.wing2)));
 }
 
 // ---- step -------------------------------------------------------------------------------------------------
 
-void paint(const Wing& find, Colour marks, Colour boxes) {
-  victims(find, [&](int cell) { pencilmark(cell, find.z).back = marks; });
-  for (int cell : {find.wing1, find.wing2, find.pivot}) frmmain::Text2(cell).back = boxes;
+void paint(const Wing& wing, Colour marks, Colour boxes) {
+  for (int cell : wing.losing) pencilmark(cell, wing.z).back = marks;
+  for (int cell : {wing.wing1, wing.wing2, wing.pivot}) frmmain::Text2(cell).back = boxes;
 }
 
 void step(const WingKind& kind) {
   steptag = kind.technique.tag;
-  Wing find;
-  kind.scan(find);
-  kind.shown = find;
-  if (find.kind.empty()) return;
+  foundflag = false;
+  shown = kind.scan();
+  if (!shown) return;
+  const Wing wing = *shown;  // a command that comes in during the wait may show another
   foundflag = true;
-  paint(find, red, yellow);
-  frmmain::txthint.text = tell(kind.found, find);
+  paint(wing, red, yellow);
+  frmmain::txthint.text = tell(kind.found, wing);
   const bool stop = waitatlight() == Answer::stop;
-  paint(find, white, white);
+  paint(wing, white, white);
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
-  frmmain::txthint.text = tell(deleted, find);
-  victims(find, [&](int cell) {
-    if (deletecandidate(cell, find.z)) frmmain::txthint.text += at(deletedcell, cell);
-  });
+  frmmain::txthint.text = tell(deleted, wing);
+  for (int cell : wing.losing)
+    if (deletecandidate(cell, wing.z)) frmmain::txthint.text += say(deletedcell, incell(cell));
   showdeletions();
 }
 
 // ---- twin -------------------------------------------------------------------------------------------------
 
 void twin(const WingKind& kind) {
-  Wing find;
-  kind.scan(find);
-  if (find.kind.empty()) return;
+  foundflag = false;
+  const std::optional<Wing> found = kind.scan();
+  if (!found) return;
+  const Wing& wing = *found;
   foundflag = true;
-  headline(tell(kind.found, find));
-  detail(tell(logdeleted, find));
-  victims(find, [&](int cell) {
-    if (deletecandidate(cell, find.z)) appendwords(at(deletedcell, cell));
-  });
+  headline(tell(kind.found, wing));
+  detail(tell(logdeleted, wing));
+  for (int cell : wing.losing)
+    if (deletecandidate(cell, wing.z)) appendwords(say(deletedcell, incell(cell)));
   raiselevel(kind.technique.level);
   settledeletions();
 }
@@ -374,21 +343,21 @@ void twin(const WingKind& kind) {
 // ---- explanation ------------------------------------------------------------------------------------------
 
 /// The digit in the pivot, and the wing that it leaves z to.
-std::string argue(const Words& words, const Wing& find, int digit) {
-  const int wing = hascandidate(find.wing1, digit) ? find.wing1 : find.wing2;
-  return say(words, hole("pivot", cellname(find.pivot)), ofdigit(digit), hole("z", find.z),
-             hole("wing", cellname(wing)));
+std::string argue(const Words& words, const Wing& wing, int digit) {
+  const int left = hascandidate(wing.wing1, digit) ? wing.wing1 : wing.wing2;
+  return say(words, hole("pivot", cellname(wing.pivot)), ofdigit(digit), hole("z", wing.z),
+             hole("wing", cellname(left)));
 }
 
 void explain(const WingKind& kind) {
-  const Wing& find = kind.shown;
-  if (find.kind.empty()) return;  // asked for by a command that found nothing, while another step waits
+  if (!shown) return;  // a search without a result was started during another step's wait
+  const Wing wing = *shown;
   Lesson lesson;
-  lesson.line(inlanguage(kind.rule)).line(longruleline).line(tell(kind.thecase, find));
-  if (&kind == &xywing) frmmain::Text2(find.pivot).back = cyan;
-  lesson.line(argue(kind.ifdigit, find, find.x)).line(argue(kind.ifdigit, find, find.y));
-  if (&kind == &xyzwing) lesson.line(tell(thirdpossibility, find));
-  lesson.line(tell(wecandelete, find));
+  lesson.line(inlanguage(kind.rule)).line(longruleline).line(tell(kind.thecase, wing));
+  if (&kind == &xywing) frmmain::Text2(wing.pivot).back = cyan;
+  lesson.line(argue(kind.ifdigit, wing, wing.x)).line(argue(kind.ifdigit, wing, wing.y));
+  if (&kind == &xyzwing) lesson.line(tell(thirdpossibility, wing));
+  lesson.line(tell(wecandelete, wing));
   if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
@@ -427,6 +396,7 @@ const Technique techniques::xywing{
     .twin = byfoundflag<frmgenerazione::findxywing>,
     .explain = explainxywing,
     .level = 8,
+    .forget = forget,
 };
 const Technique techniques::xyzwing{
     .tag = "findxyzwing",
@@ -436,6 +406,7 @@ const Technique techniques::xyzwing{
     .twin = byfoundflag<frmgenerazione::findxyzwing>,
     .explain = explainxyzwing,
     .level = 9,
+    .forget = forget,
 };
 
 }  // namespace gradino
