@@ -17,7 +17,9 @@
 // Two corners lie in the block of corner 1, two in one other block.
 #include "rectangles.h"
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "boxes.h"
 #include "candidatetext.h"
@@ -38,7 +40,7 @@ namespace {
 
 constexpr Words found1 = {"RETTANGOLO UNICO in {c1}, {c2}, {c3}, {c4}",
                           "UNIQUE RECTANGLE in {c1}, {c2}, {c3}, {c4}"};
-// Italian doesn't tell the type.
+// The Italian words don't say the type.
 constexpr Words found2 = {"RETTANGOLO UNICO in {c1}, {c2}, {c3}, {c4}",
                           "UNIQUE RECTANGLE Type 2 in {c1}, {c2}, {c3}, {c4}"};
 
@@ -83,63 +85,59 @@ constexpr int level = 17;
 
 // ---- search -----------------------------------------------------------------------------------------------
 
-constexpr int nocell = cellcount;
-
 struct Rectangle {
-  enum Type {
-    nothing,
-    type1,
-    type2,
-    failed,  ///< a pattern was looked at and gave nothing
-    diagonal = 5,
-  } urtype = nothing;
-  int urcell1 = nocell, urcell2 = nocell, urcell3 = nocell;  ///< the corners
-  Table<int, 0, 10> commoncell{"commoncell"};                ///< cells that lose the third digit in type 2
-  Byte urcount{"urcount"};                                   ///< how many; a cell may come twice
+  /// The pattern that the corners make; the diagonal one deletes nothing, and only the grader says so.
+  enum Type { type1 = 1, type2 = 2, diagonal = 5 } urtype = type1;
+  int urcell1 = 0, urcell2 = 0, urcell3 = 0;   ///< the corners
+  Table<int, 0, 10> commoncell{"commoncell"};  ///< cells that lose the third digit in type 2
+  Byte urcount{"urcount"};                     ///< how many; a cell may come twice
 
-  int urcell4() const { return (cellrow(urcell3) - 1) * 9 + cellcol(urcell2) - 1; }
+  int urcell4() const { return cellat(rowof(urcell3), columnof(urcell2)); }
   int pairmask() const { return candmask(urcell1); }
   const std::string& pair() const { return candstr(urcell1); }
 };
 
 /// What a corner has besides the pair, if it is one digit; else 0.
-int thirddigit(const Rectangle& find, int corner) {
-  return onlydigit(candmask(corner) ^ find.pairmask());
+int thirddigit(const Rectangle& rectangle, int corner) {
+  return onlydigit(candmask(corner) ^ rectangle.pairmask());
 }
 
-bool haspair(const Rectangle& find, int cell) {
-  return (candmask(cell) & find.pairmask()) == find.pairmask();
+bool haspair(const Rectangle& rectangle, int cell) {
+  return (candmask(cell) & rectangle.pairmask()) == rectangle.pairmask();
 }
 
-bool fits(const Rectangle& find, int cell) {
-  return cell != find.urcell1 && haspair(find, cell) && candidatecount(cell) < 4;
+bool fits(const Rectangle& rectangle, int cell) {
+  return cell != rectangle.urcell1 && haspair(rectangle, cell) && candidatecount(cell) < 4;
 }
 
 /// The first fit on a line of corner 1. If there is a second one, it is not seen from this corner.
-int firstonline(const Rectangle& find, HouseKind line) {
-  for (int cell : housecells(line, houseof(line, find.urcell1)))
-    if (fits(find, cell)) return cell;
-  return nocell;
+std::optional<int> firstonline(const Rectangle& rectangle, HouseKind line) {
+  for (int cell : housearound(line, rectangle.urcell1))
+    if (fits(rectangle, cell)) return cell;
+  return std::nullopt;
 }
 
 /// The first fit in the block of corner 1 that stands on a line of corner 1.
-int firstinblock(const Rectangle& find, HouseKind line) {
-  for (int cell : housecells(HouseKind::block, houseof(HouseKind::block, find.urcell1)))
-    if (houseof(line, cell) == houseof(line, find.urcell1) && fits(find, cell)) return cell;
-  return nocell;
+std::optional<int> firstinblock(const Rectangle& rectangle, HouseKind line) {
+  for (int cell : housearound(HouseKind::block, rectangle.urcell1))
+    if (samehouse(line, cell, rectangle.urcell1) && fits(rectangle, cell)) return cell;
+  return std::nullopt;
 }
 
-/// One corner along a line of corner 1, in another block; on the other line one in its own block.
-bool twocorners(const Rectangle& find, HouseKind line, int& along, HouseKind otherline, int& inblock) {
-  along = firstonline(find, line);
-  if (along == nocell || cellblock(along) == cellblock(find.urcell1)) return false;
-  inblock = firstinblock(find, otherline);
-  return inblock != nocell;
+/// One corner along a line of corner 1, in another block; on its other line one in its own block.
+bool cornersalong(Rectangle& rectangle, HouseKind line) {
+  const bool alongrow = line == HouseKind::row;
+  const std::optional<int> along = firstonline(rectangle, line);
+  if (!along || samehouse(HouseKind::block, *along, rectangle.urcell1)) return false;
+  const std::optional<int> inblock = firstinblock(rectangle, alongrow ? HouseKind::column : HouseKind::row);
+  if (!inblock) return false;
+  rectangle.urcell2 = alongrow ? *along : *inblock;
+  rectangle.urcell3 = alongrow ? *inblock : *along;
+  return true;
 }
 
-bool corners(Rectangle& find) {
-  return twocorners(find, HouseKind::row, find.urcell2, HouseKind::column, find.urcell3) ||
-         twocorners(find, HouseKind::column, find.urcell3, HouseKind::row, find.urcell2);
+bool corners(Rectangle& rectangle) {
+  return cornersalong(rectangle, HouseKind::row) || cornersalong(rectangle, HouseKind::column);
 }
 
 /// The number of a house, from 1, as the board's tables have it.
@@ -149,129 +147,122 @@ int numberof(HouseKind kind, int cell) {
 
 /// Collects the cells that share a house with two corners and have their third digit; of a shared column the
 /// cells of the one numbered `column`. Fault: more than 11.
-bool collect(Rectangle& find, int p, int q, int digit, int column) {
-  find.urcount = 0;
-  for (HouseKind kind : {HouseKind::row, HouseKind::column, HouseKind::block}) {
+bool collect(Rectangle& rectangle, int p, int q, int digit, int column) {
+  rectangle.urcount = 0;
+  for (HouseKind kind : housekinds) {
     if (numberof(kind, p) != numberof(kind, q)) continue;
     for (int cell : housecells(kind, kind == HouseKind::column ? column : numberof(kind, p) - 1)) {
       if (cell == p || cell == q || !hascandidate(cell, digit)) continue;
-      find.commoncell(find.urcount) = cell;
-      find.urcount += 1;
+      rectangle.commoncell(rectangle.urcount) = cell;
+      rectangle.urcount += 1;
     }
   }
-  return find.urcount > 0;
+  return rectangle.urcount > 0;
 }
 
 /// Corners p and q, side by side, have three candidates.
-bool side(Rectangle& find, int p, int q, int column) {
-  const int digit = thirddigit(find, p);
-  const bool is = digit == thirddigit(find, q) && collect(find, p, q, digit, column);
-  find.urtype = is ? Rectangle::type2 : Rectangle::failed;
-  return is;
+bool side(Rectangle& rectangle, int p, int q, int column) {
+  rectangle.urtype = Rectangle::type2;
+  const int digit = thirddigit(rectangle, p);
+  return digit == thirddigit(rectangle, q) && collect(rectangle, p, q, digit, column);
 }
 
 /// Corners 2 and 3 have three candidates. No house holds both, so in a sound board nothing is collected.
-bool opposite(Rectangle& find) {
-  const int p = find.urcell3, q = find.urcell2, digit = thirddigit(find, p);
-  const bool is = digit == thirddigit(find, q) && collect(find, p, q, digit, columnof(p));
-  if (is) find.urtype = Rectangle::diagonal;
-  return is;
+bool opposite(Rectangle& rectangle) {
+  rectangle.urtype = Rectangle::diagonal;
+  const int p = rectangle.urcell3, q = rectangle.urcell2, digit = thirddigit(rectangle, p);
+  return digit == thirddigit(rectangle, q) && collect(rectangle, p, q, digit, columnof(p));
 }
 
-/// Which pattern the four corners make, told by the lengths of the three others; corner 4 may have any number
-/// of candidates beside corners 2 and 3 with two. Where corners 3 and 4 have three, a shared column would be
-/// walked by the number of the block: required, though two corners of one row never share a column.
-bool judge(Rectangle& find) {
-  const int cell2 = find.urcell2, cell3 = find.urcell3, cell4 = find.urcell4();
+/// Whether the four corners make a pattern, by the number of candidates of the three others; corner 4 may
+/// have any number beside corners 2 and 3 with two. Where corners 3 and 4 have three, a shared column would
+/// be walked by the number of the block: required, though two corners of one row never share a column.
+bool judge(Rectangle& rectangle) {
+  const int cell2 = rectangle.urcell2, cell3 = rectangle.urcell3, cell4 = rectangle.urcell4();
   const auto have = [&](int n2, int n3, int n4) {
     return candidatecount(cell2) == n2 && candidatecount(cell3) == n3 && candidatecount(cell4) == n4;
   };
-  if (bivalue(cell2) && bivalue(cell3)) {
-    find.urtype = Rectangle::type1;
-    return true;
-  }
-  if (have(3, 3, 2)) return opposite(find);
-  if (have(3, 2, 3)) return side(find, cell4, cell2, columnof(cell4));
-  if (have(2, 3, 3)) return side(find, cell4, cell3, houseof(HouseKind::block, cell4));
+  rectangle.urtype = Rectangle::type1;
+  if (bivalue(cell2) && bivalue(cell3)) return true;
+  if (have(3, 3, 2)) return opposite(rectangle);
+  if (have(3, 2, 3)) return side(rectangle, cell4, cell2, columnof(cell4));
+  if (have(2, 3, 3)) return side(rectangle, cell4, cell3, blockof(cell4));
   return false;
 }
 
 /// The first rectangle, by corner 1.
-void scanur(Rectangle& find) {
-  foundflag = false;
-  find = {};
-  for (find.urcell1 = 0; find.urcell1 < cellcount; ++find.urcell1)
-    if (find.pairmask() != 0 && bivalue(find.urcell1) && corners(find) && haspair(find, find.urcell4()) &&
-        judge(find))
-      return;
+std::optional<Rectangle> scanur() {
+  Rectangle rectangle;
+  for (rectangle.urcell1 = 0; rectangle.urcell1 < cellcount; ++rectangle.urcell1)
+    if (rectangle.pairmask() != 0 && bivalue(rectangle.urcell1) && corners(rectangle) &&
+        haspair(rectangle, rectangle.urcell4()) && judge(rectangle))
+      return rectangle;
+  return std::nullopt;
 }
 
 /// The one walk over what type 2 deletes: act(cell) for each cell that still has the digit.
 template <class Act>
-void victims(const Rectangle& find, int digit, Act act) {
-  for (int i = 0; i < find.urcount; ++i)
-    if (hascandidate(find.commoncell(i), digit)) act(find.commoncell(i));
+void victims(const Rectangle& rectangle, int digit, Act act) {
+  for (int i = 0; i < rectangle.urcount; ++i)
+    if (hascandidate(rectangle.commoncell(i), digit)) act(rectangle.commoncell(i));
 }
 
-/// What the last step found, for its explanation.
-Rectangle shown;
+/// The step on show, of type 1 or 2. Only its explanation reads it.
+std::optional<Rectangle> shown;
 
-std::string tell(const Words& words, const Rectangle& find) {
-  return say(words, hole("pair", find.pair()), hole("first", std::string_view(find.pair()).substr(0, 1)),
-             hole("c1", cellname(find.urcell1)), hole("c2", cellname(find.urcell2)),
-             hole("c3", cellname(find.urcell3)), hole("c4", cellname(find.urcell4())),
-             hole("digit", thirddigit(find, find.urcell4())));
+void forget() {
+  shown.reset();
 }
 
-std::string telldeleting(std::string_view what, int cell) {
-  return say(logdeleting, hole("what", what), incell(cell));
-}
-
-std::string tellonly(const Words& words, int cell) {
-  return say(words, hole("digit", candstr(cell)), incell(cell));
+std::string tell(const Words& words, const Rectangle& rectangle) {
+  return say(words, hole("pair", rectangle.pair()),
+             hole("first", std::string_view(rectangle.pair()).substr(0, 1)),
+             hole("c1", cellname(rectangle.urcell1)), hole("c2", cellname(rectangle.urcell2)),
+             hole("c3", cellname(rectangle.urcell3)), hole("c4", cellname(rectangle.urcell4())),
+             ofdigit(thirddigit(rectangle, rectangle.urcell4())));
 }
 
 // ---- step -------------------------------------------------------------------------------------------------
 
-void paintcorners(const Rectangle& find, Colour colour) {
-  for (int cell : {find.urcell1, find.urcell2, find.urcell3, find.urcell4()})
+void paintcorners(const Rectangle& rectangle, Colour colour) {
+  for (int cell : {rectangle.urcell1, rectangle.urcell2, rectangle.urcell3, rectangle.urcell4()})
     frmmain::Text2(cell).back = colour;
 }
 
-void paintcommon(const Rectangle& find, Colour colour) {
-  for (int i = 0; i < find.urcount; ++i) frmmain::Text2(find.commoncell(i)).back = colour;
+void paintcommon(const Rectangle& rectangle, Colour colour) {
+  for (int i = 0; i < rectangle.urcount; ++i) frmmain::Text2(rectangle.commoncell(i)).back = colour;
 }
 
 /// Type 1: corner 4 loses the pair, and if it has one candidate left, it gets that digit.
-void steptype1(const Rectangle& find) {
-  paintcorners(find, yellow);
-  frmmain::txthint.text = tell(found1, find);
+void steptype1(const Rectangle& rectangle) {
+  paintcorners(rectangle, yellow);
+  frmmain::txthint.text = tell(found1, rectangle);
   const bool stop = waitatlight() == Answer::stop;
-  paintcorners(find, white);
+  paintcorners(rectangle, white);
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
-  const int cell = find.urcell4();
-  frmmain::txthint.text = say(deleting, hole("pair", find.pair()), incell(cell));
+  const int cell = rectangle.urcell4();
+  frmmain::txthint.text = say(deleting, incell(cell), hole("pair", rectangle.pair()));
   // The explanation may have taken the pair away already.
-  if ((candmask(cell) & find.pairmask()) != 0) candmask(cell) ^= find.pairmask();
+  if ((candmask(cell) & rectangle.pairmask()) != 0) candmask(cell) ^= rectangle.pairmask();
   showdeletions();
   if (candidatecount(cell) != 1) return;
-  frmmain::txthint.text = tellonly(inserting, cell);
+  frmmain::txthint.text = say(inserting, incell(cell), ofdigit(candidateat(cell, 0)));
   writetext1(cell, candstr(cell));
   frmmain::Text1(cell).visible = true;
 }
 
-/// Type 2: the answer is not asked for, so a stop doesn't hinder. The hint names the pair, though the third
-/// digit goes, and counts in the grade, as no other step does: both are required.
-void steptype2(const Rectangle& find) {
-  paintcorners(find, yellow);
-  paintcommon(find, red);
-  frmmain::txthint.text = tell(found2, find);
+/// Type 2: the answer is not asked for, so a stop doesn't hinder. The hint names the pair, though it is the
+/// third digit that goes, and the step counts in the grade, as no other does: both are required.
+void steptype2(const Rectangle& rectangle) {
+  paintcorners(rectangle, yellow);
+  paintcommon(rectangle, red);
+  frmmain::txthint.text = tell(found2, rectangle);
   waitatlight();
-  paintcorners(find, white);
-  colourdigit = thirddigit(find, find.urcell4());
-  victims(find, colourdigit, [&](int cell) {
-    frmmain::txthint.text = telldeleting(find.pair(), cell);
+  paintcorners(rectangle, white);
+  colourdigit = thirddigit(rectangle, rectangle.urcell4());
+  victims(rectangle, colourdigit, [&](int cell) {
+    frmmain::txthint.text = say(logdeleting, incell(cell), hole("what", rectangle.pair()));
     deletecandidate(cell, colourdigit);
     frmmain::Text2(cell).back = white;
   });
@@ -281,20 +272,20 @@ void steptype2(const Rectangle& find) {
 
 // ---- twin -------------------------------------------------------------------------------------------------
 
-void gradetype1(const Rectangle& find) {
-  const int cell = find.urcell4();
-  headline(tell(found1, find));
-  detail(telldeleting(find.pair(), cell));
-  candmask(cell) ^= find.pairmask();
+void gradetype1(const Rectangle& rectangle) {
+  const int cell = rectangle.urcell4();
+  headline(tell(found1, rectangle));
+  detail(say(logdeleting, incell(cell), hole("what", rectangle.pair())));
+  candmask(cell) ^= rectangle.pairmask();
   settledeletions();
   raiselevel(level);
 }
 
-void gradetype2(const Rectangle& find) {
-  const int digit = thirddigit(find, find.urcell4());
-  headline(tell(found2, find));
-  victims(find, digit, [&](int cell) {
-    detail(telldeleting(std::to_string(digit), cell));
+void gradetype2(const Rectangle& rectangle) {
+  const int digit = thirddigit(rectangle, rectangle.urcell4());
+  headline(tell(found2, rectangle));
+  victims(rectangle, digit, [&](int cell) {
+    detail(say(logdeleting, incell(cell), hole("what", digit)));
     deletecandidate(cell, digit);
   });
   settledeletions();
@@ -303,27 +294,28 @@ void gradetype2(const Rectangle& find) {
 
 // ---- explanation ------------------------------------------------------------------------------------------
 
-/// False: the user said stop.
-bool arguetype1(const Rectangle& find, Lesson& lesson) {
-  lesson.line(tell(case1, find)).line(tell(twosolutions, find));
-  lesson.line(tell(firstsolution, find)).line(tell(secondsolution, find));
+// False: the user said stop.
+
+bool arguetype1(const Rectangle& rectangle, Lesson& lesson) {
+  lesson.line(tell(case1, rectangle)).line(tell(twosolutions, rectangle));
+  lesson.line(tell(firstsolution, rectangle)).line(tell(secondsolution, rectangle));
   if (lesson.showandwait() == Answer::stop) return false;
-  lesson.line(tell(candeletepair, find));
+  lesson.line(tell(candeletepair, rectangle));
   if (lesson.showandwait() == Answer::stop) return false;
 
   // The step's own work, shown here: the step then finds it done.
-  const int cell = find.urcell4();
-  candmask(cell) ^= find.pairmask();
+  const int cell = rectangle.urcell4();
+  candmask(cell) ^= rectangle.pairmask();
   rebuildcandstr();
   updatetext2();
   if (candidatecount(cell) != 1) return true;
-  return lesson.line(tellonly(andinsert, cell)).showandwait() == Answer::go;
+  return lesson.line(say(andinsert, incell(cell), ofdigit(candidateat(cell, 0)))).showandwait() == Answer::go;
 }
 
-bool arguetype2(const Rectangle& find, Lesson& lesson) {
-  if (lesson.line(tell(case2, find)).showandwait() == Answer::stop) return false;
-  paintcommon(find, red);
-  lesson.line(tell(eitheror, find)).line(tell(candeletedigit, find));
+bool arguetype2(const Rectangle& rectangle, Lesson& lesson) {
+  if (lesson.line(tell(case2, rectangle)).showandwait() == Answer::stop) return false;
+  paintcommon(rectangle, red);
+  lesson.line(tell(eitheror, rectangle)).line(tell(candeletedigit, rectangle));
   if (lesson.showandwait() == Answer::stop) return false;
   foundflag = true;
   return true;
@@ -333,30 +325,32 @@ bool arguetype2(const Rectangle& find, Lesson& lesson) {
 
 void frmmain::stepur() {
   steptag = techniques::uniquerectangle.tag;
-  scanur(shown);
-  const Rectangle find = shown;  // a command that comes in during the wait may show another
-  if (find.urtype != Rectangle::type1 && find.urtype != Rectangle::type2) return;
+  foundflag = false;
+  shown.reset();  // the search may end in a fault
+  const std::optional<Rectangle> found = scanur();
+  if (!found || found->urtype == Rectangle::diagonal) return;
+  shown = found;
   foundflag = true;
-  find.urtype == Rectangle::type1 ? steptype1(find) : steptype2(find);
+  found->urtype == Rectangle::type1 ? steptype1(*found) : steptype2(*found);
 }
 
 void frmgenerazione::gradeur() {
-  Rectangle find;
-  scanur(find);
-  if (find.urtype == Rectangle::diagonal) host.message(std::string(diagonalbox));
-  if (find.urtype != Rectangle::type1 && find.urtype != Rectangle::type2) return;
+  foundflag = false;
+  const std::optional<Rectangle> found = scanur();
+  if (!found) return;
+  if (found->urtype == Rectangle::diagonal) return host.message(std::string(diagonalbox));
   foundflag = true;
-  find.urtype == Rectangle::type1 ? gradetype1(find) : gradetype2(find);
+  found->urtype == Rectangle::type1 ? gradetype1(*found) : gradetype2(*found);
 }
 
 void explainur() {
-  const Rectangle find = shown;
-  // A command that found nothing, while another step waits, may be asked too.
-  if (find.urtype != Rectangle::type1 && find.urtype != Rectangle::type2) return;
-  for (int cell : {find.urcell1, find.urcell4()}) frmmain::Text2(cell).back = green;
+  if (!shown) return;                  // a search without a result was started during another step's wait
+  const Rectangle rectangle = *shown;  // a command that comes in during a wait may show another, or none
+  for (int cell : {rectangle.urcell1, rectangle.urcell4()}) frmmain::Text2(cell).back = green;
   Lesson lesson;
   lesson.line(inlanguage(title)).line(inlanguage(rule)).line(longruleline);
-  if (!(find.urtype == Rectangle::type1 ? arguetype1(find, lesson) : arguetype2(find, lesson))) return;
+  const bool istype1 = rectangle.urtype == Rectangle::type1;
+  if (!(istype1 ? arguetype1(rectangle, lesson) : arguetype2(rectangle, lesson))) return;
   closelesson();
   clearcolours();
 }
@@ -371,6 +365,7 @@ const Technique techniques::uniquerectangle{
     .twin = byfoundflag<frmgenerazione::gradeur>,
     .explain = explainur,
     .level = level,
+    .forget = forget,
 };
 
 }  // namespace gradino
