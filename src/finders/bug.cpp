@@ -12,7 +12,10 @@
 // whatever colourdigit held before.
 #include "bug.h"
 
+#include <algorithm>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "boxes.h"
 #include "candidatetext.h"
@@ -55,44 +58,46 @@ constexpr int level = 18;
 
 // ---- search -----------------------------------------------------------------------------------------------
 
-constexpr int nocell = cellcount;
-
-/// The one cell of more than two candidates, if it has three; or nocell. Cells with one candidate or none
-/// don't hinder.
-int gravecell() {
-  int grave = nocell;
+/// The one cell of more than two candidates, if it has three. Cells with one candidate or none don't hinder.
+std::optional<int> gravecell() {
+  std::optional<int> grave;
   for (int cell = 0; cell < cellcount; ++cell) {
     if (candidatecount(cell) <= 2) continue;
-    if (grave != nocell) return nocell;
+    if (grave) return std::nullopt;
     grave = cell;
   }
-  return grave != nocell && candidatecount(grave) == 3 ? grave : nocell;
+  return grave && candidatecount(*grave) == 3 ? grave : std::nullopt;
 }
 
 bool threeplaces(int cell, int digit) {
-  for (HouseKind kind : {HouseKind::block, HouseKind::column, HouseKind::row})
-    if (housepos(kind, digit, houseof(kind, cell)).length() == 3) return true;
-  return false;
+  return std::any_of(housekinds.begin(), housekinds.end(), [&](HouseKind kind) {
+    return housepos(kind, digit, houseof(kind, cell)).length() == 3;
+  });
 }
 
 struct Bug {
-  int cell = nocell, digit = 0;
+  int cell, digit;
 };
 
-/// The last of the cell's digits that qualifies; `before` where none does.
-Bug scanbug(int before) {
-  Bug find = {gravecell(), before};
-  if (find.cell == nocell) return find;
+/// The cell, and the last of its digits that qualifies; `before` where none does.
+std::optional<Bug> scanbug(int before) {
+  const std::optional<int> cell = gravecell();
+  if (!cell) return std::nullopt;
+  Bug bug = {*cell, before};
   for (int k = 0; k < 3; ++k)
-    if (threeplaces(find.cell, candidateat(find.cell, k))) find.digit = candidateat(find.cell, k);
-  return find;
+    if (const int digit = candidateat(bug.cell, k); threeplaces(bug.cell, digit)) bug.digit = digit;
+  return bug;
 }
 
-/// What the last step found, for its explanation.
-Bug shown;
+/// The step on show. Only its explanation reads it.
+std::optional<Bug> shown;
 
-std::string tell(const Words& words, const Bug& find) {
-  return say(words, ofdigit(find.digit), incell(find.cell));
+void forget() {
+  shown.reset();
+}
+
+std::string tell(const Words& words, const Bug& bug) {
+  return say(words, incell(bug.cell), ofdigit(bug.digit));
 }
 
 }  // namespace
@@ -102,20 +107,21 @@ std::string tell(const Words& words, const Bug& find) {
 void frmmain::stepbug() {
   foundflag = false;
   steptag = techniques::bug.tag;
-  const Bug find = shown = scanbug(colourdigit);  // a command that comes in during the wait may show another
-  if (find.cell == nocell) return;
-  colourdigit = find.digit;
+  shown = scanbug(colourdigit);
+  if (!shown) return;
+  const Bug bug = *shown;  // a command that comes in during the wait may show another
+  colourdigit = bug.digit;
   foundflag = true;
-  Text5.text = std::to_string(find.digit);
-  Text2(find.cell).back = yellow;
-  txthint.text = tell(found, find);
+  Text5.text = std::to_string(bug.digit);
+  Text2(bug.cell).back = yellow;
+  txthint.text = tell(found, bug);
   const bool stop = waitatlight() == Answer::stop;
-  Text2(find.cell).back = white;
+  Text2(bug.cell).back = white;
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
-  txthint.text = tell(entered, find);
-  writetext1(find.cell, std::to_string(find.digit));
-  Text1(find.cell).visible = true;
+  txthint.text = tell(entered, bug);
+  writetext1(bug.cell, std::to_string(bug.digit));
+  Text1(bug.cell).visible = true;
 }
 
 // ---- twin -------------------------------------------------------------------------------------------------
@@ -123,26 +129,26 @@ void frmmain::stepbug() {
 // Its digit is its own, 0 before the search: where none qualifies, the log says 0.
 void frmgenerazione::gradebug() {
   foundflag = false;
-  const Bug find = scanbug(0);
-  if (find.cell == nocell) return;
+  const std::optional<Bug> bug = scanbug(0);
+  if (!bug) return;
   foundflag = true;
-  headline(tell(found, find));
-  detail(tell(logentered, find));
-  placesilently(find.cell, find.digit);
+  headline(tell(found, *bug));
+  detail(tell(logentered, *bug));
+  placesilently(bug->cell, bug->digit);
   raiselevel(level);
 }
 
 // ---- explanation ------------------------------------------------------------------------------------------
 
 void explainbug() {
-  const Bug find = shown;
-  if (find.cell == nocell) return;  // a command that found nothing, while another step waits, may be asked
+  if (!shown) return;      // a search without a result was started during another step's wait
+  const Bug bug = *shown;  // a command that comes in during a wait may show another, or none
   Lesson lesson;
   lesson.line(title).line(inlanguage(rule)).line(longruleline);
-  lesson.line(tell(found, find)).line(tell(ifdifferent, find));
+  lesson.line(tell(found, bug)).line(tell(ifdifferent, bug));
   if (lesson.showandwait() == Answer::stop) return;
 
-  lesson.line(tell(wecaninsert, find));
+  lesson.line(tell(wecaninsert, bug));
   if (lesson.showandwait() == Answer::stop) return;
   closelesson();
   clearcolours();
@@ -158,6 +164,7 @@ const Technique techniques::bug{
     .twin = byfoundflag<frmgenerazione::gradebug>,
     .explain = explainbug,
     .level = level,
+    .forget = forget,
 };
 
 }  // namespace gradino
