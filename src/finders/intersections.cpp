@@ -166,7 +166,7 @@ constexpr Together togetherat(unsigned bits) {
   return where;
 }
 
-/// By the positions' bits: most do not lie together, and that is to be seen at one look.
+/// By the positions' bits. Most do not lie together, so this must cost one look only.
 constexpr auto together = [] {
   ByIndex<Together, 512> table{};
   for (int bits = 0; bits < 512; ++bits) table[bits] = togetherat(static_cast<unsigned>(bits));

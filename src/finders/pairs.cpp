@@ -27,8 +27,8 @@ namespace {
 
 // ---- words ------------------------------------------------------------------------------------------------
 
-// Hint and headline of the naked pair are not alike: the comma before the cells stands otherwise, and the
-// English headline has two blanks after it.
+// Hint and headline of the naked pair differ: the headline has a comma before the cells in Italian too, with
+// a blank before it, and in English two blanks after it.
 constexpr Words nakedhint = {"COPPIA NUDA {digits} nelle celle {first} , {second}",
                              "NAKED PAIR {digits}, cells {first} , {second}"};
 constexpr Words nakedheadline = {"COPPIA NUDA {digits} , celle {first} , {second}",
@@ -183,7 +183,7 @@ std::optional<Pair> findnaked() {
   return std::nullopt;
 }
 
-/// Nothing left to take away: the masks are looked at, for they may be narrower than the positions know.
+/// Nothing is left to take away. The masks decide, because they may be narrower than the positions know.
 bool bare(const Pair& hidden) {
   return (candmask(hidden.first) & ~hidden.mask()) == 0 && candmask(hidden.second) == hidden.mask();
 }
@@ -324,7 +324,7 @@ void frmgenerazione::nakedpair() {
   settledeletions();
 }
 
-// Unlike the step it narrows after its snapshot, which holds the board before the step as all snapshots do.
+// Unlike the step it narrows after the headline, whose snapshot holds the board before the step as all do.
 void frmgenerazione::hiddenpair() {
   foundflag = false;
   const std::optional<Pair> found = findhidden();

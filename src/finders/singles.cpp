@@ -31,8 +31,8 @@ namespace {
 
 // ---- words ------------------------------------------------------------------------------------------------
 
-// The last digit of a house says the same in the hint and in the log; the missing number of the house and the
-// blanks around it belong to the sentence.
+// The last digit of a house says the same in the hint and in the log. That the number of the house is
+// missing, and the blanks around the gap, belong to the sentence.
 constexpr ByKind<Words> lastin = {
     Words{"{digit} unico rimanante nella riga , in {cell}", "{digit} last digit in  row , {cell}"},
     Words{"{digit} unico rimanante nella colonna , in {cell}", "{digit} last digit in  column , {cell}"},

@@ -3,11 +3,11 @@
 // cells that see all places it may have come to.
 //
 //         c1  c2  c3   c4  c5  c6   c7  c8  c9
-//    r1    .   .  XZ |  .   .   . |  b   b   b        br: wing 1 in the pivot's block, wing 2 in its row
-//    r2    a  XY   a |  .   .   . | YZ   .   .        bc: likewise with the pivot's column
+//    r1    .   .  XZ |  .   .   . |  b   b   b        wing 1 in the pivot's block, wing 2 in its row,
+//    r2    a  XY   a |  .   .   . | YZ   .   .        or likewise in its column
 //    r3    .   .   . |  .   .   . |  .   .   .
 //
-//    r2    .  XY   . |  .  XZ   . |  .   .   .        rc: wing 1 in the pivot's row, wing 2 in its column
+//    r2    .  XY   . |  .  XZ   . |  .   .   .        wing 1 in the pivot's row, wing 2 in its column
 //    r7    .  YZ   . |  .   c   . |  .   .   .
 //
 // In an XY-Wing Z goes from all cells marked a, b or c; c stands for the two corners of the rectangle through
@@ -211,8 +211,8 @@ bool scanlinewings(Wing& wing, std::int32_t mask1, std::int32_t mask2) {
   return false;
 }
 
-/// The digits z for which the pivot may see both wings, and hardly ever one more. Mostly there is none: that
-/// makes a search in vain quick.
+/// The digits that z may be: the pivot sees a cell with x and z and one with y and z. A few more may pass,
+/// but mostly none does, which makes a search in vain quick.
 std::int32_t possiblez(const Wing& wing) {
   const std::int32_t x = bitvalue(wing.x), y = bitvalue(wing.y);
   std::int32_t besidex = 0, besidey = 0;
