@@ -77,10 +77,11 @@ std::set<int> group(int cell, bool four) {
   return {cell, 80 - cell, 9 * r + 8 - c, 9 * (8 - r) + c};
 }
 
-/// What a reduction must leave, and how many groups it looks at and takes.
+/// What a reduction must leave, how many groups it looks at and takes, and the solutions, at most two,
+/// without the last group that it looks at.
 struct Reduced {
   std::string puzzle;
-  int groups = 0, reductions = 0;
+  int groups = 0, reductions = 0, lastcount = 0;
 };
 Reduced reducedby(std::string puzzle, bool four) {
   Reduced result;
@@ -88,7 +89,8 @@ Reduced reducedby(std::string puzzle, bool four) {
     if (puzzle[static_cast<std::size_t>(cell)] == '.') continue;
     result.groups += 1;
     const std::string less = emptied(puzzle, group(cell, four));
-    if (exactcovercount(less, 2) != 1) continue;
+    result.lastcount = exactcovercount(less, 2);
+    if (result.lastcount != 1) continue;
     puzzle = less;
     result.reductions += 1;
   }
@@ -398,6 +400,24 @@ TEST_F(Generation, WhatIsReducedCannotBeReducedAgain) {
   const std::vector<std::string> told = lines(frmactivity::Text3.text);
   EXPECT_EQ(told.at(0), "beginning =  end = ");
   EXPECT_EQ(told.at(1), "executed 0 reductions");
+}
+
+// A puzzle beyond the techniques is worth a word to the grader only when this count is one.
+TEST_F(Generation, ReductionLeavesTheCountOfTheLastGroupItTried) {
+  const std::string minimal = reducedby(std::string(fullboard), true).puzzle;
+  std::string spare = minimal;  // the centre comes last
+  spare[40] = std::string(fullboard)[40];
+  supersymmetric(true);
+  comandocorrente = generatecommand;
+  std::set<int> counts;
+  for (const std::string& board : {minimal, spare}) {
+    const int lastcount = reducedby(board, true).lastcount;
+    counts.insert(lastcount);
+    handover(board);
+    riduzione();
+    EXPECT_EQ(numerosoluzioni, lastcount) << board;
+  }
+  EXPECT_EQ(counts, (std::set{1, 2})) << "a group that has to stay, and one that falls";
 }
 
 TEST_F(Generation, TheProgressWindowOnlyTellsTheTime) {
