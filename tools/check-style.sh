@@ -16,7 +16,7 @@ else
   echo "check-style: no clang-format-14 here, formatting not checked"
 fi
 if command -v shellcheck >/dev/null; then
-  shellcheck run test .ci/run tools/*.sh tools/hooks/* tests/tools/*.sh
+  shellcheck run test .ci/run tools/*.sh tools/hooks/* tests/tools/*.sh tests/cases/record
 else
   echo "check-style: no shellcheck here, scripts not checked"
 fi

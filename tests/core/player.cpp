@@ -159,6 +159,19 @@ std::string visiblemarks(int cell) {
   return marks;
 }
 
+void putpuzzle(std::string_view puzzle) {
+  suppresschange = true;
+  for (int cell = 0; cell < cellcount; ++cell) {
+    const char c = puzzle.at(static_cast<std::size_t>(cell));
+    givens(cell) = c == '.' ? "" : std::string(1, c);
+    writetext1(cell, givens(cell));
+  }
+  suppresschange = false;
+  loadgivens();
+  rebuildwhole();
+  frmmain::filetxt.text = "puzzle";
+}
+
 Program::Program() {
   const auto* test = testing::UnitTest::GetInstance()->current_test_info();
   std::string name = std::string(test->test_suite_name()) + "." + test->name();
@@ -196,19 +209,6 @@ void Program::opennamed(const std::string& name) {
 
 void Program::open(std::string_view puzzle) {
   opennamed(file("puzzle.sav", std::string(puzzle) + "\r\n"));
-}
-
-void Program::put(std::string_view puzzle) {
-  suppresschange = true;
-  for (int cell = 0; cell < cellcount; ++cell) {
-    const char c = puzzle.at(static_cast<std::size_t>(cell));
-    givens(cell) = c == '.' ? "" : std::string(1, c);
-    writetext1(cell, givens(cell));
-  }
-  suppresschange = false;
-  loadgivens();
-  rebuildwhole();
-  frmmain::filetxt.text = "puzzle";
 }
 
 void Program::eliminate(int cell, std::string_view digits) {

@@ -92,6 +92,9 @@ std::string giventexts();            ///< givens likewise
 std::vector<int> masks();            ///< candmask of the 81 cells
 std::string visiblemarks(int cell);  ///< the pencil marks to be seen when nothing covers them: "1379"
 
+/// Puts a board up without counting and grading it: boxes and tables as after the scanner, all candidates.
+void putpuzzle(std::string_view puzzle);
+
 /// Cell at 1-based row and column, as it is read to the user.
 constexpr int at(int row, int col) {
   return (row - 1) * 9 + col - 1;
@@ -113,8 +116,8 @@ class Program : public testing::Test {
   void open(std::string_view puzzle);
   void opennamed(const std::string& name);
 
-  /// Puts a board up without counting and grading it: boxes and tables as behind the scanner, all candidates.
-  void put(std::string_view puzzle);
+  /// putpuzzle, in short.
+  static void put(std::string_view puzzle) { putpuzzle(puzzle); }
   /// Deletes candidates of a cell as a technique does.
   void eliminate(int cell, std::string_view digits);
 
