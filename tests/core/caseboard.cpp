@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 #include "boxes.h"
@@ -28,7 +29,7 @@ std::string namedcell(std::size_t cell) {
 
 class Reader {
  public:
-  explicit Reader(const std::filesystem::path& file) : file_(file) {}
+  explicit Reader(std::filesystem::path file) : file_(std::move(file)) {}
 
   CaseBoard read() {
     std::ifstream in(file_);
@@ -89,12 +90,15 @@ class Reader {
       board_.start = startby(value);
     else if (name == "solution")
       board_.solution = solution(value);
+    else if (name == "tag")
+      board_.tag = value;
     else if (name == "nishio")
       board_.nishio = oneof(value, "yes", "no");
     else if (name == "pencil marks")
       board_.pencilmarks = oneof(value, "on", "off");
     else
-      fail(inquotes(name) + " is no setting; there are technique, start, solution, nishio, pencil marks");
+      fail(inquotes(name) +
+           " is no setting; there are technique, start, solution, tag, nishio, pencil marks");
   }
 
   bool oneof(const std::string& value, std::string_view yes, std::string_view no) const {
@@ -130,7 +134,7 @@ class Reader {
       for (const KeyRow& row : toolbar2rows())
         if (row.control != nullptr && row.key == name) return [&row] { Toolbar2_ButtonClick(row); };
     }
-    fail("nothing is started by " + inquotes(value) + ": say \"key NAME\" or \"menu CAPTION\"");
+    fail("nothing is started by " + inquotes(value) + R"(: say "key NAME" or "menu CAPTION")");
   }
 
   // ---- the drawing ----------------------------------------------------------------------------------------

@@ -22,6 +22,7 @@
 //                            caption; without the line the technique's own step
 //   solution: 1234...        81 digits that the counter found
 //   nishio: yes              a Nishio step came before
+//   tag: colors              steptag as the step finds it: X-colours leave that of simple colours
 //   pencil marks: off        the digit boxes cover the marks
 #pragma once
 
@@ -46,6 +47,7 @@ struct CaseBoard {
   std::string digits;           ///< 81, "." for an empty cell
   std::array<int, cellcount> masks{};
   std::string solution;  ///< 81 digits, or nothing
+  std::string tag;       ///< steptag before the step; nothing: none that a technique has
   bool nishio = false, pencilmarks = true;
 };
 

@@ -202,7 +202,7 @@ struct Shown {
 /// Where the boxes show something else than they ought to.
 Lines screenlines(const Shown& shown) {
   Lines marks, digits, texts;
-  bool allontop = pencilmarks();
+  bool allontop = pencilmarks() && boxtexts().find('.') != std::string::npos;
   for (const Box& box : frmmain::Text1) allontop &= box.visible;
   for (int cell = 0; cell < cellcount; ++cell) {
     const auto c = static_cast<std::size_t>(cell);
@@ -236,15 +236,17 @@ Lines painted(const std::string& layer, const Paint& paint, int width) {
   for (const auto& [index, colour] : paint) {
     if (colour.empty()) continue;  // the user's
     Lines& items = bycolour[colour];
-    const std::string name = cellname(index / width);
-    const std::string digit = width == 1 ? "" : std::to_string(index % width);
-    if (width > 1 && !items.empty() && items.back().starts_with(name + "="))
-      items.back() += digit;
-    else
-      items.push_back(width == 1 ? name : name + "=" + digit);
+    std::string item = cellname(index / width);
+    if (width == 1) {
+      items.push_back(item);
+      continue;
+    }
+    if (items.empty() || !items.back().starts_with(item)) items.push_back(item.append("="));
+    items.back() += std::to_string(index % width);
   }
   Lines lines;
-  for (const auto& [colour, items] : bycolour) append(lines, listed(layer + " " + colour, items));
+  for (const auto& [colour, items] : bycolour)
+    append(lines, listed(std::string(layer).append(" ").append(colour), items));
   return lines;
 }
 
@@ -392,9 +394,9 @@ Lines leftlines(const Facts& end, const Facts& before) {
       append(lines, fact.lines);
     if (fact.name == "marks" && white) lines.emplace_back("paint: white");
   }
-  Lines all = stays.empty() ? Lines{} : listed("as at the last wait", stays);
-  append(all, lines);
-  return all;
+  const Lines first = listed("as at the last wait", stays);
+  lines.insert(lines.begin(), first.begin(), first.end());
+  return lines;
 }
 
 /// What a program just started with the board up looks like: no lines.
@@ -413,6 +415,7 @@ Start setup(Player& player, const CaseBoard& board, int language, bool found) {
   player.boxes.clear();
   frmmain::txthint.text = frmmain::Text5.text = steptag = untouched;
   for (Byte* number : {&curdigit, &curcell, &curblock, &currow, &curcol, &colourdigit}) *number = unset;
+  if (!board.tag.empty()) steptag = board.tag;
   stepdigit = stepcell = unset;
   userdigit().back = userbox().back = usermark().back = usercolour;
   foundflag = found;
@@ -435,13 +438,13 @@ Played runonce(const CaseBoard& board, int language, const Starter& starter, con
       if (meanwhile) meanwhile();
       act();
       if (!firsttime || lightresult == 0) return;
-      run.explained = run.waits.size() > 1;
-      if (run.explained) run.over = momentnow(start, player);
+      if (run.waits.size() > 1) run.explained = run.waits.size();
+      run.over = momentnow(start, player);
     };
   };
   constexpr int enough = 300;
-  for (const Act& act : acts) player.script.push_back(answer(act));
-  for (int k = 0; k < enough; ++k) player.script.push_back(answer(go));
+  for (const Act& act : acts) player.script.emplace_back(answer(act));
+  for (int k = 0; k < enough; ++k) player.script.emplace_back(answer(go));
   player.event([&] { run.answers = starter(); });
   run.end = momentnow(start, player);
   if (waiting()) run.end.facts.push_back({"light", "", {"light: still waits"}});
@@ -484,11 +487,15 @@ Lines runread(const Played& run, std::size_t from) {
     lines.push_back(name);
     for (const std::string& line : read) lines.push_back("  " + line);
   };
-  for (std::size_t k = from; k < run.waits.size(); ++k)
-    moment("wait " + number(k), newlinesof(run.waits[k].facts, k == 0 ? none : run.waits[k - 1].facts));
-  const Facts& last = run.waits.empty() ? none : run.waits.back().facts;
-  if (run.explained && from <= 1) moment("explanation over", newlinesof(run.over.facts, last));
-  Lines end = leftlines(run.end.facts, last);
+  const Facts* last = &none;
+  for (std::size_t k = 0; k < run.waits.size(); ++k) {
+    if (k >= from) moment("wait " + number(k), newlinesof(run.waits[k].facts, *last));
+    last = &run.waits[k].facts;
+    if (k + 1 != run.explained || k < from) continue;
+    moment("explanation over", newlinesof(run.over.facts, *last));
+    last = &run.over.facts;
+  }
+  Lines end = leftlines(run.end.facts, run.waits.empty() ? none : run.waits.back().facts);
   if (!run.answers.empty()) end.back() += ", answers: " + run.answers;
   moment("end", end);
   return lines;
@@ -552,7 +559,8 @@ class Writer {
 
   void explanation() {
     const Played explained = run(board_, language_, starter_, {help});
-    if (explained.waits.size() == plain_.waits.size())
+    if (explained.explained == 0 && explained.waits.size() == plain_.waits.size() + 1 &&
+        explained.waits[1].facts == plain_.waits[0].facts && explained.end.facts == plain_.end.facts)
       return section("help", {"nothing to explain: the wait goes on"});
     section("help, then go to the end",
             runread(explained, std::min<std::size_t>(common(explained, plain_), 1)));

@@ -29,10 +29,10 @@ struct Moment {
 
 struct Played {
   std::vector<Moment> waits;
-  Moment over;               ///< when the explanation had returned
-  bool explained = false;    ///< it has
-  Moment end;                ///< when all is over
-  std::string answers = "";  ///< what the step itself says: "yes" or "no"
+  Moment over;                ///< when the explanation had returned
+  std::size_t explained = 0;  ///< after how many waits that was; 0: nothing was explained
+  Moment end;                 ///< when all is over
+  std::string answers;        ///< what the step itself says: "yes" or "no"
 };
 
 /// Runs the step of a case in a program just started. The waits are answered with the acts, then with go;
