@@ -59,7 +59,7 @@ struct BadBoard : std::runtime_error {
 /// Throws BadBoard.
 CaseBoard readboard(const std::filesystem::path& file);
 
-/// Puts it up: boxes and tables as behind earlier steps.
+/// Puts it up: boxes and tables as after earlier steps.
 void putboard(const CaseBoard& board);
 
 /// The folder of all cases.
