@@ -12,15 +12,16 @@
 #include <gtest/gtest.h>
 
 #include "caseboard.h"
-#include "colouring.h"
 #include "forcing.h"
 #include "ladders.h"
 #include "light.h"
 #include "loops.h"
 #include "nishio.h"
 #include "player.h"
+#include "simplecolours.h"
 #include "step.h"
 #include "transcript.h"
+#include "xcolours.h"
 #include "xychains.h"
 
 namespace gradino::tests {

@@ -22,6 +22,10 @@
 namespace gradino::tests {
 namespace {
 
+std::string named(int cell) {
+  return std::string(cellname(cell));
+}
+
 using Lines = std::vector<std::string>;
 
 const std::string untouched = "as it was";  ///< what stands in the text boxes before the step
@@ -119,18 +123,18 @@ Lines changes(const std::string& values, const std::vector<int>& masks, const Bo
     const auto c = static_cast<std::size_t>(cell);
     if (values[c] == start.values[c]) continue;
     if (values[c] == '.') {
-      emptied.push_back(cellname(cell));
+      emptied.push_back(named(cell));
       continue;
     }
-    placed.push_back(cellname(cell) + "=" + values[c]);
+    placed.push_back(named(cell) + "=" + values[c]);
     left[c] = 0;
     for (int other = 0; other < cellcount; ++other)
       if (sees(cell, other)) left[static_cast<std::size_t>(other)] &= ~bitvalue(values[c] - '0');
   }
   for (int cell = 0; cell < cellcount; ++cell) {
     const auto c = static_cast<std::size_t>(cell);
-    if (const int gone = left[c] & ~masks[c]) taken.push_back(cellname(cell) + "<>" + digitsof(gone));
-    if (const int come = masks[c] & ~left[c]) back.push_back(cellname(cell) + "=" + digitsof(come));
+    if (const int gone = left[c] & ~masks[c]) taken.push_back(named(cell) + "<>" + digitsof(gone));
+    if (const int come = masks[c] & ~left[c]) back.push_back(named(cell) + "=" + digitsof(come));
   }
   Lines lines = listed("placed", placed);
   append(lines, listed("emptied", emptied));
@@ -174,7 +178,7 @@ Lines tablelines() {
   int filled = 0;
   std::array<int, blockslot + 9> used{};
   for (int cell = 0; cell < cellcount; ++cell) {
-    if (candstr(cell) != digitsof(candmask(cell))) strings.push_back(cellname(cell));
+    if (candstr(cell) != digitsof(candmask(cell))) strings.push_back(named(cell));
     if (cellvalue(cell) == 0) continue;
     ++filled;
     for (int other = 0; other < cellcount; ++other)
@@ -208,12 +212,12 @@ Lines screenlines(const Shown& shown) {
     const auto c = static_cast<std::size_t>(cell);
     const Box& box = frmmain::Text1(cell);
     if (visiblemarks(cell) != digitsof(shown.masks[c]))
-      marks.push_back(cellname(cell) + "=" + visiblemarks(cell));
+      marks.push_back(named(cell) + "=" + visiblemarks(cell));
     if ((box.text.empty() ? "." : box.text) != std::string(1, shown.values[c]))
-      digits.push_back(cellname(cell) + "=" + (box.text.empty() ? "." : box.text));
+      digits.push_back(named(cell) + "=" + (box.text.empty() ? "." : box.text));
     if (box.visible != (!pencilmarks() || !box.text.empty()) && !allontop)
-      digits.push_back(cellname(cell) + (box.visible ? "_shown" : "_hidden"));
-    if (!frmmain::Text2(cell).text.empty()) texts.push_back(cellname(cell) + "=" + frmmain::Text2(cell).text);
+      digits.push_back(named(cell) + (box.visible ? "_shown" : "_hidden"));
+    if (!frmmain::Text2(cell).text.empty()) texts.push_back(named(cell) + "=" + frmmain::Text2(cell).text);
   }
   Lines lines = listed("pencil marks shown", marks);
   append(lines, listed("digit boxes", digits));
@@ -236,7 +240,7 @@ Lines painted(const std::string& layer, const Paint& paint, int width) {
   for (const auto& [index, colour] : paint) {
     if (colour.empty()) continue;  // the user's
     Lines& items = bycolour[colour];
-    std::string item = cellname(index / width);
+    std::string item = named(index / width);
     if (width == 1) {
       items.push_back(item);
       continue;
