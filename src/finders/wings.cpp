@@ -145,11 +145,11 @@ void losecorners(Wing& wing) {
   lose(wing, cellat(rowof(wing.wing2), columnof(wing.wing1)), wing.pivot);
 }
 
-// The tests of a pattern whose wings stand as they must: it counts if some cell loses z.
+// The tests of a pattern whose wings stand as they must: it counts if some cell loses z. As that ends the
+// search, no cell is listed before a test.
 
 bool testxyleg(Wing& wing, const Leg& leg) {
   if (placed(leg.slot + houseof(leg.line, wing.pivot), wing.z)) return false;
-  wing.losing.clear();
   losepivotline(wing, leg.line);
   losewingline(wing, leg.line);
   losecorners(wing);
@@ -157,13 +157,11 @@ bool testxyleg(Wing& wing, const Leg& leg) {
 }
 
 bool testxycorners(Wing& wing) {
-  wing.losing.clear();
   losecorners(wing);
   return !wing.losing.empty();
 }
 
 bool testxyzleg(Wing& wing, const Leg& leg) {
-  wing.losing.clear();
   losepivotline(wing, leg.line);
   return !wing.losing.empty();
 }
