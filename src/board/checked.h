@@ -90,7 +90,8 @@ class Table {
   static constexpr int low = LO, high = HI;
 
   constexpr explicit Table(const char* name) : name_(name) {
-    if constexpr (std::is_constructible_v<T, const char*> && !std::is_same_v<T, std::string>)
+    if constexpr (std::is_constructible_v<T, const char*> && !std::is_same_v<T, std::string> &&
+                  !std::is_arithmetic_v<T>)
       namedslots(name, std::make_integer_sequence<int, HI - LO + 1>{});
   }
 

@@ -55,11 +55,15 @@ enum class HouseKind { row, column, block };
 
 /// By kind, in the order of HouseKind.
 template <class T>
-struct ByKind : ByIndex<T, 3> {
-  constexpr T& operator[](HouseKind kind) { return ByIndex<T, 3>::operator[](static_cast<int>(kind)); }
-  constexpr const T& operator[](HouseKind kind) const {
-    return ByIndex<T, 3>::operator[](static_cast<int>(kind));
-  }
+struct ByKind {
+  T slots[3];
+
+  constexpr T& operator[](HouseKind kind) { return slots[static_cast<int>(kind)]; }
+  constexpr const T& operator[](HouseKind kind) const { return slots[static_cast<int>(kind)]; }
+  constexpr T* begin() { return slots; }
+  constexpr T* end() { return slots + 3; }
+  constexpr const T* begin() const { return slots; }
+  constexpr const T* end() const { return slots + 3; }
 };
 
 inline constexpr std::array housekinds = {HouseKind::row, HouseKind::column, HouseKind::block};

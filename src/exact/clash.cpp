@@ -13,7 +13,7 @@ namespace {
 
 // The 27 houses are numbered, and stand in a word of bits, rows first, then columns, then blocks.
 constexpr int rowhouse = 0, columnhouse = 9, blockhouse = 18;
-constexpr ByKind<int> firsthouse = {{{{rowhouse, columnhouse, blockhouse}}}};
+constexpr ByKind<int> firsthouse = {{rowhouse, columnhouse, blockhouse}};
 
 constexpr int lastcell = cellcount - 1;
 

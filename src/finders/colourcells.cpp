@@ -9,7 +9,7 @@ namespace {
 
 constexpr Words yellowcells = {"gialle", "yellow"}, greencells = {"verdi", "green"};
 
-constexpr ByIndex<Words, 2> loglist = {{{{" * color1 ", " * color1 "}, {" * color2 ", " * color2 "}}}};
+constexpr ByIndex<Words, 2> loglist = {{{" * color1 ", " * color1 "}, {" * color2 ", " * color2 "}}};
 constexpr Words listcell = {"{cell},", "{cell},"};
 
 constexpr Words candidateline = {"CANDIDATO = {digit}", "CANDIDATE = {digit}"};

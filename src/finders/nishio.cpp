@@ -42,7 +42,7 @@ constexpr Words logstep = {" * {cell}={digit}", " * {cell}={digit}"};
 constexpr Words logalso = {" * also {cell}={digit}", " * also {cell}={digit}"};
 constexpr Words lognoplace = {" * {digit} no more possible in {kind} {house}",
                               " * {digit} no more possible in {kind} {house}"};
-constexpr ByKind<std::string_view> logkind = {{{{"row", "column", "block"}}}};
+constexpr ByKind<std::string_view> logkind = {{"row", "column", "block"}};
 constexpr Words logimpossible = {" * IMPOSSIBLE", " * IMPOSSIBLE"};
 
 constexpr Words title = {
@@ -58,9 +58,9 @@ constexpr Words title = {
 constexpr Words suppose = {"Se {cell}={digit}", "If {cell}={digit}"};
 constexpr Words step = {"{cell}={digit}", "{cell}={digit}"};
 constexpr ByKind<Words> noplace = {
-    {{{{"{digit} non piu' possibile in riga {house}", "{digit} no more possible in row {house}"},
-       {"{digit} non piu' possibile in colonna {house}", "{digit} no more possible in column {house}"},
-       {"{digit} non piu' possibile in settore {house}", "{digit} no more possible in block {house}"}}}}};
+    {{"{digit} non piu' possibile in riga {house}", "{digit} no more possible in row {house}"},
+     {"{digit} non piu' possibile in colonna {house}", "{digit} no more possible in column {house}"},
+     {"{digit} non piu' possibile in settore {house}", "{digit} no more possible in block {house}"}}};
 constexpr Words also = {"IMPOSSIBILE - anche {cell}={digit}", " IMPOSSIBLE - also {cell}={digit}"};
 constexpr Words removed = {" rimosso {digit} da {cell}", " removed {digit} from {cell}"};
 
@@ -125,7 +125,7 @@ void forget() {
 }
 
 /// Where the houses of each kind stand in usedmask and in the work space of candmask.
-constexpr ByKind<int> slots = {{{{rowslot, columnslot, blockslot}}}};
+constexpr ByKind<int> slots = {{rowslot, columnslot, blockslot}};
 
 /// The union of candidates of each house goes into the work space.
 void unitecandidates() {

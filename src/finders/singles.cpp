@@ -34,21 +34,21 @@ namespace {
 // The last digit of a house says the same in the hint and in the log. That the number of the house is
 // missing, and the blanks around the gap, belong to the sentence.
 constexpr ByKind<Words> lastin = {
-    Words{"{digit} unico rimanante nella riga , in {cell}", "{digit} last digit in  row , {cell}"},
-    Words{"{digit} unico rimanante nella colonna , in {cell}", "{digit} last digit in  column , {cell}"},
-    Words{"{digit} unico rimanante nel settore , in {cell}", "{digit} last digit in  block , {cell}"}};
+    {{"{digit} unico rimanante nella riga , in {cell}", "{digit} last digit in  row , {cell}"},
+     {"{digit} unico rimanante nella colonna , in {cell}", "{digit} last digit in  column , {cell}"},
+     {"{digit} unico rimanante nel settore , in {cell}", "{digit} last digit in  block , {cell}"}}};
 
 // The hint leaves the digit to Text5; the log begins with it, and has two blanks in Italian.
 constexpr ByKind<Words> hiddenhint = {
-    Words{"hidden single nella riga {house}, in {cell}", "hidden single in row {house}, in {cell}"},
-    Words{"hidden single nella colonna {house}, in {cell}", "hidden single in column {house}, in {cell}"},
-    Words{"hidden single nel settore {house}, in {cell}", "hidden single in block {house}, in {cell}"}};
-constexpr ByKind<Words> hiddenheadline = {Words{"{digit} hidden single  nella riga {house}, in {cell}",
-                                                "{digit} hidden single in row {house}, in {cell}"},
-                                          Words{"{digit} hidden single  nella colonna {house}, in {cell}",
-                                                "{digit} hidden single in column {house}, in {cell}"},
-                                          Words{"{digit} hidden single  nel settore {house}, in {cell}",
-                                                "{digit} hidden single in block {house}, in {cell}"}};
+    {{"hidden single nella riga {house}, in {cell}", "hidden single in row {house}, in {cell}"},
+     {"hidden single nella colonna {house}, in {cell}", "hidden single in column {house}, in {cell}"},
+     {"hidden single nel settore {house}, in {cell}", "hidden single in block {house}, in {cell}"}}};
+constexpr ByKind<Words> hiddenheadline = {{{"{digit} hidden single  nella riga {house}, in {cell}",
+                                            "{digit} hidden single in row {house}, in {cell}"},
+                                           {"{digit} hidden single  nella colonna {house}, in {cell}",
+                                            "{digit} hidden single in column {house}, in {cell}"},
+                                           {"{digit} hidden single  nel settore {house}, in {cell}",
+                                            "{digit} hidden single in block {house}, in {cell}"}}};
 constexpr Words nakedhint = {"naked single nella cella {cell}", "naked single in cell {cell}"};
 constexpr Words nakedheadline = {"{digit} naked single  nella cella {cell}",
                                  "{digit} naked single in cell {cell}"};
@@ -72,12 +72,12 @@ constexpr Words placedinrow = {"riga {house}, ", "row {house}, "};
 constexpr Words placedincolumn = {"colonna {house}, ", "column {house}, "};
 constexpr Words ruledout = {"in {cell} già eliminato da tecniche precedenti",
                             "in {cell} already deleted by previous steps"};
-constexpr ByKind<Words> onlyin = {Words{"quindi nella riga {house} l'unica cella che può occupare{digit}",
-                                        "therefore in the row {house} the only possible position"},
-                                  Words{"quindi nella colonna {house} l'unica cella che può occupare{digit}",
-                                        "therefore in the column {house} the only possible position"},
-                                  Words{"quindi nel settore {house} l'unica cella che può occupare{digit}",
-                                        "therefore in the block {house} the only possible position"}};
+constexpr ByKind<Words> onlyin = {{{"quindi nella riga {house} l'unica cella che può occupare{digit}",
+                                    "therefore in the row {house} the only possible position"},
+                                   {"quindi nella colonna {house} l'unica cella che può occupare{digit}",
+                                    "therefore in the column {house} the only possible position"},
+                                   {"quindi nel settore {house} l'unica cella che può occupare{digit}",
+                                    "therefore in the block {house} the only possible position"}}};
 constexpr Words yellowcell = {"è la cella gialla {cell}", "is the yellow cell {cell}"};
 
 constexpr Words hiddensingle = {
@@ -93,9 +93,9 @@ constexpr Words thedigitincolumn = {"nella colonna {house} il numero {digit}",
                                     "in the column {house} the number {digit}"};
 constexpr Words impossiblein = {"non può stare nella cella {cell}", "is impossible in {cell}"};
 constexpr ByKind<Words> because = {
-    Words{"perchè già presente nella riga {house}", "because already present in the row {house}"},
-    Words{"perchè già presente nella colonna {house}", "because already present in the column {house}"},
-    Words{"perchè già presente nel settore {house}", "because already present in the block {house}"}};
+    {{"perchè già presente nella riga {house}", "because already present in the row {house}"},
+     {"perchè già presente nella colonna {house}", "because already present in the column {house}"},
+     {"perchè già presente nel settore {house}", "because already present in the block {house}"}}};
 constexpr Words becauseearlier = {"perchè già eliminato da tecniche precedenti ",
                                   "because already deleted by previous steps "};
 

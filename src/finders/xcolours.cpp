@@ -131,7 +131,7 @@ struct XColours {
   enum class Kind { nothing, deletion, firstfalse, secondfalse } kind = Kind::nothing;
   int digit = 0;
   ByIndex<Recorded, 2> group = {
-      {{Recorded("groupcells", 0, 20), Recorded("groupcells", 0, 20)}}};  ///< the seed first
+      {Recorded("groupcells", 0, 20), Recorded("groupcells", 0, 20)}};  ///< the seed first
   Recorded deleted{"xdeletecell", 0, 60};  ///< once for every pair of cells and rule that hits the cell
   Recorded common{"commoncell", 0, 10};    ///< true in both groups
 
@@ -417,7 +417,7 @@ struct GroupWords {
   Colour colour;
   Words iftrue;
 };
-constexpr ByIndex<GroupWords, 2> groupwords = {{{{yellow, ifyellow}, {green, ifgreen}}}};
+constexpr ByIndex<GroupWords, 2> groupwords = {{{yellow, ifyellow}, {green, ifgreen}}};
 
 /// One of the two seeds holds the digit. True: stop.
 bool showseeds(Lesson& lesson) {
