@@ -1,4 +1,5 @@
-// Nishio: what is found, shown, argued, logged and done, what ends a trial, and what comes in between.
+// Nishio: the search, what ends a trial, and what comes in between. What is said, shown and done on a board
+// is in tests/cases/nishio.
 #include "nishio.h"
 
 #include <algorithm>
@@ -12,7 +13,7 @@
 
 #include <gtest/gtest.h>
 
-#include "chains.h"
+#include "caseboard.h"
 #include "chainsteps.h"
 #include "clearboard.h"
 #include "commands.h"
@@ -34,450 +35,45 @@
 namespace gradino::tests {
 namespace {
 
-// ---- examples ---------------------------------------------------------------------------------------------
+// ---- what comes in between --------------------------------------------------------------------------------
 
-/// A board on which Nishio is the next step, of the ladder or of the menu entry for chains.
-struct FoundNishio {
-  std::string name;
-  Drawn drawn;
-  bool ladder;
-  int cell, digit;  ///< what the step takes away
-  Said hint;
-  std::vector<std::pair<int, int>> placings;  ///< cells and digits of the trial
-  std::vector<Said> log;
-  std::vector<Said> lesson;  ///< what each wait of the explanation adds
+struct Placing {
+  int cell, digit;
 };
 
-Said same(const std::string& text) {
-  return {text, text};
-}
-
-const std::string nishiotitleit =
-    "TECNICA NISHIO  LIVELLO 21\r\n"
-    "si deve trovare una catena di conseguenze\r\n"
-    "che porti ad una contradizione: un numero\r\n"
-    "non e' piu' possibile in in gruppo oppure\r\n"
-    "e' contenuto piu' di una volta\r\n"
-    "===================================================\r\n";
-const std::string nishiotitleen =
-    "TECHNIQUE NISHIO  LEVEL 21\r\n"
-    "a chain of consequences that brings to a contradiction\r\n"
-    "a number is not any more possible in a house \r\n"
-    "or in an empty cell NO CANDIDATE is any more possible\r\n"
-    "===================================================\r\n";
-
-// A digit has no place left in a row.
-constexpr Drawn rowlostboard = {
-    "156 2 3 7 689 1689 4 568 68 "
-    "1567 1678 9 1268 4 168 2356 5678 3678 "
-    "678 4 78 26 3 5 2679 6789 1 "
-    "2 3 17 146 679 14679 8 1679 5 "
-    "4 5789 1578 3 6789 16789 1679 2 679 "
-    "78 789 6 5 2 1789 179 3 4 "
-    "1678 1678 2 468 5 3 1679 146789 6789 "
-    "3 5678 578 9 1 4678 567 45678 2 "
-    "9 15678 4 68 678 2 35 15678 3678",
-    "123796458579148263648235971231467895495381627786529134812653749367914582954872316"};
-
-const FoundNishio rowlost = {
-    .name = "Rowlost",
-    .drawn = rowlostboard,
-    .ladder = true,
-    .cell = at(8, 2),
-    .digit = 5,
-    .hint = {"CATENA NISHIO - Se r8c2=5", "NISHIO CHAIN - If r8c2=5"},
-    .placings = {{at(5, 3), 5},
-                 {at(4, 3), 1},
-                 {at(2, 4), 1},
-                 {at(1, 1), 1},
-                 {at(2, 1), 5},
-                 {at(3, 4), 2},
-                 {at(2, 7), 2},
-                 {at(2, 9), 3},
-                 {at(1, 8), 5},
-                 {at(9, 7), 3}},
-    .log = {{"CATENA NISHIO - Se r8c2=5", "NISHIO CHAIN - If r8c2=5"},
-            same(" * r5c3=5"),
-            same(" * r4c3=1"),
-            same(" * r2c4=1"),
-            same(" * r1c1=1"),
-            same(" * r2c1=5"),
-            same(" * r3c4=2"),
-            same(" * r2c7=2"),
-            same(" * r2c9=3"),
-            same(" * r1c8=5"),
-            same(" * r9c7=3"),
-            same(" * 5 no more possible in row 8"),
-            same(" * IMPOSSIBLE")},
-    .lesson =
-        {
-            {nishiotitleit + "Se r8c2=5", nishiotitleen + "If r8c2=5"},
-            same("\r\nr5c3=5"),
-            same("\r\nr4c3=1"),
-            same("\r\nr2c4=1"),
-            same("\r\nr1c1=1"),
-            same("\r\nr2c1=5"),
-            same("\r\nr3c4=2"),
-            same("\r\nr2c7=2"),
-            same("\r\nr2c9=3"),
-            same("\r\nr1c8=5"),
-            same("\r\nr9c7=3"),
-            {"\r\n5 non piu' possibile in riga 9", "\r\n5 no more possible in row 9"},
-            {"\r\n rimosso 5 da r8c2", "\r\n removed 5 from r8c2"},
-        },
+/// What tests/cases/nishio argues on a board.
+struct Argued {
+  const char* name;
+  std::size_t waits;  ///< of the explanation
+  int cell;           ///< what loses a digit
+  Placing first, last;
 };
 
-// In a column.
-constexpr Drawn columnlostboard = {
-    "156 2 3 7 689 1689 4 568 68 "
-    "1567 1678 9 1268 4 168 2356 5678 3678 "
-    "678 4 78 26 3 5 2679 6789 1 "
-    "2 3 17 146 679 14679 8 1679 5 "
-    "4 5789 1578 3 6789 16789 1679 2 679 "
-    "78 789 6 5 2 1789 179 3 4 "
-    "1678 1678 2 468 5 3 1679 146789 6789 "
-    "3 678 578 9 1 4678 567 45678 2 "
-    "9 15678 4 68 678 2 35 15678 3678",
-    "123796458579148263648235971231467895495381627786529134812653749367914582954872316"};
-
-const FoundNishio columnlost = {
-    .name = "Columnlost",
-    .drawn = columnlostboard,
-    .ladder = true,
-    .cell = at(8, 8),
-    .digit = 5,
-    .hint = {"CATENA NISHIO - Se r8c8=5", "NISHIO CHAIN - If r8c8=5"},
-    .placings = {{at(2, 7), 5},
-                 {at(1, 1), 5},
-                 {at(3, 7), 2},
-                 {at(2, 4), 2},
-                 {at(2, 9), 3},
-                 {at(3, 8), 9},
-                 {at(2, 8), 7},
-                 {at(9, 2), 5},
-                 {at(5, 3), 5},
-                 {at(4, 3), 1}},
-    .log = {{"CATENA NISHIO - Se r8c8=5", "NISHIO CHAIN - If r8c8=5"},
-            same(" * r2c7=5"),
-            same(" * r1c1=5"),
-            same(" * r3c7=2"),
-            same(" * r2c4=2"),
-            same(" * r2c9=3"),
-            same(" * r3c8=9"),
-            same(" * r2c8=7"),
-            same(" * r9c2=5"),
-            same(" * r5c3=5"),
-            same(" * r4c3=1"),
-            same(" * 1 no more possible in column 3"),
-            same(" * IMPOSSIBLE")},
-    .lesson =
-        {
-            {nishiotitleit + "Se r8c8=5", nishiotitleen + "If r8c8=5"},
-            same("\r\nr2c7=5"),
-            same("\r\nr1c1=5"),
-            same("\r\nr3c7=2"),
-            same("\r\nr2c4=2"),
-            same("\r\nr2c9=3"),
-            same("\r\nr3c8=9"),
-            same("\r\nr2c8=7"),
-            same("\r\nr9c2=5"),
-            same("\r\nr5c3=5"),
-            same("\r\nr4c3=1"),
-            {"\r\n1 non piu' possibile in colonna 4", "\r\n1 no more possible in column 4"},
-            {"\r\n rimosso 5 da r8c8", "\r\n removed 5 from r8c8"},
-        },
+const Argued arguments[] = {
+    {"nishio/digit-without-place-in-row", 13, at(8, 2), {at(5, 3), 5}, {at(9, 7), 3}},
+    {"nishio/digit-without-place-in-column", 13, at(8, 8), {at(2, 7), 5}, {at(4, 3), 1}},
+    {"nishio/digit-without-place-in-block", 9, at(5, 7), {at(3, 8), 7}, {at(2, 3), 4}},
+    {"nishio/cell-without-candidate", 15, at(9, 2), {at(8, 3), 5}, {at(9, 4), 6}},
 };
 
-// In a block. The ladder has a forcing chain here; the menu entry does not try one.
-constexpr Drawn blocklostboard = {
-    "29 3 28 4 257 2578 789 6 1 "
-    "146 478 468 9 137 3678 78 5 2 "
-    "1269 27 5 267 127 2678 3 789 4 "
-    "234 6 247 23 8 1 5 479 79 "
-    "8 1 247 5 24 9 47 3 6 "
-    "34 5 9 37 6 47 1 2 8 "
-    "246 248 3 267 9 2467 24678 1 5 "
-    "5 2489 2468 1 2347 23467 246789 4789 379 "
-    "7 249 1 8 2345 23456 2469 49 39",
-    "932475861148936752675218394264381579817529436359764128483697215526143987791852643"};
-
-const FoundNishio blocklost = {
-    .name = "Blocklost",
-    .drawn = blocklostboard,
-    .ladder = false,
-    .cell = at(5, 7),
-    .digit = 7,
-    .hint = {"CATENA NISHIO - Se r5c7=7", "NISHIO CHAIN - If r5c7=7"},
-    .placings = {{at(3, 8), 7}, {at(2, 2), 7}, {at(1, 7), 9}, {at(3, 1), 9}, {at(2, 1), 1}, {at(2, 3), 4}},
-    .log = {{"CATENA NISHIO - Se r5c7=7", "NISHIO CHAIN - If r5c7=7"},
-            same(" * r3c8=7"),
-            same(" * r2c2=7"),
-            same(" * r1c7=9"),
-            same(" * r3c1=9"),
-            same(" * r2c1=1"),
-            same(" * r2c3=4"),
-            same(" * 6 no more possible in block 0"),
-            same(" * IMPOSSIBLE")},
-    .lesson =
-        {
-            {nishiotitleit + "Se r5c7=7", nishiotitleen + "If r5c7=7"},
-            same("\r\nr3c8=7"),
-            same("\r\nr2c2=7"),
-            same("\r\nr1c7=9"),
-            same("\r\nr3c1=9"),
-            same("\r\nr2c1=1"),
-            same("\r\nr2c3=4"),
-            {"\r\n6 non piu' possibile in settore 1", "\r\n6 no more possible in block 1"},
-            {"\r\n rimosso 7 da r5c7", "\r\n removed 7 from r5c7"},
-        },
-};
-
-// An empty cell has no candidate left.
-constexpr Drawn cellemptyboard = {
-    "156 2 3 7 689 1689 4 568 68 "
-    "1567 1678 9 1268 4 168 2356 5678 3678 "
-    "678 4 78 26 3 5 2679 6789 1 "
-    "2 3 17 146 679 14679 8 1679 5 "
-    "4 5789 1578 3 6789 16789 1679 2 679 "
-    "78 789 6 5 2 1789 179 3 4 "
-    "1678 1678 2 468 5 3 1679 146789 6789 "
-    "3 678 578 9 1 4678 567 4678 2 "
-    "9 15678 4 68 678 2 35 15678 3678",
-    "123796458579148263648235971231467895495381627786529134812653749367914582954872316"};
-
-const FoundNishio cellempty = {
-    .name = "Cellempty",
-    .drawn = cellemptyboard,
-    .ladder = true,
-    .cell = at(9, 2),
-    .digit = 8,
-    .hint = {"CATENA NISHIO - Se r9c2=8", "NISHIO CHAIN - If r9c2=8"},
-    .placings = {{at(8, 3), 5},
-                 {at(5, 2), 5},
-                 {at(6, 2), 9},
-                 {at(9, 8), 1},
-                 {at(9, 7), 5},
-                 {at(9, 9), 3},
-                 {at(2, 7), 3},
-                 {at(3, 7), 2},
-                 {at(2, 4), 2},
-                 {at(3, 8), 9},
-                 {at(9, 5), 7},
-                 {at(9, 4), 6}},
-    .log = {{"CATENA NISHIO - Se r9c2=8", "NISHIO CHAIN - If r9c2=8"},
-            same(" * r8c3=5"),
-            same(" * r5c2=5"),
-            same(" * r6c2=9"),
-            same(" * r9c8=1"),
-            same(" * r9c7=5"),
-            same(" * r9c9=3"),
-            same(" * r2c7=3"),
-            same(" * r3c7=2"),
-            same(" * r2c4=2"),
-            same(" * r3c8=9"),
-            same(" * r9c5=7"),
-            same(" * r9c4=6"),
-            same(" * also r3c4=6"),
-            same(" * IMPOSSIBLE")},
-    .lesson =
-        {
-            {nishiotitleit + "Se r9c2=8", nishiotitleen + "If r9c2=8"},
-            same("\r\nr8c3=5"),
-            same("\r\nr5c2=5"),
-            same("\r\nr6c2=9"),
-            same("\r\nr9c8=1"),
-            same("\r\nr9c7=5"),
-            same("\r\nr9c9=3"),
-            same("\r\nr2c7=3"),
-            same("\r\nr3c7=2"),
-            same("\r\nr2c4=2"),
-            same("\r\nr3c8=9"),
-            same("\r\nr9c5=7"),
-            same("\r\nr9c4=6"),
-            {"\r\nIMPOSSIBILE - anche r3c4=6", "\r\n IMPOSSIBLE - also r3c4=6"},
-            {"\r\n rimosso 8 da r9c2", "\r\n removed 8 from r9c2"},
-        },
-};
-
-// ---- each of them -----------------------------------------------------------------------------------------
-
-class EachNishio : public ChainBoards,
-                   public testing::WithParamInterface<std::tuple<const FoundNishio*, int>> {
+class EachNishio : public Program, public testing::WithParamInterface<Argued> {
  protected:
-  EachNishio() {
-    speak(std::get<int>(GetParam()));
-    draw(one().drawn);
-    take(std::to_string(one().digit), {one().cell});
-    after = theboard();
-    drawagain();
-    before = theboard();
-  }
-  /// With the pencil marks to be seen: nothing stands in front of them.
-  void drawagain() {
-    draw(one().drawn);
-    for (Box& box : frmmain::Text1) box.visible = !box.text.empty();
-  }
-  static const FoundNishio& one() { return *std::get<const FoundNishio*>(GetParam()); }
-  static std::size_t waits() { return one().lesson.size(); }
+  EachNishio() { putcase(GetParam().name); }
 
-  /// As its user comes to it: by the hint, or by the menu entry for chains.
-  void run() {
-    if (one().ladder) return player.event(mnuposition_Click);
-    for (const MenuRow& row : menurows())
-      if (row.control == &frmmain::mnuchain) player.event(row.action);
-  }
   /// Help, go at the waits of the explanation up to the k-th, and these acts from there.
   void explained(std::size_t k, std::initializer_list<Act> acts) {
     player.script = {help};
     player.script.insert(player.script.end(), k, go);
     player.script.insert(player.script.end(), acts);
   }
-
-  static std::vector<int> placed(std::size_t count) {
-    std::vector<int> cells_;
-    for (std::size_t i = 0; i < count; ++i) cells_.push_back(one().placings[i].first);
-    return cells_;
-  }
-  static Frame shownframe() {
-    return {.tag = "impossible",
-            .hint = one().hint.text(),
-            .number = "",
-            .activity = {},
-            .Text1 = {},
-            .Text2 = boxes(placed(one().placings.size()), "yellow"),
-            .candidate = {}};
-  }
-  /// At the k-th wait of the explanation, from 0.
-  static Frame arguedframe(std::size_t k) {
-    Frame frame = shownframe();
-    std::string text;
-    for (std::size_t i = 0; i <= k; ++i) text += one().lesson[i].text();
-    frame.activity = text;
-    const std::size_t shown = std::min(k, one().placings.size());
-    frame.Text1 = boxes(placed(shown), "green");
-    frame.Text2 = boxes(placed(shown), "yellow");
-    return frame;
-  }
-  /// The board at that wait: the placings shown stand in the boxes alone. At the last one they are gone.
-  Board arguedboard(std::size_t k) const {
-    if (k + 1 == waits()) return after;
-    Board board = before;
-    for (std::size_t i = 0; i < std::min(k, one().placings.size()); ++i)
-      board.text1[static_cast<std::size_t>(one().placings[i].first)] =
-          static_cast<char>('0' + one().placings[i].second);
-    return board;
-  }
-  static std::vector<std::string> loglines() {
-    std::vector<std::string> lines;
-    for (const Said& line : one().log) lines.push_back(line.text());
-    return lines;
-  }
-  void expectdone() const {
-    EXPECT_EQ(theboard(), after);
-    expectmarks(after);
-    expectnopaint();
-    EXPECT_EQ(frmmain::txthint.text, one().hint.text());
-    EXPECT_EQ(frmmain::Text5.text, "");
-    EXPECT_TRUE(foundflag);
-    EXPECT_FALSE(nishioflag);
-    EXPECT_EQ(Frmlog::Text3.text, "");
-  }
-
-  Board before, after;
 };
 
-TEST_P(EachNishio, IsTheNextStepShowsItselfAndOnGoDeletes) {
-  player.script = {[&] {
-                     EXPECT_EQ(theboard(), before);
-                     EXPECT_TRUE(foundflag);
-                     EXPECT_FALSE(suppresschange);
-                   },
-                   go};
-  run();
-  ASSERT_EQ(player.frames.size(), 2u);
-  EXPECT_EQ(player.frames[0], shownframe());
-  expectdone();
-}
-
-TEST_P(EachNishio, AStopLeavesTheBoardWithoutColours) {
-  player.script = {stop};
-  run();
-  ASSERT_EQ(player.frames.size(), 1u);
-  EXPECT_EQ(theboard(), before);
-  expectmarks(before);
-  expectnopaint();
-  EXPECT_EQ(frmmain::txthint.text, one().hint.text());
-  EXPECT_TRUE(foundflag);
-}
-
-TEST_P(EachNishio, TwinLogsCountsAndDeletes) {
-  foundflag = false;
-  expecttwin(frmgenerazione::gradenishio, 21, loglines(), after);
-  EXPECT_FALSE(logflags(1));  // the board before the step
-  EXPECT_TRUE(nishioflag);
-}
-
-TEST_P(EachNishio, TwinInALongJobWritesAllItsLinesButCountsNoHeadline) {
-  expecttwininajob(frmgenerazione::gradenishio, 21, loglines());
-  EXPECT_EQ(theboard(), after);
-}
-
-TEST_P(EachNishio, ExplanationArguesAndItsGoCarriesTheStepOut) {
-  player.script = {help};
-  for (std::size_t k = 0; k < waits(); ++k)
-    player.script.push_back([this, k] {
-      EXPECT_EQ(theboard(), arguedboard(k)) << k;
-      for (std::size_t i = 0; i < std::min(k, one().placings.size()); ++i)
-        EXPECT_EQ(frmmain::Text1(one().placings[i].first).visible, k + 1 < waits()) << k << ' ' << i;
-      expectmarks(k + 1 < waits() ? before : after);
-      go();
-    });
-  run();
-  ASSERT_EQ(player.frames.size(), 1 + waits());
-  EXPECT_EQ(player.frames[0], shownframe());
-  for (std::size_t k = 0; k < waits(); ++k) EXPECT_EQ(player.frames[1 + k], arguedframe(k)) << k;
-  EXPECT_FALSE(frmactivity::visible);
-  expectdone();
-}
-
-TEST_P(EachNishio, ExplanationItselfDeletesAndLeavesAWhiteBoard) {
-  explained(waits(), {});
-  player.script.front() = [&] {
-    frmmain::Text1(77).back = magenta;
-    frmmain::candidate(781).back = orange;
-    help();
-    EXPECT_EQ(theboard(), after);
-    EXPECT_FALSE(frmactivity::visible);
-    expectnopaint();
-  };
-  run();
-  EXPECT_TRUE(player.script.empty());
-}
-
-// The board is put back as it stood when the explanation began; at the last wait the digit is gone already.
-TEST_P(EachNishio, AStopAtAnyWaitOfTheExplanationPutsTheBoardBack) {
-  for (std::size_t k = 0; k < waits(); ++k) {
-    drawagain();
-    clearcolours();
-    player.frames.clear();
-    explained(k, {stop});
-    run();
-    ASSERT_EQ(player.frames.size(), 2 + k);
-    EXPECT_EQ(theboard(), k + 1 < waits() ? before : after) << k;
-    Frame left = arguedframe(k);
-    left.Text2 = {};  // those of the step, which ends too
-    EXPECT_EQ(look(), left) << k;
-    for (const auto& [cell, digit] : one().placings) EXPECT_FALSE(frmmain::Text1(cell).visible) << k;
-    frmactivity::visible = false;
-  }
-}
-
 TEST_P(EachNishio, AnotherPuzzleOpenedAtAnyWaitOfTheExplanationIsNotTouched) {
-  const std::string puzzle = without(fullboard, {one().cell, one().placings.front().first, at(9, 9)});
+  const auto& [name, waits, cell, first, last] = GetParam();
+  const std::string puzzle = without(fullboard, {cell, first.cell, at(9, 9)});
   for (const bool opens : {true, false})
-    for (std::size_t k = 0; k <= waits(); ++k) {
-      drawagain();
-      player.frames.clear();
+    for (std::size_t k = 0; k <= waits; ++k) {
+      putcase(name);
       Board fresh;
       const Act another = [&] {
         if (opens)
@@ -486,11 +82,11 @@ TEST_P(EachNishio, AnotherPuzzleOpenedAtAnyWaitOfTheExplanationIsNotTouched) {
           player.event(mnunew_Click);
         fresh = theboard();
       };
-      if (k == waits())
+      if (k == waits)
         player.script = {another};  // without an explanation
       else
         explained(k, {another});
-      run();
+      player.event(frmmain::stepnishio);
       EXPECT_TRUE(player.script.empty());
       EXPECT_EQ(theboard(), fresh) << k;
       EXPECT_EQ(values(), opens ? puzzle : emptyboard) << k;
@@ -502,22 +98,20 @@ TEST_P(EachNishio, AnotherPuzzleOpenedAtAnyWaitOfTheExplanationIsNotTouched) {
 
 // Whenever it comes in: into the cell of a placing shown already, of one to come, and into another.
 TEST_P(EachNishio, ADigitEnteredDuringTheExplanationStays) {
-  const auto [shown, shownas] = one().placings.front();
-  const auto [tocome, tocomeas] = one().placings.back();
-  for (const auto& [cell, digit] :
-       {std::pair(shown, shownas % 9 + 1), std::pair(tocome, tocomeas % 9 + 1), std::pair(at(9, 9), 7)})
-    for (const Act& last : {go, stop}) {
-      drawagain();
-      const std::string text = std::to_string(digit);
-      explained(1, {[cell = cell, &text] {
+  const auto& [name, waits, victim, first, last] = GetParam();
+  for (const auto& [cell, digit] : {Placing{first.cell, first.digit % 9 + 1},
+                                    Placing{last.cell, last.digit % 9 + 1}, Placing{at(9, 9), 7}})
+    for (const Act& answer : {go, stop}) {
+      putcase(name);
+      std::string wanted = values();
+      wanted[static_cast<std::size_t>(cell)] = static_cast<char>('0' + digit);
+      explained(1, {[cell = cell, digit = digit] {
                   frmmain::Text1(cell).visible = true;
-                  writetext1(cell, text);
+                  writetext1(cell, std::to_string(digit));
                 }});
-      player.script.insert(player.script.end(), waits() - 3, go);
-      player.script.insert(player.script.end(), {last, go});
-      std::string wanted = before.values;
-      wanted[static_cast<std::size_t>(cell)] = text[0];
-      run();
+      player.script.insert(player.script.end(), waits - 3, go);
+      player.script.insert(player.script.end(), {answer, go});
+      player.event(frmmain::stepnishio);
       EXPECT_EQ(values(), wanted);
       EXPECT_EQ(boxtexts(), wanted);
       EXPECT_TRUE(frmmain::Text1(cell).visible);
@@ -526,58 +120,31 @@ TEST_P(EachNishio, ADigitEnteredDuringTheExplanationStays) {
 }
 
 TEST_P(EachNishio, WordsThatTheUserLeftInABoxAreGivenBack) {
-  const int cell = one().placings.front().first;
+  const int cell = GetParam().first.cell;
   frmmain::Text1(cell).text = "?";
   frmmain::Text1(cell).visible = true;
   explained(1, {[cell] { EXPECT_NE(frmmain::Text1(cell).text, "?"); }, stop});
-  run();
+  player.event(frmmain::stepnishio);
   EXPECT_EQ(frmmain::Text1(cell).text, "?");
   EXPECT_TRUE(frmmain::Text1(cell).visible);
 }
 
 TEST_P(EachNishio, WordsThatTheUserTypesDuringTheExplanationStay) {
-  const int cell = one().placings.front().first;
+  const int cell = GetParam().first.cell;
+  const std::string before = values();
   explained(1, {[cell] { writetext1(cell, "?"); }, stop});
-  run();
+  player.event(frmmain::stepnishio);
   EXPECT_EQ(frmmain::Text1(cell).text, "?");
   EXPECT_TRUE(frmmain::Text1(cell).visible);
-  EXPECT_EQ(values(), before.values);
+  EXPECT_EQ(values(), before);
 }
 
-// Nothing keeps a search out of a wait: saving grades.
-TEST_P(EachNishio, ASearchInBetweenDoesNotTouchTheTrialOnShow) {
-  const FoundNishio& other = one().name == "Blocklost" ? cellempty : blocklost;
-  const auto another = [&] {
-    draw(other.drawn);
-    frmgenerazione::gradenishio();
-    EXPECT_EQ(stepcell * 10 + stepdigit, other.cell * 10 + other.digit);
-    drawagain();
-    Frmlog::Text3.text = "";
-  };
-  for (const bool explains : {true, false}) {
-    drawagain();
-    player.frames.clear();
-    player.script = {another, go};
-    if (explains) {
-      player.script.push_front(help);
-      player.script.insert(player.script.end(), waits() - 1, go);
-    }
-    run();
-    EXPECT_TRUE(player.script.empty());
-    ASSERT_EQ(player.frames.size(), explains ? 2 + waits() : 2);
-    for (std::size_t k = 0; explains && k < waits(); ++k)
-      EXPECT_EQ(player.frames[2 + k], arguedframe(k)) << k;
-    expectdone();
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(Nishio, EachNishio,
-                         testing::Combine(testing::Values(&rowlost, &columnlost, &blocklost, &cellempty),
-                                          testing::Values(english, italian)),
-                         [](auto& p) {
-                           return std::get<0>(p.param)->name +
-                                  (std::get<1>(p.param) == english ? "English" : "Italian");
-                         });
+INSTANTIATE_TEST_SUITE_P(Nishio, EachNishio, testing::ValuesIn(arguments), [](auto& p) {
+  std::string name = p.param.name;
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return c == '/' || c == '-'; }, '_');
+  return name;
+});
 
 // ---- the search once more ---------------------------------------------------------------------------------
 
@@ -703,7 +270,7 @@ class LiteralNishio {
   std::string lines_;
 };
 
-class NishioSearch : public ChainBoards {
+class NishioSearch : public Program {
  protected:
   /// What the twin logs; the board is put back.
   static std::string found() {
@@ -787,17 +354,17 @@ TEST_F(NishioSearch, IsAsTheLiteralOneInLongTrials) {
     longer += literal.steps > 20;
   }
   EXPECT_GT(longer, 5);
-  for (const FoundNishio* example : {&rowlost, &columnlost, &blocklost, &cellempty}) {
-    draw(example->drawn);
+  for (const Argued& argued : arguments) {
+    putcase(argued.name);
     LiteralNishio literal;
-    expectasliteral(literal, example->name);
+    expectasliteral(literal, argued.name);
   }
 }
 
 constexpr int takenatonce = 11;
 
 TEST_F(NishioSearch, OnlyCandidatesThatTheSolutionMarksAsWrongAreTried) {
-  draw(rowlost.drawn);
+  putcase("nishio/digit-without-place-in-row");
   EXPECT_TRUE(found().starts_with("\r\nNISHIO CHAIN - If r8c2=5\r\n"));
   solutiontext(at(8, 2)) = "5";
   const std::string other = found();
@@ -837,7 +404,8 @@ TEST_F(NishioSearch, CellsWithTwoCandidatesComeFirstAndAShortTrialEndsTheSearch)
 }
 
 TEST_F(NishioSearch, EventsRunBehindEachBandOfCells) {
-  draw(cellempty.drawn);  // thirteen steps, so all bands run; up to six candidates: bands of 2 to 7
+  putcase("nishio/cell-without-candidate");  // thirteen steps, so all bands run; up to six candidates: bands
+                                             // of 2 to 7
   found();
   EXPECT_EQ(player.turns, 6);
   player.turns = 0;
@@ -897,7 +465,7 @@ TEST_F(NishioSearch, TheScratchSlotsOfCandmaskAreReadByNobody) {
     Frmlog::Text3.text.clear();
     SolveSudoku();
     logs.push_back(Frmlog::Text3.text);
-    draw(rowlost.drawn);
+    putcase("nishio/digit-without-place-in-row");
     for (int slot = 81; slot <= 107; ++slot) candmask(slot) = garbage;
     steps.push_back(hintof(player, mnuposition_Click));
     clearboard();
@@ -912,12 +480,12 @@ TEST_F(NishioSearch, TheScratchSlotsOfCandmaskAreReadByNobody) {
 
 TEST_F(NishioSearch, TheTwinSetsTheFlagAndTheStepLeavesIt) {
   for (const bool before : {false, true}) {
-    draw(rowlost.drawn);
+    putcase("nishio/digit-without-place-in-row");
     nishioflag = before;
     EXPECT_EQ(hintof(player, frmmain::stepnishio), "NISHIO CHAIN - If r8c2=5");
     EXPECT_EQ(nishioflag, before);
   }
-  draw(rowlost.drawn);
+  putcase("nishio/digit-without-place-in-row");
   nishioflag = false;
   frmgenerazione::gradenishio();
   EXPECT_TRUE(nishioflag);
@@ -928,7 +496,7 @@ TEST_F(NishioSearch, TheTwinSetsTheFlagAndTheStepLeavesIt) {
 }
 
 TEST_F(NishioSearch, ReplayBringsTheFlagBack) {
-  draw(rowlost.drawn);
+  putcase("nishio/digit-without-place-in-row");
   headline("before");
   frmgenerazione::gradenishio();
   headline("behind");
@@ -940,10 +508,10 @@ TEST_F(NishioSearch, ReplayBringsTheFlagBack) {
   }
 }
 
-// ---- what comes in between --------------------------------------------------------------------------------
+// ---- what comes in during the search ----------------------------------------------------------------------
 
 TEST_F(NishioSearch, AnotherPuzzleOpenedDuringTheSearchIsNotTouched) {
-  draw(cellempty.drawn);
+  putcase("nishio/cell-without-candidate");
   Board opened;
   bool once = true;
   player.onevents = [&] {
@@ -961,7 +529,7 @@ TEST_F(NishioSearch, AnotherPuzzleOpenedDuringTheSearchIsNotTouched) {
 
 // Two digits typed into one box: the fault is told, and the trial that met it leaves nothing behind.
 TEST_F(NishioSearch, AFaultInsideATrialLeavesTheBoardAsItWas) {
-  draw(rowlost.drawn);
+  putcase("nishio/digit-without-place-in-row");
   const Board healthy = theboard();
   player.event([] { writetext1(at(9, 9), "12"); });
   ASSERT_EQ(player.boxes.size(), 1u);
@@ -990,7 +558,7 @@ TEST_F(NishioSearch, AFaultInsideATrialLeavesTheBoardAsItWas) {
 TEST_F(NishioSearch, OddTextsInCellsAreNoTrouble) {
   for (const char* text : {"", "1", "x", "1x", "0", "00", "987", "66", "666666666666", "5555555555556",
                            "?!5678?!5678?!5678", "12345678912345678912", "è6"}) {
-    draw(rowlost.drawn);
+    putcase("nishio/digit-without-place-in-row");
     modificacandidati = true;
     writetext2(at(8, 8), "7");
     writetext2(at(8, 8), text);
