@@ -84,7 +84,7 @@ TEST_F(NodeQueue, LinkTablesHold41) {
 
 // ---- against the search told literally --------------------------------------------------------------------
 
-class AnyBoard : public ChainBoards {
+class AnyBoard : public Program {
  protected:
   /// Some digits of a full board are there. Of what else is possible in the other cells, some is.
   void putany(unsigned seed) {
