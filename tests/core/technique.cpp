@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "gradestate.h"
 #include "grid.h"
 #include "log.h"
 #include "step.h"
@@ -31,12 +30,6 @@ std::vector<int> less(const std::vector<int>& cells, const std::vector<int>& but
   for (int cell : cells)
     if (!among(but, cell)) left.push_back(cell);
   return left;
-}
-
-std::string asread(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += "\r\n" + line;
-  return text;
 }
 
 }  // namespace
@@ -99,17 +92,6 @@ std::vector<int> block(int number, const std::vector<int>& but) {
 
 // ---- what is to be seen and read --------------------------------------------------------------------------
 
-Paint painted(const Marks& marks, const std::string& colour, Paint besides) {
-  for (const auto& [cell, digits] : marks)
-    for (char digit : digits) besides[cell * 10 + digit - '0'] = colour;
-  return besides;
-}
-
-Paint boxes(const std::vector<int>& cells, const std::string& colour, Paint besides) {
-  for (int cell : cells) besides[cell] = colour;
-  return besides;
-}
-
 void expectnopaint() {
   const Frame now = look();
   EXPECT_EQ(now.Text1, Paint{});
@@ -120,10 +102,6 @@ void expectnopaint() {
 void expectmarks(const Board& board) {
   for (int cell = 0; cell < cellcount; ++cell)
     EXPECT_EQ(visiblemarks(cell), board.candstr[static_cast<std::size_t>(cell)]) << cell;
-}
-
-Said operator+(const Said& said, const Said& more) {
-  return {said.it + more.it, said.en + more.en};
 }
 
 std::string hintof(Player& player, void (*step)(), const Act& answer) {
@@ -137,41 +115,6 @@ std::string logged(void (*twin)()) {
   Frmlog::Text3.text.clear();
   twin();
   return Frmlog::Text3.text;
-}
-
-void expecttwin(void (*twin)(), int level, const std::vector<std::string>& lines, const Board& after) {
-  const Board before = theboard();
-  std::string digits = before.values, commas;
-  std::replace(digits.begin(), digits.end(), '.', '0');
-  for (int mask : before.candmask) commas += std::to_string(mask) + ",";
-  frmmain::txthint.text = frmmain::Text5.text = steptag = "as it was";
-  twin();
-  EXPECT_EQ(Frmlog::Text3.text, asread(lines));
-  EXPECT_EQ(logcount, static_cast<int>(lines.size()));
-  EXPECT_EQ(logvalues(1), digits);
-  EXPECT_EQ(logcands(1), commas);
-  EXPECT_EQ(logcands(2), "");
-  EXPECT_EQ(runninglevel, level);
-  for (int other = 1; other <= 21; ++other) EXPECT_EQ(levelcount(other), other == level ? 1 : 0) << other;
-  EXPECT_TRUE(foundflag);
-  EXPECT_EQ(theboard(), after);
-  EXPECT_EQ(frmmain::txthint.text, "as it was");
-  EXPECT_EQ(frmmain::Text5.text, "as it was");
-  EXPECT_EQ(steptag, "as it was");
-  expectmarks(before);
-  expectnopaint();
-}
-
-void expecttwininajob(void (*twin)(), int level, const std::vector<std::string>& lines) {
-  const Job job("genera");
-  runninglevel = 21;
-  twin();
-  EXPECT_EQ(Frmlog::Text3.text, asread(lines));
-  EXPECT_EQ(logcount, static_cast<int>(lines.size()) - 1);
-  EXPECT_EQ(logcands(0), "");
-  EXPECT_EQ(logcands(1), "");
-  EXPECT_EQ(runninglevel, 21);
-  EXPECT_EQ(levelcount(level), 1);
 }
 
 }  // namespace gradino::tests

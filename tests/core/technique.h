@@ -35,40 +35,15 @@ std::vector<int> block(int number, const std::vector<int>& but = {});
 
 // ---- what is to be seen and read --------------------------------------------------------------------------
 
-/// Pencil marks in a colour, and marks in others besides.
-Paint painted(const Marks& marks, const std::string& colour, Paint besides = {});
-/// Cell boxes in a colour.
-Paint boxes(const std::vector<int>& cells, const std::string& colour, Paint besides = {});
-
 /// All boxes are white.
 void expectnopaint();
 /// What is to be seen in the cells, candstr of the board that it belongs to.
 void expectmarks(const Board& board);
-
-/// A text in both languages.
-struct Said {
-  std::string it, en;
-  const std::string& text() const { return lingua == italian ? it : en; }
-};
-/// What comes behind in the same text.
-Said operator+(const Said& said, const Said& more);
 
 /// Runs a step and answers its first wait: the hint that stood there, or nothing if it found nothing.
 std::string hintof(Player& player, void (*step)(), const Act& answer = go);
 
 /// What a twin logs of the board as it stands.
 std::string logged(void (*twin)());
-
-/// Runs a twin. It logs these lines, the first of them a headline with a snapshot, counts each, counts one
-/// step of its level, leaves the board as told and touches no box.
-void expecttwin(void (*twin)(), int level, const std::vector<std::string>& lines, const Board& after);
-/// The same during a long job: the headline is written but neither counted nor kept with a snapshot.
-void expecttwininajob(void (*twin)(), int level, const std::vector<std::string>& lines);
-
-/// What stands at one wait of an explanation.
-struct Wait {
-  Said adds;             ///< to the text of the window
-  Paint candidate = {};  ///< all that is painted
-};
 
 }  // namespace gradino::tests
