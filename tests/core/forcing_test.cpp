@@ -530,7 +530,7 @@ TEST_F(ForcingSearch, ADigitEnteredDuringTheWaitStays) {
   EXPECT_EQ(candstr(at(8, 7)), "");
 }
 
-// The step writes its sentence into the log, without a board behind it.
+// The step writes its sentence into the log, without a snapshot of the board.
 TEST_F(ForcingSearch, InALongJobTheLineOfTheStepIsNotCounted) {
   const Job job("conta");
   putcase("forcingchain/two-paths");

@@ -160,7 +160,7 @@ TEST_F(LoopSearch, APairRunsOnceWhateverTheDigit) {
   EXPECT_EQ(loopfound(), "r8c1=6 r2c1=7 r3c1=6");
 }
 
-// ---- the start behind a Nishio step -----------------------------------------------------------------------
+// ---- the start after a Nishio step ------------------------------------------------------------------------
 
 class WidenedSearch : public LoopSearch {
  protected:

@@ -128,11 +128,11 @@ TEST_F(XYSearch, AHarderLevelStays) {
   EXPECT_EQ(levelcount(19), 1);
 }
 
-// What stands in the link tables is told, also a hypothesis that something is not so.
+// What stands in the link tables is argued, also a hypothesis that something is not so.
 class XYHypothesis : public Bilingual {};
 IN_BOTH_LANGUAGES(XYHypothesis);
 
-TEST_P(XYHypothesis, IsToldAsItStandsInTheLinkTables) {
+TEST_P(XYHypothesis, IsArguedAsItStandsInTheLinkTables) {
   put(emptyboard);
   steptag = "xychain";
   chainlength = 1;
