@@ -10,10 +10,10 @@
 namespace gradino::cli {
 namespace {
 
-/// How many slips lead from one word to the other: a letter too many, one that is missing, a wrong one, or
-/// two neighbours that changed places.
+/// The edit distance of two words: a letter too many, a missing or a wrong one, or two neighbours swapped
+/// count one each.
 std::size_t slips(const std::string& from, const std::string& to) {
-  std::array<std::vector<std::size_t>, 3> rows;  // of the last three beginnings of `from`
+  std::array<std::vector<std::size_t>, 3> rows;  // for the last three prefixes of `from`
   for (std::size_t i = 0; i <= from.size(); ++i) {
     std::vector<std::size_t>&row = rows[i % 3], &above = rows[(i + 2) % 3], &third = rows[(i + 1) % 3];
     row.assign(to.size() + 1, i);
@@ -37,7 +37,7 @@ std::vector<std::string> subcommandsof(const CLI::App& app) {
   return names;
 }
 
-/// The message where a subcommand is missing; empty: it is another fault.
+/// The message for a missing subcommand. Empty: the error is another one.
 std::string missing(const CLI::App& app) {
   const CLI::App* at = &app;
   while (!at->get_subcommands().empty()) at = at->get_subcommands().front();
@@ -52,7 +52,7 @@ std::string missing(const CLI::App& app) {
 
 }  // namespace
 
-// The beginning of one name is as good as the name, but half of the letters at most may be slips.
+// The prefix of a name counts as the name, but at most half of the letters may be wrong.
 std::string nearest(const std::string& word, const std::vector<std::string>& names) {
   const auto begun = [&](const std::string& name) { return name.starts_with(word); };
   if (std::ranges::count_if(names, begun) == 1) return *std::ranges::find_if(names, begun);

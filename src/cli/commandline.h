@@ -11,11 +11,11 @@ class ParseError;
 
 namespace gradino::cli {
 
-/// The name that was meant by a word, as far as its slips can tell; empty: none is near.
+/// The name that a misspelt word probably stands for. Empty: none is close enough.
 std::string nearest(const std::string& word, const std::vector<std::string>& names);
 
-/// Answers a parse that ended: with help or version where they were asked for, else with what is wrong, on
-/// standard error. Returns the exit status.
+/// Answers a parse that ended early: help or version on request, else the error, on standard error. Returns
+/// the exit status.
 int answer(const CLI::App& app, const CLI::ParseError& error);
 
 }  // namespace gradino::cli

@@ -27,7 +27,7 @@ struct ConvertOptions {
   bool force = false, keepgoing = false;
 };
 
-/// The window's own drawing, made of what stands in its boxes.
+/// The window's own drawing of its boxes.
 std::string drawn(const std::string& cells_) {
   for (int cell = 0; cell < cellcount; ++cell) {
     const char symbol = cells_[static_cast<std::size_t>(cell)];
@@ -60,7 +60,7 @@ fs::path nameof(const std::string& file, const ConvertOptions& options, std::siz
   return fs::path(options.folder) / (name + "." + options.form);
 }
 
-/// The files of one run. A name that two of its puzzles come to isn't written over even by force.
+/// The files of one run. A name that two of its puzzles share isn't overwritten, not even with --force.
 class Output {
  public:
   explicit Output(bool force) : force_(force) {}

@@ -1,4 +1,4 @@
-// From what puzzles are exchanged in to files that the window opens as they are.
+// From the common puzzle formats to files that the window opens.
 #pragma once
 
 #include <functional>
@@ -14,11 +14,11 @@ class App;
 
 namespace gradino::cli {
 
-/// What a file of the form (sav, lgc, sdm, ss or sdk) holds for the puzzles: one, for sdm any number. The
-/// window's scanner reads the first puzzle back as it is.
+/// The content of a file of the format sav, lgc, sdm, ss or sdk for these puzzles: one, for sdm any number.
+/// The window's scanner reads the first puzzle back as it is.
 std::string written(const std::vector<formats::Puzzle>& puzzles, std::string_view form);
 
-/// Adds the sub-command `convert`. It runs by the function; false: a file wasn't read or written.
+/// Adds the sub-command `convert`. The returned function runs it; false: a file couldn't be read or written.
 std::function<bool()> addconvert(CLI::App& app);
 
 }  // namespace gradino::cli

@@ -18,7 +18,7 @@ namespace {
 constexpr Words notread = {"{file}: impossibile leggere: {why}", "{file}: can't be read: {why}"};
 constexpr Words linesread = {"linee lette", "lines read"};
 
-/// All of it; none: it can't be read, and errno is why.
+/// The whole file. None: it can't be read, and errno says why.
 std::optional<std::string> bytesof(const std::string& name) {
   using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
   constexpr auto leave = [](std::FILE*) { return 0; };
@@ -39,7 +39,7 @@ std::optional<std::string> bytesof(const std::string& name) {
 
 }  // namespace
 
-std::string told(const std::string& name, const formats::Unreadable& error) {
+std::string withfile(const std::string& name, const formats::Unreadable& error) {
   return fmt::format("{}:{}: {}", name, error.line, lingua == italian ? error.italian : error.what());
 }
 
@@ -57,7 +57,7 @@ bool eachpuzzlefile(const std::vector<std::string>& files, const UsePuzzles& use
       good = false;
       return;
     }
-    const auto tell = [&](const formats::Unreadable& error) { complain(told(name, error)); };
+    const auto tell = [&](const formats::Unreadable& error) { complain(withfile(name, error)); };
     const auto refuse = [&](const formats::Unreadable& error) {
       tell(error);
       good = false;

@@ -42,7 +42,7 @@ std::string generate(std::size_t number, const Options& options) {
   host.random = seededrandom(options.seed, static_cast<std::uint32_t>(number));
   frmmain::Check1.ticked = options.supersymmetric;
   session.fault.reset();
-  dettaglio.clear();  // a puzzle beyond the techniques leaves no report, and is not to show an earlier one's
+  dettaglio.clear();  // a puzzle beyond the techniques makes no report, and must not show an earlier one's
   difficolta = 0;
   runguarded(session, [] {
     comandocorrente = generatecommand;

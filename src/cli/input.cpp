@@ -22,7 +22,7 @@ constexpr std::size_t cellcount = 81;
 
 using UsePuzzle = std::function<void(const std::string&)>;
 
-/// Those of the line, which is none of a puzzle when it has none.
+/// The symbols of the line. Empty: it is no line of a puzzle.
 std::string symbols(const std::string& line) {
   std::string puzzle;
   if (line.starts_with('#')) return puzzle;
@@ -36,12 +36,12 @@ std::string symbols(const std::string& line) {
   return puzzle;
 }
 
-/// One file on its way in.
+/// The reading of one file.
 class Reading {
  public:
   Reading(const std::string& name, const UsePuzzle& use) : name_(name), use_(use) {}
 
-  /// False: something wasn't read.
+  /// False: something couldn't be read.
   bool all(std::istream& in) {
     long number = 0;
     std::string line;
@@ -57,8 +57,9 @@ class Reading {
   }
 
  private:
-  /// Takes a line as long as it is open what the file holds. A line of 81 symbols tells that it holds lines
-  /// of puzzles, but where it is a part of something structured, which may as well stand in a single line.
+  /// Takes a line while the format of the file is still unknown. A line of 81 symbols means a file with a
+  /// puzzle on each line, unless it is part of a structured format, which may be written on a single line
+  /// too.
   void gather(const std::string& line, std::istream& in) {
     text_.append(line).append("\n");
     const std::size_t count = symbols(line).size();
@@ -88,18 +89,18 @@ class Reading {
     }
   }
 
-  /// The file has ended, and may be of any form.
+  /// The file has ended and may have any format.
   void readforms() {
     if (!whole_ && short_ == 0) return;
     std::vector<formats::Puzzle> puzzles;
     try {
       formats::Listener listener;
-      listener.leftout = [&](const formats::Unreadable& part) { complain(told(name_, part)); };
+      listener.leftout = [&](const formats::Unreadable& part) { complain(withfile(name_, part)); };
       puzzles = formats::readpuzzles(text_, listener);
     } catch (const formats::Unreadable& error) {
-      // One short line is a puzzle with a slip rather than another form.
+      // A single short line is a puzzle with a mistake rather than another format.
       if (whole_ || short_ == 1) return gatheredaslines();
-      return refuse(told(name_, error));
+      return refuse(withfile(name_, error));
     }
     for (const formats::Puzzle& puzzle : puzzles) use_(puzzle.cells);
   }
@@ -111,8 +112,8 @@ class Reading {
 
   const std::string& name_;
   const UsePuzzle& use_;
-  std::string text_;  ///< what was gathered
-  long short_ = 0;    ///< lines in it with fewer than 81 symbols
+  std::string text_;  ///< the text collected so far
+  long short_ = 0;    ///< its lines with fewer than 81 symbols
   bool whole_ = false, structured_ = false, open_ = true, good_ = true;
 };
 

@@ -8,22 +8,22 @@
 
 namespace gradino::cli {
 
-/// Hands over each file ("-" or none: standard input) as a stream, with the name that messages give it.
-/// False: one couldn't be read, which standard error was told.
+/// Hands over each file ("-" or none: standard input) as a stream, with its name for messages. False: one
+/// couldn't be read, as standard error says.
 bool eachfile(const std::vector<std::string>& files,
               const std::function<void(const std::string& file, std::istream& in)>& use);
 
-/// True when what is read is typed in on a terminal meanwhile.
+/// True when the input is typed on a terminal.
 bool istyped(const std::vector<std::string>& files);
 
 /// Hands over each puzzle: 81 of the symbols 1-9 and "." for an empty cell.
 ///
-/// A file is read line by line, each as it comes. The symbols 1-9 . 0 x X are taken of it, the first 81 of
-/// them; a line without any, or that starts with #, is skipped. When the first line of symbols is short of
-/// 81, the file may be of another form: then it is read as a whole as the strict readers do.
+/// A file is read line by line, each as it arrives. Of a line the first 81 of the symbols 1-9 . 0 x X count;
+/// a line without any, or one that starts with #, is skipped. When the first line with symbols has fewer than
+/// 81, the file may have another format: then it is read as a whole by the strict readers.
 ///
-/// False: a line had fewer symbols, a file was of no form, or it couldn't be read. Standard error was told,
-/// and the others went on.
+/// False: a line had fewer symbols, a file had no known format or couldn't be read. Standard error says so,
+/// and the others were read.
 bool eachpuzzle(const std::vector<std::string>& files,
                 const std::function<void(const std::string& puzzle)>& use);
 

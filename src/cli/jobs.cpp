@@ -29,7 +29,7 @@ struct Worker {
   File results;
 };
 
-// A result on its way: its length in 8 bytes, then its text.
+// A result in the pipe: its length in 8 bytes, then its text.
 void sendresult(std::FILE* to, const std::string& text) {
   const std::uint64_t length = text.size();
   std::fwrite(&length, sizeof length, 1, to);
@@ -80,7 +80,8 @@ bool eachinorder(std::size_t count, int jobs, const NumberedWork& work,
     else
       complain(say(workerended, hole("number", i + 1)));
   }
-  for (Worker& worker : workers) worker.results.reset();  // all of them first: a worker may still be writing
+  for (Worker& worker : workers)
+    worker.results.reset();  // all pipes are closed first: a worker may still be writing
   for (const Worker& worker : workers) {
     int status = 0;
     waitpid(worker.process, &status, 0);

@@ -1,4 +1,4 @@
-// Both cores are used by processes.
+// Several cores are used by several processes.
 #pragma once
 
 #include <cstddef>
@@ -10,12 +10,12 @@ namespace gradino::cli {
 
 using NumberedWork = std::function<std::string(std::size_t number)>;
 
-/// Hands over work(number) for each number from 0 to below `count`, in their order, done by `jobs` worker
-/// processes. False: a worker ended before its work, which standard error was told.
+/// Hands over work(number) for each number from 0 up to `count`, exclusive, in order; the work is done by
+/// `jobs` processes. False: a worker ended too early, as standard error says.
 bool eachinorder(std::size_t count, int jobs, const NumberedWork& work,
                  const std::function<void(const std::string& result)>& use);
 
-/// Prints the results so; a line of progress says that so many are `what`.
+/// Prints the results in order; the progress line says how many are `what`.
 bool printinorder(std::size_t count, int jobs, std::string_view what, const NumberedWork& work);
 
 }  // namespace gradino::cli

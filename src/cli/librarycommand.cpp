@@ -85,7 +85,7 @@ fs::path programfolder() {
   return fs::read_symlink("/proc/self/exe", error).parent_path();
 }
 
-/// The one named, or the program's own when the name is empty: what was to be done there is told.
+/// The named library, or the program's own if the name is empty, with a message on what had to be done to it.
 LibraryPlace placeof(const std::string& name) {
   if (!name.empty()) return {name, false, {}};
   LibraryPlace place = libraryplace(programfolder());
@@ -241,7 +241,7 @@ bool check(const LibraryOptions& options) {
     progress.step();
     if (found.empty()) return;
     wrong += 1;
-    // What has not one solution has it under no other grade.
+    // Without exactly one solution, no stored grade is right.
     if (!ispuzzle(record.row[field::stringa]) || numerosoluzioni != 1) beyondrepair += 1;
     progress.end();
     fmt::print("{}\n", sayrow(wrongrow, record, fmt::format("{}", fmt::join(found, "; "))));
@@ -256,9 +256,9 @@ bool check(const LibraryOptions& options) {
   return wrong == 0 || (options.fix && beyondrepair == 0);
 }
 
-// Bringing in.
+// Import.
 
-/// What two rows of the same puzzle have in common. A row without a puzzle is only the same as itself.
+/// The key by which two rows have the same puzzle. A row without a puzzle equals only itself.
 std::string identity(const LibraryRow& row) {
   const std::string& stringa = row[field::stringa];
   return ispuzzle(stringa) ? stringa.substr(0, cellcount)
@@ -286,7 +286,7 @@ BroughtIn bringin(const std::vector<LibraryRow>& rows, bool all, Store& store) {
 }
 
 bool import(const LibraryOptions& options) {
-  std::vector<LibraryRow> rows;  // all of them before a store is opened: a bad file leaves none behind
+  std::vector<LibraryRow> rows;  // read in full before a store is opened: a bad file must not make one
   Progress progress(inlanguage(readdone));
   const auto take = [&](const LibraryRow& row) {
     rows.push_back(row);
@@ -311,11 +311,11 @@ bool import(const LibraryOptions& options) {
   return true;
 }
 
-/// The continuous generator with a clock that runs out when enough puzzles are stored.
+/// The continuous generator, with a clock that jumps to its time limit once enough puzzles are stored.
 bool fill(const LibraryOptions& options) {
   if (!options.count) throw std::runtime_error(std::string(inlanguage(howmany)));
   if (isjetfile(options.file))
-    Store(options.file, true);  // says what it is: only its own place is brought over
+    Store(options.file, true);  // refuses an old library: only the one in its own place is converted
   Session session;
   startsession(session, options.language);
   host.message = [](const std::string& text) { complain(text); };
@@ -329,7 +329,7 @@ bool fill(const LibraryOptions& options) {
   Progress progress(inlanguage(storeddone), static_cast<std::size_t>(*options.count));
   const auto store = Data1.addnew;
   Data1.addnew = [&, begun = false]() mutable {
-    // What a window's boxes begin with, or another record has left in them, is none of these puzzles'.
+    // The initial texts of the boxes, or those left by another record, belong to none of these puzzles.
     if (!options.supersymmetric) frmmain::txtsuper.text.clear();
     frmmain::tempo.text.clear();
     store();
@@ -339,7 +339,7 @@ bool fill(const LibraryOptions& options) {
     }
     begun = true;
   };
-  // Read first at the run's start, later behind each puzzle that was accepted and before it is stored.
+  // Read first when the run starts, then after each accepted puzzle, before it is stored.
   host.clock = [&, started = false]() mutable {
     return std::exchange(started, true) && stored + 1 >= *options.count ? 25001.0 : 0.0;
   };

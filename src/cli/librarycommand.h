@@ -13,12 +13,12 @@ class App;
 
 namespace gradino::cli {
 
-/// Adds the sub-command `library` with its own. The one that was chosen runs by the function: false: there
-/// was something to complain about, which standard output or error was told.
+/// Adds the sub-command `library` with its own. The returned function runs the chosen one; false: there was
+/// something to complain about, on standard output or error.
 std::function<bool()> addlibrary(CLI::App& app);
 
-/// The library to look into: the one named, or the program's own when the name is empty. Throws what tells
-/// that there is none, or that it can't be read.
+/// The library to read: the one named, or the program's own when the name is empty. Throws when there is none
+/// or it can't be read.
 Store existinglibrary(const std::string& name);
 
 /// The query of a level, hardest first, or of the whole library.

@@ -39,14 +39,14 @@ std::string quoted(const std::string& text) {
   return out + "\"";
 }
 
-/// The place of a field among the fields; nothing for another name.
+/// The index of the field of this name, if there is one.
 std::optional<std::size_t> fieldnamed(std::string_view name) {
   const auto* found = std::find(libraryfields.begin(), libraryfields.end(), name);
   if (found == libraryfields.end()) return std::nullopt;
   return static_cast<std::size_t>(found - libraryfields.begin());
 }
 
-/// A field under no known name would be lost, and without a puzzle's field it is a line of something else.
+/// A field of unknown name would be lost, and without the field of the puzzle the line is something else.
 std::optional<LibraryRow> rowfromjson(const std::string& line) {
   const Json object = Json::parse(line, nullptr, false);
   if (!object.is_object() || !object.contains(libraryfields[field::stringa])) return std::nullopt;
@@ -59,12 +59,12 @@ std::optional<LibraryRow> rowfromjson(const std::string& line) {
   return row;
 }
 
-/// Takes the lines of a text one by one. An endless quote makes the last record a bad one.
+/// Takes the lines of a text one by one. An unclosed quote makes the last record a bad one.
 class Lines {
  public:
   explicit Lines(std::string_view text) : text_(text) {}
   bool more() const { return at_ < text_.size(); }
-  long number() const { return number_; }  ///< of the line that comes next
+  long number() const { return number_; }  ///< of the next line
 
   std::string line() {
     const std::size_t begin = at_, end = std::min(text_.find('\n', begin), text_.size());
@@ -75,7 +75,7 @@ class Lines {
     return line;
   }
 
-  /// The cells of a line; line breaks may stand within quotes.
+  /// The cells of a line; quoted ones may contain line breaks.
   std::optional<std::vector<std::string>> record() {
     std::vector<std::string> cells(1);
     bool inquotes = false;
@@ -108,7 +108,7 @@ class Lines {
   long number_ = 1;
 };
 
-/// The fields that the heading names; nothing when it is no heading.
+/// The fields that the heading names. None: it isn't a heading.
 std::optional<std::vector<std::size_t>> headingin(Lines& lines) {
   const auto names = lines.record();
   if (!names) return std::nullopt;
@@ -131,7 +131,7 @@ std::optional<LibraryRow> rowfromcsv(Lines& lines, const std::vector<std::size_t
   return row;
 }
 
-/// What a spreadsheet may have put ahead of the text is passed over.
+/// Skips the byte order mark that a spreadsheet may have written before the text.
 std::string_view withoutmark(std::string_view text) {
   constexpr std::string_view mark = "\xef\xbb\xbf";
   return text.starts_with(mark) ? text.substr(mark.size()) : text;

@@ -37,7 +37,7 @@ constexpr Words noboards = {
 
 using Work = std::string (*)(const std::string& puzzle, const Options& options);
 
-/// One worker: each puzzle is done as it is read. More: all are read first.
+/// With one worker each puzzle is done as soon as it is read; with more, all are read first.
 bool batch(const std::vector<std::string>& files, int jobs, const Words& done, Work work,
            const Options& options) {
   if (jobs == 1) {
@@ -54,7 +54,7 @@ bool batch(const std::vector<std::string>& files, int jobs, const Words& done, W
          read;
 }
 
-/// Puzzles made in place of read, each by its number.
+/// New puzzles, each made by its number.
 bool make(std::size_t count, int jobs, const Options& options) {
   if (!options.json) fmt::print("{}", generateheading());
   if (jobs > 1)
@@ -73,7 +73,7 @@ class Boards {
   Boards(const std::string& file, const Options& options, Progress& progress)
       : file_(file), options_(options), progress_(progress) {}
 
-  /// False: there was a line that is no board. Where none is, one line says so for all of them.
+  /// False: some line is no board. If none of the lines is a board, one message says so for all.
   bool all(std::istream& in) {
     std::string line;
     for (long number = 1; std::getline(in, line); ++number)
@@ -102,7 +102,7 @@ class Boards {
     progress_.step();
   }
 
-  /// There are boards here, so that each line that is none is worth telling.
+  /// The file does hold boards, so each line that is none is worth a message.
   void tellnone() {
     for (const auto& [number, what] : none_) refuse(number, what);
     none_.clear();
@@ -160,7 +160,7 @@ int main(int argc, char** argv) try {
   CLI::App* gradecommand = json(sub("grade", "Level, score and log of each puzzle"));
   addjobs(gradecommand);
   gradecommand->add_flag("--snapshots", options.snapshots,
-                         "With the board behind each line of the log (JSON)");
+                         "With the board after each line of the log (JSON)");
   CLI::App* countcommand = json(sub("count", "The number of solutions, up to 500"));
   CLI::App* walkcommand = json(sub("walk", "Each step that the hint shows, to the end"));
   walkcommand->add_flag("--explain", options.explain, "With the explanation of each step");

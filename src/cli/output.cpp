@@ -34,7 +34,7 @@ int writeto(const fs::path& name, std::ios::openmode mode, std::string_view byte
 
 }  // namespace
 
-// The new content is written beside the file first, and takes its place when it is whole.
+// The new content is first written to a file beside this one, which replaces it when it is complete.
 void replacefile(const std::string& name, std::string_view bytes) {
   std::error_code error;
   const fs::file_status there = fs::status(name, error);

@@ -6,8 +6,8 @@
 
 namespace gradino::cli {
 
-/// Makes the bytes the file's content. Throws std::runtime_error, which names the file and says why it can't
-/// be written; then the file is as it was before, or isn't there.
+/// Replaces the content of the file. Throws std::runtime_error with the name of the file and the reason why
+/// it can't be written; then the file is unchanged, or doesn't exist.
 void replacefile(const std::string& name, std::string_view bytes);
 
 }  // namespace gradino::cli

@@ -45,7 +45,7 @@ class Pages {
     cairo_pdf_surface_set_metadata(surface_.get(), CAIRO_PDF_METADATA_CREATOR, "Gradino");
   }
 
-  /// Ends the page under its number.
+  /// Ends the page with its number at the foot.
   void endpage() {
     text(std::to_string(++page_), options_.width / 2, options_.height - foot, smallsize, 0.5, grey);
     cairo_show_page(cairo_.get());
@@ -60,7 +60,7 @@ class Pages {
     return pdf_;
   }
 
-  /// align: the part of the text's width that lies left of x.
+  /// align: the fraction of the width of the text that is left of x.
   void text(const std::string& words, double x, double baseline, double size, double align = 0,
             double ink = 0, bool bold = false) {
     const cairo_text_extents_t extents = extentsof(words, size, bold);
@@ -69,7 +69,7 @@ class Pages {
     cairo_show_text(cairo_.get(), words.c_str());
   }
 
-  /// The size up to `size` at which the words are no wider than `most`.
+  /// The largest font size up to `size` at which the words are at most `most` wide.
   double fitting(const std::string& words, double size, double most) {
     const double width = extentsof(words, size, false).x_advance;
     return width <= most ? size : size * most / width;
@@ -96,7 +96,7 @@ class Pages {
   }
 
  private:
-  /// Of the words in the font that is the one in force from here on.
+  /// The width of the words; sets the font that is used from here on.
   cairo_text_extents_t extentsof(const std::string& words, double size, bool bold) {
     cairo_select_font_face(cairo_.get(), family, CAIRO_FONT_SLANT_NORMAL,
                            bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
@@ -121,7 +121,7 @@ class Pages {
   int page_ = 0;
 };
 
-/// The place of the k-th of columns * rows fields of a page, below `top`.
+/// The k-th of columns * rows areas of a page below `top`.
 Rectangle field(const PageOptions& options, int k, int columns, int rows, double top) {
   const double width = (options.width - 2 * margin - (columns - 1) * gap) / columns;
   const double height = (options.height - top - margin - foot / 2 - (rows - 1) * gap) / rows;

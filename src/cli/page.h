@@ -7,10 +7,10 @@
 
 namespace gradino::cli {
 
-/// What a puzzle is: one with a single solution, or what has no grade that says anything.
+/// Whether a puzzle has a single solution, or why its grade means nothing.
 enum class Standing { single, several, none, full };
 
-/// What is drawn for one puzzle.
+/// A puzzle to be drawn.
 struct Printed {
   std::string puzzle, solution;    ///< 81 symbols each; solution empty: there isn't one
   int level = 0, difficulty = -1;  ///< difficulty -1: the techniques don't solve it
@@ -23,10 +23,10 @@ struct PageOptions {
   bool solutions = false;                   ///< on pages of their own at the end
 };
 
-/// What the puzzle is in place of a grade, in the language in force; empty: it has a single solution.
+/// The words that replace the grade, in the language in force. Empty: the puzzle has a single solution.
 std::string_view ingradesplace(Standing standing);
 
-/// Throws std::runtime_error when the file can't be written; it is as it was then. The words are in the
+/// Throws std::runtime_error when the file can't be written; then it is unchanged. The words are in the
 /// language in force.
 void drawpages(const std::string& file, const std::vector<Printed>& puzzles, const PageOptions& options);
 

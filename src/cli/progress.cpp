@@ -16,7 +16,7 @@ constexpr Words oftotal = {"{what} {done} di {total} ({percent} %)",
                            "{what} {done} of {total} ({percent} %)"};
 constexpr std::chrono::milliseconds firstshown = 1s, between = 200ms;
 
-Progress* onscreen = nullptr;  ///< whose line stands on the terminal
+Progress* onscreen = nullptr;  ///< whose line is on the terminal
 
 }  // namespace
 

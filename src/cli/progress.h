@@ -1,5 +1,5 @@
-// Long work shows that it goes on: a line on standard error, on a terminal only. So what is told there
-// meanwhile has to make room first.
+// The progress of long work: a line on standard error, only if that is a terminal. Other messages have to
+// clear it first.
 #pragma once
 
 #include <chrono>
@@ -11,14 +11,14 @@ namespace gradino::cli {
 
 class Progress {
  public:
-  /// total 0: it isn't known. wanted false: nothing is shown.
+  /// total 0: unknown. wanted false: nothing is shown.
   explicit Progress(std::string_view what, std::size_t total = 0, bool wanted = true);
   ~Progress();
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
   void step();
-  /// Takes the line away; the next step brings it back.
+  /// Clears the line; the next step shows it again.
   void end();
 
  private:
@@ -28,11 +28,11 @@ class Progress {
   std::chrono::steady_clock::time_point next_;
 };
 
-/// Tells standard error a line of its own: progress that is shown there gives way, and comes back behind it.
+/// Prints a line on standard error. A progress line there is cleared first, and comes back after it.
 void complain(std::string_view line);
 
-/// Prints a result. Where it is seen as it comes, progress on the same terminal gives way to it, and comes
-/// back below it.
+/// Prints a result. If it goes to the same terminal as a progress line, that is cleared first, and comes back
+/// below it.
 void printrow(std::string_view text);
 
 }  // namespace gradino::cli

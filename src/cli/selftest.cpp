@@ -27,7 +27,7 @@ struct Tally {
   long steps = 0, placed = 0, deleted = 0, wrong = 0;
 };
 
-// What one puzzle gives, as a worker sends it: [[walk or grade, technique, steps, placed, deleted, wrong],
+// The result of one puzzle as a worker sends it: [[walk or grade, technique, steps, placed, deleted, wrong],
 // ...] and the contradictions as text.
 Json result(bool checked) {
   return {{"checked", checked}, {"tallies", Json::array()}, {"wrong", ""}};
@@ -117,7 +117,7 @@ bool report(const std::vector<std::string>& puzzles, int jobs,
   });
   progress.end();
   summary.print();
-  // Who checks nothing by mistake is not to take it for a pass.
+  // A run that by mistake checks nothing must not pass.
   const bool nothing = done && summary.puzzles == summary.unchecked;
   if (nothing) complain("no puzzle was checked");
   return done && !nothing && summary.wrong == 0;

@@ -18,7 +18,7 @@ struct Session {
   std::optional<std::string> fault;  ///< the report of a run-time fault
 };
 
-/// The language, "en" or "it", of messages until a session starts, which goes on in its own.
+/// Sets the language, "en" or "it", of messages until a session starts in its own.
 void speak(const std::string& language);
 
 /// A freshly started program in a language, "en" or "it"; its message boxes go to session.boxes.
@@ -27,16 +27,16 @@ void startsession(Session& session, const std::string& language);
 /// Runs an event; a fault ends it and is kept in session.fault.
 void runguarded(Session& session, const std::function<void()>& event);
 
-/// Puts a puzzle (81 symbols) up as opening a file does with what its scanner read, up to and with the count.
+/// Puts a puzzle (81 symbols) on the board and counts its solutions, as opening a file does after reading it.
 void putup(const std::string& puzzle);
 
-/// Puts a puzzle up and shows it, as opening a file does, but without the grade.
+/// Puts a puzzle on the board and shows it, as opening a file does, but without grading it.
 void putonshow(const std::string& puzzle);
 
 /// A text of a box, split at its line breaks.
 std::vector<std::string> linesof(const std::string& text);
 
-// The board as JSON speaks of it.
+// The board as JSON.
 std::string valuestext();  ///< 81 digits of cellvalue
 Json candsjson();          ///< 81 masks
 Json countersjson();       ///< levelcount 1 to 21

@@ -52,7 +52,7 @@ struct SheetOptions {
   PageOptions page;
 };
 
-/// Behind a count.
+/// After a count.
 Standing standing(const std::string& puzzle) {
   if (puzzle.find('.') == std::string::npos) return Standing::full;
   if (numerosoluzioni == 1) return Standing::single;
@@ -77,7 +77,7 @@ Printed graded(const std::string& puzzle, const std::string& language) {
   return printed;
 }
 
-/// A puzzle takes its place on the sheet. One that has no grade is told with where it comes from.
+/// Adds a puzzle to the sheet. One without a grade is reported with its origin.
 void add(std::vector<Printed>& puzzles, const Printed& printed, const std::string& from) {
   puzzles.push_back(printed);
   if (printed.standing == Standing::single) return;
@@ -97,12 +97,12 @@ std::pair<int, int> levelandcount(const std::string& text, int count) {
   return {level, count};
 }
 
-/// What stands in a row can be any number, and none.
+/// A row can hold any number, or none.
 int difficultyin(const std::string& text) {
   return static_cast<int>(std::clamp(std::strtol(text.c_str(), nullptr, 10), 0L, long{INT_MAX}));
 }
 
-/// All of them before one is graded: the store is not held up meanwhile.
+/// All are read before the first is graded, so that the store is not locked meanwhile.
 std::vector<Store::Record> hardest(Store& store, int level, int count) {
   std::vector<Store::Record> records;
   store.each(

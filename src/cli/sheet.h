@@ -9,7 +9,8 @@ class App;
 
 namespace gradino::cli {
 
-/// Adds the sub-command `sheet`. It runs by the function; false: a file wasn't read, and the sheet lacks it.
+/// Adds the sub-command `sheet`. The returned function runs it; false: a file couldn't be read, and the sheet
+/// lacks its puzzles.
 std::function<bool()> addsheet(CLI::App& app);
 
 }  // namespace gradino::cli

@@ -26,9 +26,9 @@
 namespace gradino::cli {
 namespace {
 
-constexpr int idlelimit = 3;  ///< so many calls in a row that changed nothing end a walk
+constexpr int idlelimit = 3;  ///< a walk ends after this many calls in a row that changed nothing
 
-/// The board of one moment, and the solution that it must lead to.
+/// The board at one moment, and the solution that it must lead to.
 struct Moment {
   std::array<int, cellcount> values, masks;
   std::array<int, 22> counts;
@@ -45,7 +45,7 @@ Moment now() {
   return moment;
 }
 
-/// The solution as the counter found it, kept apart from the table that the techniques can read.
+/// The solution found by the counter, kept apart from the table that the techniques can read.
 std::array<int, cellcount> solutionnow() {
   std::array<int, cellcount> solution{};
   for (int cell = 0; cell < cellcount; ++cell)
@@ -57,7 +57,7 @@ class Watch {
  public:
   explicit Watch(const OnStep& use) : use_(use), solution_(solutionnow()), before_(now()) {}
 
-  /// Hands over what changed since the last look; false: nothing did.
+  /// Hands over what changed since the last look. False: nothing did.
   bool look(const std::function<std::string(const Moment& before)>& technique,
             const std::function<std::string()>& words) {
     const Moment after = now();
@@ -96,7 +96,7 @@ class Watch {
   Moment before_;
 };
 
-/// By the level whose counter rose; level 0 has none, and the highest is of two techniques.
+/// By the level whose counter rose. Level 0 has no counter, and the highest level belongs to two techniques.
 std::string gradertechnique(const Moment& before) {
   for (int level = 21; level >= 1; --level)
     if (levelcount(level) != before.counts[static_cast<std::size_t>(level)])
@@ -135,7 +135,7 @@ void checkgrade(const std::string& puzzle, const OnStep& use) {
   setup(session, puzzle);
   Watch watch(use);
   const auto look = [&] { watch.look(gradertechnique, lastlogline); };
-  host.runevents = look;                       // called ahead of each step
+  host.runevents = look;                       // called before each step
   runguarded(session, [] { SolveSudoku(); });  // a full table ends the grade, not its soundness
   look();
 }

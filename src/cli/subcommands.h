@@ -26,21 +26,21 @@ std::string gradeheading();
 std::string count(const std::string& puzzle, const Options& options);
 std::string countheading();
 
-/// Makes the puzzle of a number from 0: the same for the same seed, whoever made others before.
+/// Makes the puzzle with this number, counted from 0. It depends on seed and number alone.
 std::string generate(std::size_t number, const Options& options);
 std::string generateheading();
 
 /// Lets the step solver walk the puzzle, each wait answered go.
 std::string walk(const std::string& puzzle, const Options& options);
 
-/// A line that is no object of a board.
+/// A line that is not a JSON object.
 struct NoObject : std::invalid_argument {
   using std::invalid_argument::invalid_argument;
 };
 
-/// What each technique alone does on the board that a JSON line tells:
-/// {"values": 81 digits, "cands": "m0,m1,...", "solution": 81 digits, "nishio": bool}.
-/// Throws std::invalid_argument with what is wrong with the line; NoObject where it isn't an object.
+/// What each technique alone does on the board of a JSON line: {"values": 81 digits, "cands": "m0,m1,...",
+/// "solution": 81 digits, "nishio": bool}. Throws std::invalid_argument with what is wrong with the line,
+/// NoObject if it isn't an object.
 std::string techniques(const std::string& line, const Options& options);
 
 }  // namespace gradino::cli

@@ -22,7 +22,7 @@ constexpr Words notmasks = {"cands: non sono 81 maschere", "cands: not 81 masks"
 constexpr Words notobject = {"non è un oggetto con values, cands, solution e nishio",
                              "not an object with values, cands, solution and nishio"};
 
-/// A board as the input tells it.
+/// A board of the input.
 struct Position {
   std::string values, solution;
   std::array<int, 81> masks;
@@ -49,7 +49,7 @@ std::array<int, 81> masks(const std::string& text) {
   return numbers;
 }
 
-/// A solution that nobody knows is left out, null or empty.
+/// An unknown solution is left out, null or empty.
 bool hassolution(const Json& line) {
   const auto solution = line.find("solution");
   return solution != line.end() && !solution->is_null() && *solution != "";

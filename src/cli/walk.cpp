@@ -20,7 +20,7 @@
 namespace gradino::cli {
 namespace {
 
-constexpr int idlelimit = 3;  ///< so many calls in a row that waited and changed nothing end a walk
+constexpr int idlelimit = 3;  ///< a walk ends after this many calls in a row that waited and changed nothing
 
 template <class Boxes>
 Json paintof(const Boxes& boxes, int first, int last) {
@@ -30,7 +30,7 @@ Json paintof(const Boxes& boxes, int first, int last) {
   return paint;
 }
 
-/// One walk of one puzzle: the host whose user always answers go, but where the options tell otherwise.
+/// The walk of one puzzle: a host whose user always answers go, unless the options say otherwise.
 class Walk {
  public:
   Walk(const std::string& puzzle, const Options& options) : options_(options) {
@@ -59,7 +59,7 @@ class Walk {
   }
 
  private:
-  /// False: a fault ended the event, and it was told.
+  /// False: a fault ended the event, and is in the output.
   bool guarded(const std::function<void()>& event) {
     session_.fault.reset();
     runguarded(session_, event);
@@ -69,7 +69,7 @@ class Walk {
     return false;
   }
 
-  // The user at the light. A wait inside an explanation is told as nested.
+  // The user at the light. A wait inside an explanation is marked as nested.
   void wait() {
     ++waits_;
     const bool first = depth_ == 0 && ++waitsinstep_ == 1;
@@ -105,7 +105,7 @@ class Walk {
     if (options_.json || !fresh.empty()) tell(record, indented(fresh));
   }
 
-  /// The lines of the explanation that the last wait didn't have: it grows from wait to wait.
+  /// The new lines of the explanation, which grows from wait to wait.
   std::string whatisnew(const std::string& text) {
     const std::vector<std::string> lines = linesof(text);
     const std::string fresh =
@@ -145,7 +145,7 @@ class Walk {
   const Options& options_;
   Session session_;
   std::string out_;
-  std::vector<std::string> argued_;  ///< what the step's explanation has said, as lines
+  std::vector<std::string> argued_;  ///< the lines of the explanation so far
   int waits_ = 0, steps_ = 0, waitsinstep_ = 0, depth_ = 0;
 };
 

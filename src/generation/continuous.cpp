@@ -21,11 +21,11 @@
 namespace gradino {
 namespace {
 
-constexpr int firstnumber = 8371;  ///< of every run, whatever the library holds
+constexpr int firstnumber = 8371;  ///< of each run, whatever the library holds
 constexpr int timelimit = 25000;   ///< seconds
 constexpr int hardenough = 4, manygivens = 27;
 
-// One puzzle of the list, last line first; in Italian whatever the language.
+// A puzzle of the list, last line first; in Italian whatever the language.
 constexpr const char* listed =
     " tempo totale, secondi {total}\r\n"
     " tempo, secondi {time}\r\n"
@@ -33,7 +33,7 @@ constexpr const char* listed =
     " LIVELLO {level}\r\n"
     " schema {number}\r\n";
 
-/// Seconds to the hundredth, without noughts that say nothing: 25000.25, 0.5, 12.
+/// Seconds with up to two decimals: 25000.25, 0.5, 12.
 std::string hundredths(double seconds) {
   std::string text = fmt::format("{:.2f}", seconds);
   text.erase(text.find_last_not_of('0') + 1);
@@ -41,7 +41,7 @@ std::string hundredths(double seconds) {
   return text == "-0" ? "0" : text;
 }
 
-/// While it lives, message boxes don't wait for anybody.
+/// As long as it exists, message boxes don't wait for a user.
 struct Unattended {
   Unattended() { unattended = true; }
   ~Unattended() { unattended = false; }
@@ -49,8 +49,8 @@ struct Unattended {
   Unattended& operator=(const Unattended&) = delete;
 };
 
-/// A puzzle, graded. Once in many thousands the grader runs into a full table: that puzzle is as good as
-/// refused, since it has no grade.
+/// Makes a puzzle and grades it. Once in many thousands the grader runs into a full table: such a puzzle has
+/// no grade and is passed over.
 bool graded() {
   try {
     frmgenerazione::genera();
@@ -81,7 +81,7 @@ void showlibrarywindows() {
   frmgeneratore::visible = frmactivity::visible = true;
 }
 
-/// The record that is open at the end of a run, however it ends, is not stored.
+/// Discards the record that is still open when a run ends, whatever the reason.
 struct LastRecord {
   LastRecord() = default;
   ~LastRecord() { Data1.cancelnew(); }
@@ -92,7 +92,8 @@ struct LastRecord {
 void run() {
   const LastRecord forgotten;
   const double runstart = host.clock();
-  std::optional<double> puzzleend;  // of the last accepted puzzle: a row of refused ones doesn't end the run
+  std::optional<double>
+      puzzleend;  // of the last accepted puzzle: a series of refused ones doesn't end the run
   Data1.need();
   Data1.movelast();
   Int16 number{"progressivo"};
@@ -127,7 +128,7 @@ void run() {
 }  // namespace
 
 void frmmain::genera_e_conta() {
-  libraryrecordopen = false;  // what is graded now is no record of the library
+  libraryrecordopen = false;  // the puzzle graded now is no record of the library
   comandocorrente = generatecommand;
   showlibrarywindows();
   const Unattended nobodywaits;

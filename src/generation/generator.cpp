@@ -34,15 +34,15 @@ namespace {
 
 constexpr const char* newpuzzle = "new puzzle";  // in both languages
 
-/// The chosen cells and their digits in order of choice. A cell may stand twice: once for itself, once as
-/// another's mirror.
+/// The chosen cells and their digits in order of choice. A cell may be in the list twice: for itself and as
+/// the mirror of another.
 Table<int, 0, 80> cellescelte{"cellescelte"}, cifrescelte{"cifrescelte"};
 Int16 scelte{"scelte"};
 
-bool marksbehind = false;  ///< a digit was put in, and the pencil marks on the screen don't know it yet
+bool marksstale = false;  ///< a digit was placed, and the pencil marks on the screen are out of date
 
-constexpr int unsolved = 21;     ///< up to this many entries are chosen with no solving at all
-constexpr int enoughpairs = 20;  ///< with fewer free pairs the choice is no longer left to chance
+constexpr int unsolved = 21;     ///< up to this many entries are chosen without solving
+constexpr int enoughpairs = 20;  ///< with fewer free pairs the choice is no longer random
 
 void enter(int cell) {
   cellescelte(scelte) = cell;
@@ -54,7 +54,7 @@ int randombelow(std::size_t count) {
   return static_cast<int>(host.random() * static_cast<double>(count));
 }
 
-/// Puts a random candidate into a cell. False: it has none, and the try has failed.
+/// Puts a random candidate into a cell. False: the cell has none, and the try has failed.
 bool place(int cell) {
   const std::string& open = candstr(cell);
   if (open.empty()) {
@@ -65,19 +65,19 @@ bool place(int cell) {
   writetext1(cell, std::string(1, digit));
   Text1(cell).locked = true;
   placequickly(cell, digit - '0');
-  marksbehind = true;
+  marksstale = true;
   return true;
 }
 
-/// Enters a mirror of the chosen cell, filling it first if the quick solver has not.
+/// Enters a mirror of the chosen cell, after filling it unless the quick solver has done so.
 bool entermirror(int cell) {
   if (cellvalue(cell) == 0 && !place(cell)) return false;
   enter(cell);
   return true;
 }
 
-/// The cell to fill next. While there are many free pairs (a cell and its point mirror, both empty) any of
-/// their cells; then the last of them on the board, and at the end the last empty cell.
+/// The cell to fill next: while there are many free pairs (a cell and its point mirror, both empty), a random
+/// cell of them; then the last such cell on the board, and finally the last empty cell.
 int choosecell() {
   static std::vector<int> celledisponibili;
   celledisponibili.clear();
@@ -93,37 +93,37 @@ int choosecell() {
   return lastpair != 0 ? lastpair : lastempty;
 }
 
-/// Lets the window live in the middle of a try. A command that clears the board ends the generation; one that
-/// changes the tables otherwise (the menu has no lock) has spoilt the try: false.
+/// Lets events run in the middle of a try. A command that clears the board ends the generation. False: a
+/// command changed the tables in another way, as the menu has no lock, and the try has failed.
 bool windowsturn() {
   const auto values = cellvalue;
   const auto masks = candmask;
   letevents();
   suppresschange = true;
-  comandocorrente = generatecommand;  // the key conta would have cleared it
+  comandocorrente = generatecommand;  // the key conta may have cleared it
   const bool untouched = std::equal(values.begin(), values.end(), cellvalue.begin()) &&
                          std::equal(masks.begin(), masks.end(), candmask.begin());
   if (!untouched) generationfailed = true;
   return untouched;
 }
 
-// Naked singles first: this order decides nothing but the time it takes.
+// Naked singles first: the order only affects the speed.
 const std::array<const SingleRung*, 4> quickrungs = {&singlerungs[4], &singlerungs[1], &singlerungs[2],
                                                      &singlerungs[3]};
 
-/// The first single that the quick solver sees.
+/// The first single that the quick solver finds.
 std::optional<Single> quicksingle() {
   for (const SingleRung* rung : quickrungs)
     if (const std::string result = rung->find(); !result.empty()) return rung->read(result);
   return std::nullopt;
 }
 
-/// Fills what follows from the board by singles, intersections and naked pairs. What it places and deletes
-/// stays on the board, but is not shown and not entered. The position index is whole: placing keeps it.
+/// Solves the board as far as singles, intersections and naked pairs go. Its digits and deletions stay on the
+/// board, but are neither shown nor entered. Placing keeps the position index up to date.
 void risolvirapido() {
   cleargrade();
   boardfinished = false;
-  if (std::exchange(marksbehind, false)) updatetext2();  // nobody could look before
+  if (std::exchange(marksstale, false)) updatetext2();  // they could not be seen until now
   suppresschange = true;
   for (;;) {
     if (!windowsturn()) return;
@@ -141,13 +141,13 @@ void risolvirapido() {
   }
 }
 
-/// Behind the first entries the quick solver runs after every placement. True: the board is finished.
+/// After the first entries the quick solver runs at every placement. True: the board is finished.
 bool finishedquickly() {
   if (scelte > unsolved) risolvirapido();
   return boardfinished;
 }
 
-/// The chosen digits become the puzzle, the board its solution.
+/// The chosen digits become the puzzle and the board its solution.
 void finish() {
   for (int cell = 0; cell < cellcount; ++cell) {
     writetext1(cell, "");
@@ -164,7 +164,7 @@ void finish() {
   riduzione();
 }
 
-/// The board that a try starts from.
+/// Clears the board for a try.
 void wipe() {
   frmactivity::Text3.text.clear();
   emptylogtext();
@@ -184,7 +184,7 @@ void wipe() {
   rebuildpositions();
 }
 
-/// One choice: a cell and its mirrors. True: the board is finished, or the try has failed.
+/// Chooses and fills a cell and its mirrors. True: the board is finished, or the try has failed.
 bool choose() {
   const int cell = choosecell();
   if (!place(cell)) return true;
@@ -200,7 +200,7 @@ bool choose() {
   }
   if (generationfailed) return true;
   if (cell == point) {
-    enter(cell);  // the centre is its own mirror
+    enter(cell);  // the centre is its own mirror, and is entered twice
     return false;
   }
   if (!entermirror(point)) return true;
@@ -210,7 +210,7 @@ bool choose() {
   return finishedquickly() || generationfailed;
 }
 
-/// One try at a puzzle. Nothing is tried back: a cell without candidates spoils it all.
+/// One try at a puzzle. There is no backtracking: a cell without candidates ends the try.
 void riempischema() {
   suppresschange = true;
   scelte = 0;
@@ -233,12 +233,12 @@ void frmgenerazione::genera() {
   } catch (const Fault&) {
     mnupencil_Click();
     throw;
-  } catch (const BoardLost&) {  // to a command that may have set the display as it wants it
+  } catch (const BoardLost&) {  // lost to a command that may have set the display itself
     if (clicks == pencilclicks) mnupencil_Click();
     throw;
   }
   mnupencil_Click();
-  pencilclicks = clicks - 1;  // flipped and back is as good as never touched
+  pencilclicks = clicks - 1;  // two clicks that cancel each other count as none
   frmprogress::visible = false;
 }
 
@@ -255,7 +255,7 @@ void frmprogress::timer() {
 
 namespace {
 
-/// The givens on the board, ready to be solved.
+/// Puts the givens on the board, ready to be solved.
 void showpuzzle() {
   suppresschange = true;
   for (int cell = 0; cell < cellcount; ++cell) {
@@ -272,7 +272,7 @@ void showpuzzle() {
 }  // namespace
 
 void frmmain::nuovoschema() {
-  libraryrecordopen = false;  // what is graded now is no record of the library
+  libraryrecordopen = false;  // the puzzle graded now is no record of the library
   comandocorrente = generatecommand;
   gradeandrestore(frmgenerazione::genera, showpuzzle);
 }

@@ -53,7 +53,7 @@ Digits digitsingivens() {
   return digits;
 }
 
-/// A group of mirrored cells, taken out of the boxes and of the puzzle.
+/// A group of mirrored cells, removed from the boxes and from the puzzle.
 class Group {
  public:
   explicit Group(int cell) {
@@ -66,8 +66,8 @@ class Group {
     take(point);
   }
 
-  /// Whether the puzzle, which had one solution with the group, has still no other. One that differs anywhere
-  /// differs in the group: in its first cell, or else in its second, and so on.
+  /// Whether the puzzle, which had one solution with the group, still has no other. Any other solution must
+  /// differ in the group: in its first cell, or else in its second, and so on.
   bool isspare() const {
     Digits digits = digitsingivens();
     for (std::size_t n = 0; n < count_; ++n) {
@@ -99,7 +99,7 @@ class Group {
   std::size_t count_ = 0;
 };
 
-/// The reduced puzzle on the board, as the grader wants it.
+/// Puts the reduced puzzle on the board for the grader.
 void putup(const Puzzle& puzzle) {
   filledcount = 0;
   for (int cell = 0; cell < cellcount; ++cell) {
@@ -109,7 +109,7 @@ void putup(const Puzzle& puzzle) {
       writetext1(cell, "");
     else
       filledcount += 1;
-    Text1(cell).locked = !givens(cell).empty();  // nobody is to meet an empty box that can't be typed in
+    Text1(cell).locked = !givens(cell).empty();  // an empty box must not be locked against typing
   }
   rebuildusedmask();
   refreshcandidates();
@@ -118,16 +118,16 @@ void putup(const Puzzle& puzzle) {
 
 }  // namespace
 
-// One pass from the top left, each group tried once: this order decides which groups fall. Each is asked no
-// more than whether another solution comes up; what whole counts would have left behind, which is what the
-// last of each outcome left, is made at the end.
+// One pass from the top left tries each group once; the order decides which groups are removed. For each it
+// is only found out whether there is another solution. What full counts would have left in the tables, that
+// is, what the last one of each outcome leaves, is made up for at the end.
 void riduzione() {
   std::optional<Puzzle> rejected;
   conta();
   const bool one = numerosoluzioni == 1;
   bool lastfell = false;
   int groups = 0, reductions = 0;
-  const std::string beginning;  // nobody ever fills it in
+  const std::string beginning;  // never filled in
   std::string end;              // the board's filled cells, not the puzzle's: the counter leaves them alone
   suppresschange = true;
   for (int cell = 0; cell <= 40; ++cell) {
@@ -155,7 +155,7 @@ void riduzione() {
   if (lastfell) conta();
   tell(fmt::format(done, reductions));
   tell(fmt::format(fromto, beginning, end));
-  // Whoever types meanwhile changes nothing before the grade stands.
+  // What is typed meanwhile changes nothing until the puzzle is graded.
   letevents();
   putup(puzzle);
   clearlog();

@@ -5,7 +5,7 @@
 
 namespace gradino {
 
-/// The cells that the symmetry ties to a cell.
+/// The mirrors of a cell.
 struct Mirrors {
   int point;  ///< about the centre
   int a, b;   ///< left to right, top to bottom
@@ -15,8 +15,8 @@ constexpr Mirrors mirrors(int cell) {
   return {80 - cell, 9 * r + 8 - c, 9 * (8 - r) + c};
 }
 
-/// Before: a finished puzzle, the same in givens and Text1, whose digits don't clash. Afterwards givens,
-/// Text1 and the tables hold the reduced puzzle, graded by SolveSudoku; frmactivity tells what was done,
+/// Expects a finished puzzle, the same in givens and Text1, whose digits don't clash. Afterwards givens,
+/// Text1 and the tables hold the reduced puzzle, graded by SolveSudoku; frmactivity lists what was done,
 /// newest first.
 void riduzione();
 

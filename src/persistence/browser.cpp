@@ -52,15 +52,15 @@ const LabelWords labelwords[] = {
 
 int totale = 0;  ///< puzzles of the chosen level
 
-/// What the preview shows, and the number under which it came there. The list can change under the window:
-/// a run of the generator, a grade, another program.
+/// The record in the preview, and the number that it had when it was shown. The list can change while the
+/// window is open: by a run of the generator, a grade, another program.
 struct Preview {
   Bookmark record;
   int number;
 };
 std::optional<Preview> onshow;
 
-/// The number at the front of a text. One too long to be held is beyond every library.
+/// The number at the start of a text. One that is too long is larger than any library.
 std::int32_t numberin(std::string_view text) {
   try {
     return leadingnumber(text);
@@ -82,7 +82,7 @@ void showpreview() {
   }
 }
 
-/// A number stands in numeroselezionato, whoever wrote it. What is no number of a record ends silently.
+/// numeroselezionato has a new text. One that is no number of a record is ignored.
 void numeroselezionato_Change() {
   const std::int32_t number = selected();
   if (numberin(numerototale.text) < number) return host.message(outofrange);
@@ -95,7 +95,7 @@ void numeroselezionato_Change() {
   onshow = {Data1.bookmark(), number};
 }
 
-/// How many there are now.
+/// Updates the total.
 void counttotal() {
   if (livelloscelto.text.empty()) return;
   totale = Data1.recordcount();
@@ -106,7 +106,7 @@ bool numberofpreview() {
   return onshow && selected() == onshow->number;
 }
 
-/// The total, and the number of the puzzle on show, as they are now.
+/// Updates the total and the number of the puzzle on show.
 void follow() {
   counttotal();
   if (!numberofpreview()) return;
@@ -116,7 +116,7 @@ void follow() {
   numeroselezionato.text = std::to_string(onshow->number);
 }
 
-/// What can't be followed now is followed by the next act of the user, which tells him why it can't.
+/// A failure here is left to the next action of the user, which reports it.
 void followifopen() {
   if (!frmlivello::visible) return;
   try {
@@ -138,7 +138,7 @@ void load() {
   for (int level = 0; level <= 21; ++level) LabelL(level).text = inlanguage(levelof(level).inlibrary);
 }
 
-/// The record's puzzle into givens and boxes. What is neither digit nor "." counts as empty.
+/// Copies the puzzle of the record to givens and boxes. Anything but a digit counts as empty.
 void putup(const std::string& stringa) {
   for (int cell = 0; cell < cellcount; ++cell) {
     const auto at = static_cast<std::size_t>(cell);
@@ -151,7 +151,7 @@ void putup(const std::string& stringa) {
 
 }  // namespace
 
-// Nothing is said of a level that can't be read, but why.
+// If the level can't be read, the reason is all that is shown.
 void frmlivello::Option1_Click(int index) {
   for (int n = 0; n <= 22; ++n) Option1(n).ticked = n == index;
   livelloscelto.text = std::to_string(index);
@@ -206,7 +206,7 @@ void frmmain::mostralibreria() {
 }
 
 void frmmain::libreria() {
-  // A store that fails does so before the board is touched.
+  // If the store fails, it does so before the board is touched.
   follow();
   if (numberofpreview()) {
     Data1.movetobookmark(onshow->record);

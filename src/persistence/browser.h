@@ -10,11 +10,11 @@
 
 namespace gradino {
 
-/// The window as data. Its words are those of the language at its load.
+/// The window as data. Its words are in the language in force when it was loaded.
 namespace frmlivello {
 inline std::string caption;
 inline bool visible = false;
-/// Asked for: whoever shows windows brings it to the front, and clears the request.
+/// A request: ui/qt brings the window to the front and clears it.
 inline bool raised = false;
 inline Table<Control, 0, 22> Option1{"Option1"};  ///< the levels; the 23rd lies on top of the 21st
 inline Table<Box, 0, 21> LabelL{"LabelL"};        ///< the levels' names
@@ -23,8 +23,7 @@ inline Box Label12, Label13, Label15, Label14, Label20, Label1;
 inline Table<Box, 0, 80> Text2{"Text2"};  ///< the preview
 inline Control Command1, Command2, Command3, Command4, Command5;
 
-/// Where a box of the preview stands along an axis, from the grid's origin, in twentieths of a point: row or
-/// column n.
+/// The coordinate of row or column n of the preview, from the origin of the grid, in twentieths of a point.
 constexpr int previewplace(int n) {
   return 200 * n + 40 * (n / 3);
 }
@@ -45,7 +44,7 @@ namespace frmmain {
 /// Opens the browser beside the board.
 void mostralibreria();
 
-/// Loads the selected puzzle to the board, counts and grades it. Throws LibraryFailure before the board is
+/// Puts the selected puzzle on the board, counts and grades it. Throws LibraryFailure before the board is
 /// touched when there is no such puzzle.
 void libreria();
 

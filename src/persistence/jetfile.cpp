@@ -1,8 +1,8 @@
-// libmdb trusts the pages that it reads: a damaged file can crash it, or keep it busy for ever. So it works
-// in a process of its own, which sends the rows through a pipe and whose death or silence is a damaged file.
-// What it prints there reaches nobody.
+// libmdb trusts the pages that it reads: a damaged file can crash it or keep it busy for ever. So it runs in
+// a process of its own, which sends the rows through a pipe; if that dies or falls silent, the file is
+// damaged. What libmdb prints there is discarded.
 //
-// What goes through the pipe: pieces, each a letter and, where one belongs to it, a text after its length.
+// The pipe carries messages: each a character and, for some, a text preceded by its length.
 //
 //   =text   the next value of a row      ?text   there is no such field: the end
 //   .       there is no more: the end    !       there is no table: the end
@@ -51,7 +51,7 @@ constexpr Words notable = {R"(Nella vecchia libreria "{file}" manca la tabella "
 constexpr Words nofield = {R"(Nella vecchia libreria "{file}" manca il campo "{field}".)",
                            R"(The old library "{file}" has no field "{field}".)"};
 
-constexpr std::size_t valuesize = 1 << 16;  // what a value can take, its end included
+constexpr std::size_t valuesize = 1 << 16;  // the room for a value, including its terminator
 constexpr int patience = 5'000;             // milliseconds without a sign of life
 
 [[noreturn]] void fail(const Words& words, const std::string& path, std::same_as<Hole> auto const&... holes) {
@@ -60,7 +60,7 @@ constexpr int patience = 5'000;             // milliseconds without a sign of li
 
 // ---- the file's head ------------------------------------------------------------------------------------
 
-/// The first bytes of a file; fewer when it has fewer.
+/// The first bytes of a file, or all if it is shorter.
 constexpr std::size_t headsize = 0x80;
 std::string readhead(const std::string& path) {
   std::error_code error;
@@ -81,8 +81,8 @@ bool isoldformat(std::string_view head) {
   return head[0x14] == 0;
 }
 
-/// From 0x3e on the key, four zeros when the file isn't encrypted, and the password, under a mask that is the
-/// same for all files. The newer formats put the password under a second mask: four bytes, over and over.
+/// At 0x3e begin the key, four zeros if the file isn't encrypted, and the password, under a mask that is the
+/// same for all files. Newer formats put the password under a second mask: four bytes, repeated.
 bool issecret(std::string_view head) {
   constexpr std::size_t begin = 0x3e, keysize = 4;
   // clang-format off
@@ -142,7 +142,7 @@ class Sender {
   std::string waiting_;
 };
 
-/// The damage shows by the end of the process: nothing more is sent.
+/// The end of the process reveals the damage: nothing more is sent.
 [[noreturn]] void giveup() {
   _exit(EXIT_FAILURE);
 }
@@ -160,16 +160,16 @@ MdbTableDef* findtable(MdbHandle* mdb) {
   return nullptr;
 }
 
-/// A value of the row that was fetched.
+/// A value of the current row.
 std::string_view valueof(const MdbHandle* mdb, const MdbColumn* column) {
   const auto* text = static_cast<const char*>(column->bind_ptr);
   const std::size_t size = strnlen(text, valuesize);
   const bool whole = size + 1 < valuesize && g_utf8_validate(text, static_cast<gssize>(size), nullptr);
-  // A long text whose page is lost comes as an empty one. Its length stands in the row, under two bits.
+  // A long text whose page is lost reads as empty. Its length is in the row, below two flag bits.
   if (size == 0 && column->col_type == MDB_MEMO && column->cur_value_len >= 4) {
-    std::uint32_t told = 0;
-    std::memcpy(&told, mdb->pg_buf + column->cur_value_start, sizeof told);
-    if ((le32toh(told) & 0x3fffffff) > 0) giveup();
+    std::uint32_t length = 0;
+    std::memcpy(&length, mdb->pg_buf + column->cur_value_start, sizeof length);
+    if ((le32toh(length) & 0x3fffffff) > 0) giveup();
   }
   if (!whole) giveup();
   return {text, size};
@@ -196,7 +196,7 @@ void sendrows(const char* path, Sender& sender) {
   sender.letter('.');
 }
 
-/// A damaged file can make the library take memory without end.
+/// A damaged file can make the library allocate memory without end.
 void limitmemory() {
   constexpr rlim_t enough = 256 << 20;
   rlim_t pages = 0;
@@ -218,7 +218,7 @@ void limitmemory() {
   Sender sender(pipe);
   sendrows(path, sender);
   sender.flush();
-  _exit(EXIT_SUCCESS);  // the program's own end is not this process's to run
+  _exit(EXIT_SUCCESS);  // this process must not run the exit handlers of the program
 }
 
 // ---- the process that takes them ------------------------------------------------------------------------

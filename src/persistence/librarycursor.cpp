@@ -25,16 +25,16 @@ constexpr Words broughtover = {
     "\"{file}\"."};
 constexpr Counted puzzles = {{"{n} schema", "{n} puzzle"}, {"{n} schemi", "{n} puzzles"}};
 
-// The state of the one cursor.
-LibraryPlace place;  ///< with what is still to be told when the library is first needed
+// The state of the cursor.
+LibraryPlace place;  ///< with the notices to be shown when the library is first needed
 std::unique_ptr<Store> store;
 std::string query = wholetable;
 std::optional<Store::Record> current;  ///< what the boxes show
-bool building = false;                 ///< a new record is being built; who browses meanwhile doesn't end it
-bool checked = false;                  ///< the whole file was looked through, and is sound
-bool toldonlyread = false;             ///< that a grade can't be written back
+bool building = false;                 ///< a new record is being built; browsing meanwhile doesn't end it
+bool checked = false;                  ///< the whole file was checked and is sound
+bool toldonlyread = false;             ///< the message that a grade can't be written back was shown
 
-/// The box of a field. liv(0) is bound to f1 as liv(1) is: it shows the field, and nobody writes it.
+/// The box of a field. liv(0) is bound to f1, like liv(1), but only shows it.
 Box& boundbox(std::size_t f) {
   using namespace frmmain;
   static Box* const named[] = {&txtprogressivo, &txtstringa, &txtdettaglio, &testolivello,
@@ -63,7 +63,7 @@ void replaceold() {
   });
 }
 
-/// The store; what failed at start may have come right since.
+/// The store; a failure at start may be over by now.
 Store& library() {
   if (store) return *store;
   if (!place.onlyread && isjetfile(place.file.string())) replaceold();
@@ -100,8 +100,8 @@ void addnew() {
   if (finished) listchanged();
 }
 
-/// A grade that is the same as before needs no writing. One that is another has no place in a library that
-/// can only be read, which is told the first time.
+/// An unchanged grade needs no writing. A changed one can't be stored in a read-only library; the first time,
+/// a message says so.
 void update() {
   if (!current || building) return;
   const LibraryRow row = shown();
@@ -119,7 +119,7 @@ void tellnotices() {
 void need() {
   tellnotices();
   library();
-  tellnotices();  // opening it may have brought over an old one
+  tellnotices();  // opening it may have converted an old library
   if (!checked) library().check();
   checked = true;
 }
@@ -150,7 +150,7 @@ void openlibrary(const LibraryPlace& where) {
   Data1.need = need;
   try {
     Data1.query(wholetable);
-  } catch (const LibraryFailure&) {  // told when the library is first needed
+  } catch (const LibraryFailure&) {  // reported when the library is first needed
   }
 }
 

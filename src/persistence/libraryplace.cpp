@@ -37,7 +37,7 @@ bool writable(const fs::path& path) {
   return fs::is_regular_file(path, error) && std::ofstream(path, std::ios::binary | std::ios::app).is_open();
 }
 
-/// Files can be made there: the one sure way to know is to make one.
+/// Whether files can be made there: the only sure way to know is to make one.
 bool roomfor(const fs::path& path) {
   const fs::path probe = path.string() + ".probe";
   const bool made = std::ofstream(probe).is_open();
@@ -51,7 +51,7 @@ fs::path fromenvironment(const char* name) {
   return value == nullptr ? "" : value;
 }
 
-/// Where the platform keeps what programs store for their user.
+/// The folder of the platform for user data of programs.
 fs::path userplace() {
 #ifdef _WIN32
   const fs::path data = fromenvironment("LOCALAPPDATA");
@@ -71,14 +71,13 @@ std::string reasonof(const std::error_code& error) {
   return error.message();
 }
 
-/// Something stands there that is no leftover: a library, or what its opening will tell of.
+/// There is a file that is not just a remnant: a library, or something that opening will report.
 bool standing(const fs::path& file) {
   std::error_code error;
   return fs::exists(file, error) && !nolibrary(file);
 }
 
-/// Makes sure that the file is a library, or isn't there when there is none to copy: then opening it makes
-/// it.
+/// Makes sure that the file is a library, or doesn't exist if there is none to copy: then opening makes it.
 LibraryPlace settled(const fs::path& file, const std::optional<fs::path>& shipped) {
   LibraryPlace place{file, false, {}};
   std::error_code error;
@@ -119,7 +118,7 @@ LibraryPlace libraryplace(const fs::path& programfolder) {
     return standing(file) ? std::optional(file) : std::nullopt;
   };
   std::optional<fs::path> shipped = ifstanding(shared);
-  if (writable(beside) && roomfor(beside)) return settled(beside, shipped);  // a change needs files beside it
+  if (writable(beside) && roomfor(beside)) return settled(beside, shipped);  // SQLite makes files beside it
   if (standing(beside)) shipped = beside;
   return settled(!shipped && roomfor(beside) ? beside : userplace(), shipped);
 }

@@ -1,4 +1,4 @@
-// A row of the library as all who move rows see it: texts, in the order of the table's fields.
+// A row of the library: texts, in the order of the table's fields.
 #pragma once
 
 #include <array>
@@ -14,13 +14,13 @@ inline constexpr std::array<const char*, 29> libraryfields = {
     "f14",         "f15",     "f16",       "f17",     "f18",    "f19",        "f20",
     "f21"};
 
-/// Where the fields stand that are asked for by name.
+/// The positions of the fields that are used by name.
 namespace field {
 inline constexpr std::size_t progressivo = 0, stringa = 1, dettaglio = 2, livello = 3, numeri = 4,
                              difficolta = 5, supersimmetrico = 6, tempo = 7, f1 = 8;
 }
 
-/// One puzzle: UTF-8 texts, empty where the store holds nothing.
+/// One puzzle: UTF-8 texts, empty for a null value.
 using LibraryRow = std::array<std::string, libraryfields.size()>;
 
 /// True when the text is a puzzle: at least 81 characters, the first 81 of them digits or ".".

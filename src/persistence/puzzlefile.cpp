@@ -26,8 +26,8 @@ constexpr std::string_view rowline = "| .     .     .     | .     .     .     | 
   throw Fault{Fault::Kind::file, "fewer than 81 cells", 0, 0, 0, ""};
 }
 
-/// The next line of the file, which ends at CR LF or LF. No more of it is read than it takes to see that it
-/// is too long.
+/// The next line of the file, ended by CR LF or LF. A line that is too long is read only far enough to see
+/// that.
 std::string takeline(std::istream& file) {
   constexpr std::size_t enough = 300;
   std::string line;
@@ -54,7 +54,7 @@ std::string drawing() {
   return text.append(rule);
 }
 
-/// Where the 81 dots of the drawing stand, cell by cell.
+/// The positions of the 81 dots in the drawing, cell by cell.
 std::array<std::size_t, 81> dots(const std::string& drawn) {
   std::array<std::size_t, 81> places;
   std::size_t at = 0;
@@ -65,7 +65,7 @@ std::array<std::size_t, 81> dots(const std::string& drawn) {
   return places;
 }
 
-/// A cell's symbol: its box's text, which may be anything the user typed, or "." for an empty one.
+/// The symbol of a cell: the text of its box, which may be anything the user typed, or "." if that is empty.
 std::string symbol(int cell) {
   const std::string& text = frmmain::Text1(cell).text;
   return text.empty() ? "." : text;

@@ -1,5 +1,5 @@
 // Puzzle files: one puzzle between the 81 digit boxes and a text file. A file holds the 81 cells and nothing
-// else; what stands in the boxes when it is saved is what a later opening takes as the givens.
+// else: what the boxes show when it is saved are the givens when it is opened again.
 //
 //   .sav .txt .sdk   81 symbols in one line, "." for an empty cell         read and written
 //   .lgc             a drawing of 13 lines, 81 dots in it for the cells    read and written
@@ -40,7 +40,7 @@ void scanfile(std::istream& file);
 /// above 255, a comma beyond character 255; the boxes read so far stay.
 void readcommas(std::istream& file);
 
-/// What saving writes for the boxes as they stand, without the last line break: 81 symbols or the drawing.
+/// What saving writes for the current boxes, without the last line break: 81 symbols or the drawing.
 std::string puzzleline();
 std::string puzzledrawing();
 

@@ -22,29 +22,29 @@ struct Close {
 };
 using File = std::unique_ptr<std::FILE, Close>;
 
-/// Without a buffer: what was refused once must not come along with what is written next.
+/// Unbuffered: text that was refused once must not be written along with the next.
 File opened(const fs::path& name, const char* mode) {
   File file(std::fopen(name.string().c_str(), mode));
   if (file) std::setvbuf(file.get(), nullptr, _IONBF, 0);
   return file;
 }
 
-/// Writes the text from the file's beginning on.
+/// Writes the text from the start of the file.
 bool put(std::FILE* file, const std::string& text) {
   if (std::fseek(file, 0, SEEK_SET) != 0 && errno != ESPIPE) return false;
   return std::fwrite(text.data(), 1, text.size(), file) == text.size();
 }
 
-/// The file that a link leads to in the end, which need not be there.
+/// The file that a link finally leads to; it need not exist.
 fs::path behindlinks(fs::path name) {
-  constexpr int longest = 40;  // what leads further leads in a circle
+  constexpr int longest = 40;  // a longer chain of links is a loop
   std::error_code error;
   for (int n = 0; n < longest && fs::is_symlink(name, error); ++n)
     name = name.parent_path() / fs::read_symlink(name, error);
   return name;
 }
 
-/// A new file beside the target, which nobody else writes: none where the folder can't be written.
+/// A new file beside the target that no other program writes. None: the folder can't be written.
 struct Beside {
   fs::path name;
   File file;
@@ -59,8 +59,8 @@ Beside newbeside(const fs::path& target) {
   return {};
 }
 
-/// Whether another file can take this one's place: a new one would have a new owner, and a second name of the
-/// old one would go on leading to the old text.
+/// Whether another file may replace this one: it would have a new owner, and a second hard link would keep
+/// the old text.
 bool replaceable(const fs::path& target, const fs::path& beside) {
   struct stat there = {};
   struct stat fresh = {};
@@ -71,8 +71,8 @@ bool replaceable(const fs::path& target, const fs::path& beside) {
 
 enum class Outcome { done, failed, impossible };
 
-/// Writes a new file, waits until the disk has it, and lets it take the target's place. Impossible: it has to
-/// be this very file.
+/// Writes a new file, flushes it to the disk and renames it to the target. Impossible: the file itself has to
+/// be written.
 Outcome replaced(const fs::path& target, const fs::file_status& there, const std::string& text) {
   Beside beside = newbeside(target);
   if (!beside.file) return Outcome::impossible;
@@ -91,9 +91,9 @@ Outcome replaced(const fs::path& target, const fs::file_status& there, const std
   return outcome;
 }
 
-/// Writes over the old text, and cuts off what is left of it when the new one is safe: a puzzle is so short
-/// that it goes to the disk in one piece, and the file needs no room but for what it grows by. If it fails
-/// all the same, the old text is put back.
+/// Overwrites the old text, and truncates the file once the new text is safe: a puzzle is so short that it
+/// reaches the disk in one piece, and the file needs room only for its growth. If that fails all the same,
+/// the old text is written back.
 bool overwritten(const fs::path& target, const std::string& text) {
   std::error_code error, ignored;
   const std::uintmax_t length = fs::file_size(target, error);
@@ -105,7 +105,7 @@ bool overwritten(const fs::path& target, const std::string& text) {
     if (length > text.size()) fs::resize_file(target, text.size(), error);
     if (!error) return true;
   }
-  put(file.get(), old);  // where this is refused too, the old text still stands
+  put(file.get(), old);  // if this is refused too, the old text is still there
   fs::resize_file(target, length, ignored);
   return false;
 }

@@ -62,7 +62,7 @@ constexpr Words unreachable = {
 constexpr Words otherfailure = {"La libreria \"{file}\" non risponde: {reason}.",
                                 "The library \"{file}\" doesn't answer: {reason}."};
 
-// For another program to be done. Who only wants to look is not kept waiting at start.
+// The wait for another program. Opening to read only doesn't wait at start.
 constexpr int lookwaitmilliseconds = 300, changewaitmilliseconds = 5000;
 
 constexpr const char* maketable =
@@ -71,17 +71,17 @@ constexpr const char* maketable =
     "f5 INTEGER, f6 INTEGER, f7 INTEGER, f8 INTEGER, f9 INTEGER, f10 INTEGER, f11 INTEGER, f12 INTEGER, "
     "f13 INTEGER, f14 INTEGER, f15 INTEGER, f16 INTEGER, f17 INTEGER, f18 INTEGER, f19 INTEGER, f20 INTEGER, "
     "f21 INTEGER)";
-// In this order records of one difficulty come out of it by their keys.
+// In this order records of equal difficulty come in the order of their keys.
 constexpr const char* makeindex = "CREATE INDEX schema_livello ON schema (livello, difficolta DESC)";
 
-/// What SQLite keeps beside a store in which changes are under way.
+/// The suffixes of the files that SQLite keeps beside a store while it is changed.
 constexpr std::array<const char*, 3> sides = {"-journal", "-wal", "-shm"};
 
 const Words& wordsfor(int code, const Words& whenfull) {
   switch (code) {
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
-    case SQLITE_ERROR:  // a table or field that isn't there
+    case SQLITE_ERROR:  // a table or field is missing
       return damaged;
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -101,13 +101,13 @@ const Words& wordsfor(int code, const Words& whenfull) {
   throw LibraryFailure(say(words, hole("file", file.string()), hole("reason", reason)));
 }
 
-/// A file that couldn't be made, or not be given its place.
+/// A file couldn't be made, or not be renamed.
 [[noreturn]] void notmade(const std::error_code& error, const fs::path& file) {
   const bool nospace = error == std::errc::no_space_on_device || error.value() == EDQUOT;
   refuse(nospace ? noroom : otherfailure, file, error.message());
 }
 
-/// Runs what speaks to the store, and says its failures in words for the user.
+/// Runs an operation on the store, and turns its failures into words for the user.
 template <class Act>
 auto guarded(const fs::path& file, const Words& whenfull, Act act) {
   try {
@@ -117,7 +117,7 @@ auto guarded(const fs::path& file, const Words& whenfull, Act act) {
   }
 }
 
-/// A file that is there must look like a store before anything opens it for changes.
+/// An existing file must look like a store before it is opened for changes.
 bool looksright(const fs::path& file) {
   constexpr std::string_view head("SQLite format 3\0", 16);
   std::error_code error;
@@ -146,7 +146,7 @@ std::string fieldlist() {
   return fmt::format("schema.{}", fmt::join(libraryfields, ", schema."));
 }
 
-/// A hole for each field.
+/// A placeholder for each field.
 std::string holes() {
   std::string all = "?";
   for (std::size_t f = 1; f < libraryfields.size(); ++f) all += ", ?";
@@ -158,7 +158,7 @@ std::string_view clauses(std::string_view query) {
   return query.substr(std::string_view("SELECT schema.*").size());
 }
 
-/// The query's own clauses and, behind its order, that of the table.
+/// The clauses of the query and, after its order, that of the table.
 std::string ordered(std::string_view query) {
   const bool hasorder = query.find("ORDER BY") != std::string_view::npos;
   return fmt::format("{}{} schema.rowid", clauses(query), hasorder ? "," : " ORDER BY");
@@ -175,7 +175,7 @@ Store::Record recordin(SQLite::Statement& select) {
   return record;
 }
 
-/// Numbers are stored as such by the columns' own types; an empty text is nothing.
+/// The types of the columns store numbers as such; an empty text is stored as null.
 void bindrow(SQLite::Statement& statement, const LibraryRow& row) {
   for (std::size_t f = 0; f < row.size(); ++f) {
     const int place = static_cast<int>(f) + 1;
@@ -195,7 +195,8 @@ struct Store::Connection {
     SQLite::Statement allfields(database, recordsof(wholetable) + " LIMIT 0");
   }
 
-  /// A new store that nobody else knows yet: if making it fails it is thrown away, so that no log is needed.
+  /// A new store that no other program knows yet: if making it fails, it is deleted, so that no journal is
+  /// needed.
   Connection(const fs::path& made, const fs::path& name)
       : file(name),
         change(true),
@@ -208,19 +209,19 @@ struct Store::Connection {
     database.exec(makeindex);
   }
 
-  // A store at rest is one file: the log that changes go through is taken back.
+  // A store at rest is a single file: the write-ahead log is switched off again.
   ~Connection() {
     inserting.reset();
     if (logged) database.tryExec("PRAGMA journal_mode = DELETE");
   }
 
-  /// From the first change on they go through a log beside the file: a change costs no wait for the disk, and
-  /// who reads is never in the way.
+  /// From the first change on, changes go through a write-ahead log beside the file: they don't wait for the
+  /// disk, and readers are never in the way.
   void logchanges() {
     if (!change) refuse(writeprotected, file);
     if (logged) return;
     database.setBusyTimeout(changewaitmilliseconds);
-    // The change of mode doesn't wait by itself for another program that changes it.
+    // The change of mode doesn't itself wait for another program that is changing it.
     constexpr int pause = 10;
     for (int waited = 0; database.tryExec("PRAGMA journal_mode = WAL") == SQLITE_BUSY; waited += pause) {
       if (waited >= changewaitmilliseconds) refuse(locked, file);
@@ -235,11 +236,11 @@ struct Store::Connection {
     return guarded(file, whenfull, act);
   }
 
-  fs::path file;  ///< as its user knows it
+  fs::path file;  ///< as the user knows it
   bool change;
   const Words& whenfull = full;
   SQLite::Database database;
-  std::optional<SQLite::Statement> inserting;  ///< prepared once: thousands of rows come by it
+  std::optional<SQLite::Statement> inserting;  ///< prepared once, for thousands of rows
   bool logged = false;
 };
 
@@ -315,7 +316,7 @@ void Store::insert(const LibraryRow& row) {
     if (!insert)
       insert.emplace(connection_->database, fmt::format("INSERT INTO schema ({}) VALUES ({})",
                                                         fmt::join(libraryfields, ", "), holes()));
-    insert->tryReset();  // it may have failed the last time
+    insert->tryReset();  // the last insert may have failed
     bindrow(*insert, row);
     insert->exec();
     insert->reset();
@@ -344,7 +345,7 @@ void Store::together(const std::function<void()>& changes) {
 
 // ---- new stores -----------------------------------------------------------------------------------------
 
-/// Under a name of its own, whole and on the disk; the failure names the file that it is to become.
+/// Made under a temporary name and flushed to the disk; a failure names the final file.
 void buildstore(const fs::path& made, const fs::path& file, const std::function<void(Store&)>& fill) {
   removestore(made);
   try {
@@ -366,15 +367,15 @@ bool makestore(const fs::path& file, const std::function<void(Store&)>& fill) {
   if (fs::exists(file, error)) return false;  // another program was faster
   const fs::path made = madename(file);
   buildstore(made, file, fill);
-  putaside(file, error);  // what a store that is gone has left beside it would be taken for the new one's
+  putaside(file, error);  // files left beside a deleted store would be taken for those of the new one
   error = putinplace(made, file);
   if (!error) return true;
   removestore(made);
   notmade(error, file);
 }
 
-// On a full disk not even reading has room for what SQLite keeps beside a store; a record would be in its
-// log.
+// On a full disk there is no room for the files that SQLite keeps beside a store, not even to read; a record
+// could be in its log.
 bool removeempty(const fs::path& file) {
   std::error_code error;
   if (!fs::exists(file, error)) return false;
@@ -395,12 +396,12 @@ bool nolibrary(const fs::path& file) {
   if (!looksright(file)) return false;
   try {
     return !openfile(file, writable(file)).tableExists("schema");
-  } catch (const SQLite::Exception&) {  // locked or damaged, which is told when it is needed
+  } catch (const SQLite::Exception&) {  // locked or damaged, which is reported when the library is needed
     return false;
   }
 }
 
-// What belongs to the file goes first: beside a new file it would be taken for that one's.
+// The files beside it go first: beside a new file they would be taken for its own.
 fs::path putaside(const fs::path& file, std::error_code& error) {
   const fs::path kept = freename(file, "aside");
   const auto rename = [&error](const fs::path& from, const fs::path& to) {
@@ -425,8 +426,8 @@ bool samecontent(const fs::path& one, const fs::path& other) {
   return first && second && std::equal(Bytes(first), Bytes(), Bytes(second));
 }
 
-/// The old file has a second name before the new store takes the first: it is in no moment without one. A
-/// program that was killed after this has given it that name already.
+/// The old file gets a second name before the new store takes the first, so that it always has one. If the
+/// program was killed in between, it already has that second name.
 class SecondName {
  public:
   explicit SecondName(const fs::path& old) : name(freename(old, "old")) {
@@ -437,7 +438,7 @@ class SecondName {
     }
     std::error_code error;
     fs::create_hard_link(old, name, error);
-    if (error) error = copywhole(old, name);  // a disk without links
+    if (error) error = copywhole(old, name);  // a disk without hard links
     if (error) notmade(error, name);
     given_ = true;
     flushnames(name);
@@ -453,7 +454,7 @@ class SecondName {
   fs::path name;
 
  private:
-  bool given_ = false;  ///< to be taken back
+  bool given_ = false;  ///< to be undone
 };
 
 }  // namespace

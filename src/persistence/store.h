@@ -3,9 +3,9 @@
 //   index schema_livello (livello, difficolta DESC)    serves the browser's query: a record is reached by its
 //                                                      place without reading the rows before it
 //
-// A new file appears with its table: nobody ever sees one that is empty or half made. Every change is in the
-// file when the call returns: a program that is killed loses nothing. Two programs can use one file at once;
-// a change waits a few seconds for the other's.
+// A new file appears complete with its table, never empty or half made. Every change is in the file when the
+// call returns: a program that is killed loses nothing. Two programs can use one file at once; a change waits
+// a few seconds for that of the other.
 #pragma once
 
 #include <cstdint>
@@ -20,14 +20,14 @@
 
 namespace gradino {
 
-/// The query of all records, in table order. A query of the library begins as this one does.
+/// The query of all records, in table order. Every query of the library begins like this one.
 inline constexpr const char* wholetable = "SELECT schema.* FROM [schema]";
 
 /// Each member throws LibraryFailure, in words for the user: a damaged, locked, foreign or write-protected
 /// file, a full disk.
 class Store {
  public:
-  /// Opens the file, or makes an empty store when there is none and it is not only to be read. A file that is
+  /// Opens the file, or makes an empty store if there is none, unless it is to be read only. A file that is
   /// no store is left untouched.
   explicit Store(const std::filesystem::path& file, bool onlyread = false);
   ~Store();
@@ -40,25 +40,25 @@ class Store {
   };
 
   int count(const std::string& query);
-  /// The record at a place from 0 in the query's order; none there: nothing. Records that the query puts side
-  /// by side stand in the order in which they were stored.
+  /// The record at a position, counted from 0, in the order of the query, if there is one. Records that the
+  /// query ranks equal are in the order in which they were stored.
   std::optional<Record> at(const std::string& query, int place);
   std::optional<Record> withkey(std::int64_t key);
-  /// The place of a record in the query's order; nothing when it isn't among its records.
+  /// The position of a record in the order of the query, if it is among its records.
   std::optional<int> placeof(const std::string& query, std::int64_t key);
   /// Hands over the records of a query, in its order: all of them, or the first ones.
   void each(const std::string& query, const std::function<void(const Record&)>& use, int most = -1);
 
-  /// Looks through the whole file for damage.
+  /// Checks the whole file for damage.
   void check();
-  /// False: it can only be read.
+  /// False: the store is read-only.
   bool changeable() const;
-  /// Fails when it can only be read: for who would work long before it stores something.
+  /// Throws if the store is read-only: for callers that work long before they store something.
   void needchanges() const;
 
   void insert(const LibraryRow& row);
   void update(const Record& record);
-  /// Runs many changes as one: all of them are stored, or, when it throws, none.
+  /// Runs many changes as one: all of them are stored, or none if it throws.
   void together(const std::function<void()>& changes);
 
   struct Connection;
@@ -70,25 +70,24 @@ class Store {
   std::unique_ptr<Connection> connection_;
 };
 
-/// Makes a store with what `fill` inserts, and puts it in its place when it is whole. False: there is one
-/// already, nothing was done. Throws LibraryFailure, or what `fill` throws, and leaves nothing behind.
+/// Makes a store with what `fill` inserts, and moves it into place when it is complete. False: there is one
+/// already, and nothing was done. Throws LibraryFailure, or what `fill` throws, and leaves no files behind.
 bool makestore(const std::filesystem::path& file, const std::function<void(Store&)>& fill);
 
-/// Takes a store away again that was made for records which didn't come. False: it has some, or
-/// there is none.
+/// Deletes a store that was made for records, but has none. False: it has some, or there is no store.
 bool removeempty(const std::filesystem::path& file);
 
-/// True for a file of 0 bytes and for a store without the table `schema`: what isn't taken for a library
-/// although it could be opened as one. What is damaged otherwise may hold puzzles, and stays where it is.
+/// True for a file of 0 bytes and for a store without the table `schema`: they could be opened, but are no
+/// library. A file that is damaged in another way may hold puzzles, and stays where it is.
 bool nolibrary(const std::filesystem::path& file);
 
-/// Gives the file, and what belongs to it, another name. Returns that name.
+/// Renames the file and the files that belong to it. Returns the new name.
 std::filesystem::path putaside(const std::filesystem::path& file, std::error_code& error);
 
-/// Puts the rows of an old library into the place of its file, as a new store. The old file is kept under
-/// another name. Throws LibraryFailure, and then the old file stands where it was, with nothing beside it.
+/// Replaces the file of an old library by a new store with its rows. The old file is kept under another name.
+/// Throws LibraryFailure; then the old file is in its place, with nothing beside it.
 struct BroughtOver {
-  int rows = 0, nopuzzle = 0;  ///< rows that hold no puzzle are brought over as they are
+  int rows = 0, nopuzzle = 0;  ///< rows without a puzzle are copied as they are
   std::filesystem::path kept;
 };
 BroughtOver bringover(const std::filesystem::path& old);

@@ -17,7 +17,7 @@ fs::path folderof(const fs::path& file) {
   return file.has_parent_path() ? file.parent_path() : ".";
 }
 
-/// A file of the system's, closed with its object. Below 0: it couldn't be opened.
+/// A file descriptor, closed by the destructor. Below 0: the file couldn't be opened.
 struct Opened {
   Opened(const fs::path& file, int how) : number(open(file.c_str(), how | O_CLOEXEC, 0666)) {}
   ~Opened() {
@@ -28,7 +28,7 @@ struct Opened {
   int number;
 };
 
-/// 0, or the system's own error: who tells of it has to know a full disk from a broken one.
+/// 0, or the error of the system, so that the message can distinguish a full disk from a broken one.
 int copybytes(int from, int to) {
   std::array<char, 1 << 16> part;
   for (;;) {

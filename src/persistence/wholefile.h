@@ -1,4 +1,4 @@
-// Files that appear whole or not at all: made under another name, flushed to the disk, then renamed.
+// Files that appear complete or not at all: made under another name, flushed to the disk, then renamed.
 #pragma once
 
 #include <filesystem>
@@ -6,9 +6,9 @@
 
 namespace gradino {
 
-/// One program at a time has this claim on the folder of a file; the others wait for it. It ends with the
-/// program at the latest, however that ends. What is made beside the file under the claim has one name, and
-/// what is found under that name was left by a program that was killed.
+/// A lock on the folder of a file: one program at a time has it, the others wait. It ends with the program at
+/// the latest, however that ends. The file made under the lock has a fixed name, so one found under that name
+/// was left by a program that was killed.
 class FolderClaim {
  public:
   explicit FolderClaim(const std::filesystem::path& file);
@@ -17,24 +17,24 @@ class FolderClaim {
   FolderClaim& operator=(const FolderClaim&) = delete;
 
  private:
-  int folder_;  ///< below 0: it can't be opened, which who makes a file there will tell
+  int folder_;  ///< below 0: it can't be opened, which making a file there will report
 };
 
-/// The name under which a file is made.
+/// The temporary name of a file.
 std::filesystem::path madename(const std::filesystem::path& file);
 
-/// Waits until the disk has what was written into a file. A full disk may come to light only here.
+/// Flushes a file to the disk. Only this may reveal that the disk is full.
 std::error_code flush(const std::filesystem::path& file);
-/// The same for the names in the folder of a file, as far as the disk can do that.
+/// The same for the folder of a file, as far as the file system can do that.
 void flushnames(const std::filesystem::path& file);
 
-/// Flushes a file and gives it another's name and place.
+/// Flushes a file and renames it to another, which it replaces.
 std::error_code putinplace(const std::filesystem::path& made, const std::filesystem::path& file);
 
-/// Copies a file. After an error nothing is left of the copy.
+/// Copies a file. On an error no copy is left.
 std::error_code copywhole(const std::filesystem::path& from, const std::filesystem::path& to);
 
-/// A name beside the file that nobody has yet: its own with the word behind the stem, then "2", "3", ...
+/// An unused name beside the file: its own with the word after the stem, then "2", "3", ...
 std::filesystem::path freename(const std::filesystem::path& file, const char* word);
 
 }  // namespace gradino

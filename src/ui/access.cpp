@@ -44,7 +44,7 @@ constexpr Words hiddenmark = {"candidato nascosto in r{row}c{col}", "hidden cand
 constexpr Words markdescription = {"apre l'anello delle cifre per la casella r{row}c{col}",
                                    "opens the ring of digits for cell r{row}c{col}"};
 
-// ---- what there are many of -----------------------------------------------------------------------------
+// ---- numbered controls ----------------------------------------------------------------------------------
 
 constexpr Words ringdigit = {"cifra {digit}", "digit {digit}"};
 constexpr Words ringempty = {"svuota la casella", "clear the cell"};
@@ -82,7 +82,7 @@ constexpr Words colourdescription = {"colore con cui dipingere le caselle", "col
 constexpr Words clearcolourswords = {"togli i colori", "clear colours"};
 constexpr Words cleardescription  = {"toglie tutti i colori e non dipinge più", "takes all colours away and paints no more"};
 
-// ---- what there is one of -------------------------------------------------------------------------------
+// ---- single controls ------------------------------------------------------------------------------------
 
 struct BoxRow { const Box* box; Words name, description; };
 const BoxRow boxrows[] = {
@@ -128,7 +128,7 @@ const ControlRow controlrows[] = {
 
     {&frmlivello::Command1, {"carica schema", "load puzzle"}, {"mette lo schema selezionato sulla scacchiera", "puts the selected puzzle on the board"}},
     {&frmlivello::Command2, {"precedente", "previous"},       {"lo schema prima, più difficile", "the puzzle before, a harder one"}},
-    {&frmlivello::Command3, {"successivo", "next"},           {"lo schema dopo, più facile", "the puzzle behind, an easier one"}},
+    {&frmlivello::Command3, {"successivo", "next"},           {"lo schema dopo, più facile", "the puzzle after it, an easier one"}},
     {&frmlivello::Command4, {"ultimo record", "last puzzle"}, {"lo schema più facile del livello", "the easiest puzzle of the level"}},
     {&frmlivello::Command5, {"primo record", "first puzzle"}, {"lo schema più difficile del livello", "the hardest puzzle of the level"}},
 };
@@ -148,9 +148,9 @@ constexpr Words pausetimer            = {"ferma il tempo", "pause timer"};
 constexpr Words pausetimerdescription = {"spia rossa: il tempo corre", "red lamp: the clock runs"};
 // clang-format on
 
-// ---- saying it ------------------------------------------------------------------------------------------
+// ---- putting it together --------------------------------------------------------------------------------
 
-/// The words of a colour; none of white, which is the resting state.
+/// The words of a colour; none for white, the normal state.
 const Words* colourwords(Colour colour) {
   const auto* row = std::find_if(std::begin(colours), std::end(colours),
                                  [colour](const ColourRow& known) { return known.colour == colour; });
@@ -170,7 +170,7 @@ bool markseen(int index) {
   return candidate(index).visible && !Text1(index / 10).visible;
 }
 
-/// The digits of a cell's marks that can be seen and pass the test, as "1 3 9".
+/// The digits of the visible marks of a cell that pass the test, as "1 3 9".
 template <class Test>
 std::string seenmarks(int cell, Test test) {
   std::string digits;
@@ -187,7 +187,8 @@ std::string ground(Colour colour) {
   return words == nullptr ? "" : say(painted, hole("colour", inlanguage(*words)));
 }
 
-// The text colour tells a given from an entry, to the eye too: on a board typed in by hand all are givens.
+// The text colour distinguishes givens from entries, as it does for the eye: on a board typed in by hand all
+// are givens.
 std::string digitwords(int cell) {
   const Box& box = Text1(cell);
   const bool digit = box.text.size() == 1 && box.text[0] >= '1' && box.text[0] <= '9';
@@ -219,7 +220,7 @@ std::string cellwords(int cell) {
   return (box.text.empty() ? atcell(emptycell, cell) : digitwords(cell)) + ground(box.back);
 }
 
-/// What the table says of a thing; nothing of a thing that it doesn't know.
+/// The words of the table for a control; empty if it isn't in the table.
 template <class Rows, class Row, class Thing>
 Telling spokenby(const Rows& rows, const Thing* Row::*which, const Thing& thing) {
   for (const Row& row : rows)

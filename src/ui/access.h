@@ -1,6 +1,5 @@
-// What is said of the things on the screen to who can't see them: a name and a description for each, in the
-// language in force. They tell what can be seen and no more: marks that the program hides, or that a digit
-// box covers, are not told.
+// What a screen reader says of the controls: a name and a description for each, in the language in force.
+// They cover only what can be seen: marks that the program hides, or that a digit box covers, are left out.
 #pragma once
 
 #include <string>
@@ -14,8 +13,8 @@ struct Telling {
   bool operator==(const Telling&) const = default;
 };
 
-/// A cell as it stands: "cell r4c5, digit 7, given", "cell r4c5, empty, candidates 1 3 9; 3 in green". It is
-/// the name of Text1, and while that is hidden also of Text2.
+/// A cell: "cell r4c5, digit 7, given", "cell r4c5, empty, candidates 1 3 9; 3 in green". This is the name of
+/// Text1, and while that is hidden also of Text2.
 Telling spokencell(int cell);
 Telling spokenground(int cell);  ///< Text2
 Telling spokenmark(int index);   ///< a pencil mark
@@ -26,7 +25,7 @@ Telling spokennumber(int n);  ///< Label4: of rows, then of columns
 Telling spokenlevel(int n);   ///< of the library browser
 Telling spokenpreview(int cell);
 
-/// Everything else that is a box or control of its own. One that the tables don't know has no name.
+/// Every other box or control. One that isn't in the tables has no name.
 Telling spoken(const Box& box);
 Telling spoken(const Control& control);
 

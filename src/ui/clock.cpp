@@ -13,15 +13,15 @@ namespace gradino {
 namespace {
 
 // Seconds since midnight, or counts of seconds.
-double timerinizio = 0;  // the clock's reading at the last start or pause
-double timeradesso = 0;  // the reading at the last tick
+double timerinizio = 0;  // the time at the last start or pause
+double timeradesso = 0;  // the time at the last tick
 double timerbase = 0;    // the seconds counted before the last start
 
 constexpr int minute = 60, hour = 3600;
 
 }  // namespace
 
-// The lamp tells the state: red means that the clock is running.
+// The lamp shows the state: red means that the clock is running.
 void picstart_Click() {
   timerinizio = timeradesso = host.clock();
   if (frmmain::picstartlamp == Lamp::rosso) {
@@ -30,7 +30,7 @@ void picstart_Click() {
     frmmain::picstartlamp = Lamp::verde;
   } else {
     frmmain::picstartlamp = Lamp::rosso;
-    // A plain reading of the box: after a pause at "1m 5s" the clock resumes from 1.
+    // Only the leading number of the box: after a pause at "1m 5s" the clock resumes from 1.
     timerbase = static_cast<double>(std::strtol(frmmain::tempotot.text.c_str(), nullptr, 10));
     frmmain::picstart.tip = "pause timer ";
     timer2on = true;
@@ -42,8 +42,8 @@ void Picture2_Click() {
   picstart_Click();
 }
 
-// Exactly 60 and exactly 3600 seconds keep the plain form. Past midnight the reading falls back to 0, and the
-// time with it.
+// Exactly 60 and exactly 3600 seconds keep the short form. At midnight the time of day, and with it the time
+// shown, falls back to 0.
 void Timer2_Timer() {
   timeradesso = host.clock();
   const int e = static_cast<int>(timerbase) + static_cast<int>(std::floor(timeradesso - timerinizio));

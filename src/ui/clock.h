@@ -1,10 +1,10 @@
-// The solving clock: started and paused by picstart, reset by Picture2, and by itself off when the board is
-// full. No load of a puzzle touches it.
+// The solving clock: started and paused by picstart, reset by Picture2, and stopped when the board is full.
+// Loading a puzzle doesn't affect it.
 #pragma once
 
 namespace gradino {
 
-/// Timer2: while on, whoever shows windows calls Timer2_Timer every 1000 ms.
+/// Timer2: while on, ui/qt calls Timer2_Timer every 1000 ms.
 inline constinit bool timer2on = false;
 
 void picstart_Click();

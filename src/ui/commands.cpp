@@ -57,8 +57,8 @@ bool solve() {
   return true;
 }
 
-/// The digits on the board and what they rule out, put back when it ends: a count leaves in the tables what
-/// its search ended on, and the user works on with the board.
+/// Restores the digits on the board and what they rule out: a count leaves the last state of its search in
+/// the tables, and the user goes on with the board.
 class KeptDigits {
  public:
   KeptDigits() = default;
@@ -74,7 +74,7 @@ class KeptDigits {
   const decltype(usedmask) used_ = usedmask;
 };
 
-/// A command that never refuses.
+/// An action from a command that never refuses.
 template <void (*command)()>
 bool run() {
   command();
@@ -87,14 +87,14 @@ bool savekey() {
   return true;
 }
 
-/// Techniques from the menu: one after the other, whatever the first did.
+/// Techniques from the menu: one after the other, whatever the first one did.
 template <const Technique&... technique>
 void eachof() {
   (technique.step(), ...);
 }
 
-/// Techniques from the toolbar: each only if the one before found nothing. Not every technique clears
-/// foundflag itself, and what an earlier command found is none of this one's.
+/// Techniques from the toolbar: each only if the one before found nothing. foundflag is cleared first, as not
+/// every technique clears it itself.
 template <const Technique&... technique>
 bool untilfound() {
   foundflag = false;

@@ -34,8 +34,8 @@ std::span<const MenuRow> menurows();
 std::span<const KeyRow> toolbar1rows();
 std::span<const KeyRow> toolbar2rows();
 
-/// The clicks. Toolbar1 refuses during a wait, but for the keys that only change the view; Toolbar2 refuses
-/// always, and turns the pencil marks on after a command that ran to its end.
+/// The clicks. During a wait Toolbar1 refuses all keys but those that only change the view, and Toolbar2
+/// refuses all; Toolbar2 turns the pencil marks on after each command that was not refused.
 void Toolbar1_ButtonClick(const KeyRow& row);
 void Toolbar2_ButtonClick(const KeyRow& row);
 
@@ -44,8 +44,8 @@ void mnuactivity_Click();
 void mnunumber_Click();
 void mnusolve_Click();
 
-/// The key `conta`: counts the solutions of the givens and reports; the board stays as it stands. False: it
-/// was full.
+/// The key `conta`: counts the solutions of the givens and shows the number; the board doesn't change. False:
+/// it is full.
 bool countsolutions();
 
 /// Writes the givens back into all digit boxes.
@@ -57,11 +57,11 @@ void cmdimpossibili_Click();
 /// The hidden test button: XY-chains.
 void Cmdtest_Click();
 
-/// Sends the window as it is drawn to the default printer.
+/// Prints the window on the default printer.
 void mnuprint_Click();
 
-/// The hidden button of an earlier layout of the pencil marks: it would make boxes anew that exist already.
-/// The failure is told, and the program ends.
+/// A hidden button that was used to lay out the pencil marks: it makes boxes that exist already. The failure
+/// is shown in a message, and the program ends.
 void cmdnice_Click();
 
 /// A double click on Frame1: shows or hides the hidden tools.

@@ -22,7 +22,7 @@ constexpr Words lightwaits = {"per procedere, cliccare sul semaforo verde",
 constexpr Words tipedit = {"modifica candidati", "edit pencil marks"};
 constexpr Words tipfreeze = {"blocca candidati", "freeze pencil marks"};
 
-/// How far before and after the clicked cell, in cell numbers, the pointer may go with the ring still open.
+/// How far the pointer may move from the clicked cell, in cell numbers, before the ring closes.
 constexpr int ringreach = 11;
 
 void showring(bool visible) {
@@ -94,7 +94,7 @@ void Picture1_Click(int digit) {
   showring(false);
 }
 
-// The test is on the cell numbers, not on the distance on the screen.
+// The test uses the cell numbers, not the distance on the screen.
 void cell_MouseMove(int cell) {
   if (cell < cellacliccata - ringreach || cell > cellacliccata + ringreach) showring(false);
 }

@@ -21,7 +21,7 @@
 namespace gradino {
 namespace {
 
-// The words speak of saving although a file was opened.
+// It says saving, though it is about opening.
 constexpr Words openfailed = {"errore nel salvataggio", "error on saving process"};
 constexpr const char* newpuzzle = "nuovo schema";  // in both languages
 
@@ -54,8 +54,7 @@ void openpuzzle() {
     readcommas(file);
     file.close();
     frmmain::filetxt.text = name;
-    // Runs into the failure test with no failure pending, which reports one; suppresschange and bkglabel
-    // stay.
+    // Reports a failure though there is none; suppresschange and bkglabel stay set.
     return host.message(std::string(inlanguage(openfailed)));
   }
   scanfile(file);

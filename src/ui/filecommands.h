@@ -1,10 +1,10 @@
-// The commands that open, save and begin a puzzle: between the file dialog, the board, the counter and the grader.
+// The commands open, save and new: from the file dialog to the board, the counter and the grader.
 #pragma once
 
 namespace gradino {
 
-/// Asks for a name, loads the puzzle, counts and grades it. Any failure ends in a message; opening an
-/// empty name (a dialog cancelled at first use) is silent. Nothing is rolled back.
+/// Asks for a name, loads the puzzle, counts and grades it. Any failure ends with a message; opening an empty
+/// name (a dialog cancelled at first use) is silent. Nothing is rolled back.
 void mnuopen_Click();
 
 /// Asks for a name, writes what the boxes hold, and takes it as a freshly entered puzzle: everything on

@@ -5,11 +5,11 @@
 
 namespace gradino {
 
-/// The program's folder; the library is found from there. Empty: no library.
+/// The folder of the program, from which the library is found. Empty: no library.
 inline std::string apppath;
 
-/// Everything as in a program just started, and the main window's load: boxes, tables, English. Can be run
-/// again at any time for a fresh start.
+/// Puts everything into the state of a program just started and loads the main window: boxes, tables,
+/// English. May be called again at any time for a fresh start.
 void startprogram();
 
 }  // namespace gradino

@@ -25,7 +25,7 @@ void freshcells() {
   for (int cell = 0; cell < 81; ++cell)
     for (int digit = 1; digit <= 9; ++digit)
       candidate(cell * 10 + digit) = panelbox(std::to_string(digit).c_str());
-  candidate(0) = panelbox("8");  // the template that the others were made from
+  candidate(0) = panelbox("8");  // the template of the others
 }
 
 void freshpanel() {
@@ -38,7 +38,7 @@ void freshpanel() {
   bkglabel = {.text = "bkg", .visible = false};  // shown while a puzzle is being loaded
 }
 
-// Until the first record is loaded each shows its own name.
+// Until the first record is loaded, each shows its own name.
 void freshbound() {
   txtprogressivo = panelbox("Text3");
   txtstringa = panelbox("txtstringa");

@@ -1,5 +1,5 @@
-// The windows as plain data. A box is a record, and routines read the board back from the boxes; whoever
-// shows windows (ui/qt) copies what changed when it gets its turn, whoever plays or records them just looks.
+// The windows as plain data. A box is a record, and routines read the board back from the boxes. ui/qt copies
+// changed boxes to the screen when it gets its turn; tests and gradino-cli just read them.
 #pragma once
 
 #include <string>
@@ -28,11 +28,11 @@ struct Control {
   bool operator==(const Control&) const = default;
 };
 
-/// What a picture that changes shows now.
+/// The states of pictures that change.
 enum class Flag { it, uk };
 enum class Lamp { verde, rosso };
 
-/// The file dialog. It keeps the name of its last use.
+/// The file dialog. It keeps the name that was chosen last.
 struct CommonDialog {
   std::string filter;  ///< "words|patterns|words|patterns..."
   std::string filename;
@@ -64,16 +64,15 @@ inline Table<Control, 0, 9> Picture1{"Picture1"};         ///< the ring of digit
 inline Table<Box, 0, 8> colore{"colore"};                 ///< the palette
 // clang-format on
 
-/// The box that the program itself gave the input focus to last: whoever shows windows moves the focus there
-/// and clears the request.
+/// The box that is to get the input focus: ui/qt moves the focus there and clears the request.
 struct Focus {
   enum class On { nothing, text1, text2 } on = On::nothing;
   int cell = 0;
 };
 inline Focus focusrequest;
 
-/// Where the window stands on the screen, kept up to date by whoever shows it; head is as much of its height
-/// as title, menu and toolbars take.
+/// The position of the window on the screen, kept up to date by ui/qt; head is the height of title, menu and
+/// toolbars.
 inline int left = 0, top = 0, width = clientwidth, head = 0;
 
 }  // namespace frmmain
@@ -92,7 +91,7 @@ namespace frmactivity {
 inline std::string caption;
 inline bool visible = false;
 inline int left = 0, top = 0;
-inline bool placed = true;  ///< false: left and top were set anew, and whoever shows windows moves it there
+inline bool placed = true;  ///< false: left and top have changed, and ui/qt has to move the window
 inline Box Text3;
 }  // namespace frmactivity
 
@@ -103,13 +102,13 @@ inline bool visible = false;
 inline Box Text1;
 }  // namespace frmgeneratore
 
-/// A window that the generator closes and nobody opens.
+/// A window that the generator closes, but that is never opened.
 namespace frmprogress {
 inline bool visible = false;
 inline Box Text1;
 }  // namespace frmprogress
 
-/// Every box of every window as in a program just started, before the main window's load.
+/// Every box of every window as in a program just started, before the main window is loaded.
 void freshboxes();
 
 }  // namespace gradino

@@ -5,8 +5,8 @@
 namespace gradino {
 namespace {
 
-// There is deliberately no look at what the cell held before: overwriting one digit by another counts one
-// more filled cell, and emptying a box whose text was no number counts one less.
+// What the cell held before is deliberately ignored: overwriting a digit with another one counts one more
+// filled cell, and emptying a box whose text was no number counts one less.
 void text1changed(int cell) {
   cellvalue(cell) = leadingnumber(frmmain::Text1(cell).text);
   rebuildusedmask();
@@ -23,7 +23,7 @@ void text1changed(int cell) {
   rebuildpositions();
 }
 
-// The text stands in candstr as it was typed, whatever other characters it holds.
+// candstr takes the text as typed, including any other characters.
 void text2changed(int cell) {
   const std::string& text = frmmain::Text2(cell).text;
   candmask(cell) = 0;
@@ -43,7 +43,8 @@ void writetext1(int cell, std::string_view text) {
   try {
     text1changed(cell);
   } catch (Fault& fault) {
-    if (!fault.cell) fault.cell = cell;  // another one may be told already: each change looks at all of them
+    if (!fault.cell)
+      fault.cell = cell;  // it may name another cell already, since each change looks at all cells
     throw;
   }
 }
@@ -57,7 +58,7 @@ void writetext2(int cell, std::string_view text) {
 
 void updatetext2() {
   for (int cell = 0; cell < cellcount; ++cell) {
-    frmmain::Text2(cell).text.clear();  // a repaint is no edit: marks under edit elsewhere are not lost by it
+    frmmain::Text2(cell).text.clear();  // a repaint is no edit: marks being edited elsewhere are not lost
     unsigned open = 0;
     for (const char sign : candstr(cell))
       if (sign >= '1' && sign <= '9') open |= 1U << (sign - '0');

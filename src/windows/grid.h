@@ -17,10 +17,10 @@ inline constinit bool modificacandidati = false;
 /// The palette colour now chosen, 0 for none.
 inline constinit Colour colorescelto = 0;
 
-/// Writes a cell's digit box, as the program or the user does. The same text: nothing. Otherwise the box
-/// takes it, becomes visible if there is something to see, and unless suppresschange is set the tables
-/// follow: value, masks, counts, pencil marks, positions. This is how the main window places a digit. Fault:
-/// a number above 9, filledcount below 0.
+/// Writes the digit box of a cell, for the program or the user. If the text is new, the box takes it and
+/// becomes visible unless it is empty, and the tables follow unless suppresschange is set: value, masks,
+/// counts, pencil marks, positions. This is how the main window places a digit. Fault: a number above 9,
+/// filledcount below 0.
 void writetext1(int cell, std::string_view text);
 
 /// Writes a cell's pencil-mark box. While modificacandidati is set the tables follow.
@@ -40,16 +40,16 @@ void showdeletions();
 /// Sets the background of every cell box and pencil mark to white.
 void clearcolours();
 
-/// Shows filledcount and the rest in txtesposti and txtvuoti.
+/// Shows the numbers of filled and empty cells in txtesposti and txtvuoti.
 void showcounts();
 
-/// The rebuilds after the board's digits changed wholesale: eliminations are forgotten.
+/// Rebuilds all tables from the digits of the board: eliminations are forgotten.
 void rebuildwhole();
 
 /// Puts the board back to the givens. The boxes of given cells keep their text.
 void restoregivens();
 
-/// Reads the board afresh from the givens: values and filledcount, shown. The boxes stay.
+/// Reads the values from the givens again, and shows the counts. The boxes stay.
 void loadgivens();
 
 }  // namespace gradino

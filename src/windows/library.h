@@ -1,6 +1,6 @@
-// The one record cursor of the puzzle library as the rest of the program sees it: boxes bound to fields, and
-// the few acts that move the cursor and write the boxes back. The store stands behind the functions; without
-// one they do nothing, and no record is found.
+// The only record cursor of the puzzle library, as the rest of the program sees it: boxes bound to fields,
+// and the few operations that move the cursor and write the boxes back. The store installs the functions;
+// without one they do nothing, and no record is found.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@
 
 namespace gradino {
 
-/// The store can't do what was asked; what() tells the user, in the language in force.
+/// The store can't do what was asked; what() is the message for the user, in the language in force.
 struct LibraryFailure : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
@@ -20,28 +20,28 @@ struct LibraryFailure : std::runtime_error {
 /// True while a record of the library is on show.
 inline constinit bool libraryrecordopen = false;
 
-/// What a record is known by, wherever the order of a query puts it.
+/// Identifies a record, whatever its position in a query.
 struct Bookmark {
   std::int64_t key = 0;
   std::string stringa;
 };
 
-/// Each act throws LibraryFailure when the store can't do it.
+/// Each operation throws LibraryFailure when the store fails.
 struct Cursor {
-  /// Makes sure that the library can be used, and tells once what its opening has to tell.
+  /// Makes sure that the library can be used, and shows, once, the messages of its opening.
   std::function<void()> need = [] {};
-  /// Makes the records of a query, in its order, the cursor's records, and shows the first.
+  /// Runs a query: its records, in its order, become the records of the cursor, and the first is shown.
   std::function<void(const std::string& sql)> query = [](const std::string&) {};
   std::function<void()> movelast = [] {};
-  /// How many records the store now has for the query.
+  /// The number of records that the query has now.
   std::function<int()> recordcount = [] { return 0; };
-  /// Shows the record at a position from 0 in the bound boxes.
+  /// Shows the record at a position, counted from 0, in the bound boxes.
   std::function<void(int position)> moveto = [](int) {};
   /// The record on show.
   std::function<Bookmark()> bookmark = [] { return Bookmark{}; };
-  /// Shows that record again, as it now is.
+  /// Shows this record, with its current content.
   std::function<void(const Bookmark&)> movetobookmark = [](const Bookmark&) {};
-  /// Its position in the query, as that now is; -1: it isn't among the records.
+  /// Its current position in the query; -1: it isn't among the records.
   std::function<int(const Bookmark&)> position = [](const Bookmark&) { return -1; };
   std::function<void()> edit = [] {};    ///< opens the current record for changes
   std::function<void()> update = [] {};  ///< writes the bound boxes into it
@@ -51,12 +51,13 @@ struct Cursor {
 };
 inline Cursor Data1;
 
-/// Called when this program has stored something: what is shown of a query's records may be out of date.
+/// Called when this program has stored something: what is shown of the records may be out of date.
 inline std::function<void()> listchanged = [] {};
 
 namespace frmmain {
-// What they are bound to: livello, difficolta, dettaglio, stringa, numeri, supersimmetrico, tempo. None is
-// ever visible. txtprogressivo and liv(0) to liv(21) are bound too: to progressivo, and to f1 (twice) to f21.
+// What they are bound to: livello, difficolta, dettaglio, stringa, numeri, supersimmetrico, tempo. None of
+// them is ever visible. txtprogressivo and liv(0) to liv(21) are bound too: to progressivo, and to f1 (twice)
+// to f21.
 inline Box testolivello, txttotale, txtdettaglio, txtstringa, txtnumeri, txtsuper, tempo;
 }  // namespace frmmain
 

@@ -12,8 +12,8 @@ void mnupencil_Click();
 /// Turns the pencil marks on, unless they are.
 void showpencilmarks();
 
-/// How often the display was set: whoever toggles it for a while finds out whether it was meanwhile set
-/// by somebody else.
+/// How often the pencil marks were switched: who toggles them temporarily can tell whether something else has
+/// switched them meanwhile.
 inline constinit int pencilclicks = 0;
 
 }  // namespace gradino

@@ -44,17 +44,17 @@ constexpr Words nograde = {" Lo schema resta, ma non è stato possibile valutarl
 constexpr Words written = {" Il file \"{file}\" è stato scritto comunque.",
                            " The file \"{file}\" was written all the same."};
 
-// For whoever looks into it.
+// For the developer.
 constexpr Words behindbounds = {" (tabella {name} da {low} a {high}, indice {value}, in {place})",
                                 " (table {name} {low} to {high}, index {value}, in {place})"};
 constexpr Words behindoverflow = {" (contatore {name} da {low} a {high}, valore {value}, in {place})",
                                   " (counter {name} {low} to {high}, value {value}, in {place})"};
 
-/// What a full table or counter means. One name may stand for several, told apart by the routine.
+/// What a full table or counter means. Several may have the same name; then the routine distinguishes them.
 struct Meaning {
   std::string_view name, place;
   Words words;
-  const Words& end;  ///< where no grade was lost by it
+  const Words& end;  ///< if no grade was lost
 };
 
 // clang-format off
@@ -130,7 +130,7 @@ const Meaning unknown = {
     {"È stato raggiunto un limite interno del programma.", "An internal limit of the program was reached."},
     ended};
 
-/// What was typed into the fault's cell and can't be a digit, if that is what happened.
+/// What was typed into the cell of the fault, if that is why it isn't a digit.
 const Words* typed(const Fault& fault) {
   if (!fault.cell) return nullptr;
   if (fault.name == "bitvalue") return fault.value < 100 ? &twodigits : &moredigits;

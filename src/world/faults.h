@@ -1,4 +1,4 @@
-// What a fault means to whoever uses the program, and what was behind it.
+// What a fault means to the user, and where it comes from.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace gradino {
 
-/// What happened and what to do about it, in the language in force and in one line; then, in brackets, table,
-/// index and routine for whoever looks into it. A file that can't be read or written has no table behind it.
+/// What happened and what to do about it, in one line in the language in force; then, in brackets, table,
+/// index and routine for the developer. A file that can't be read or written has no table.
 std::string faulttext(const Fault& fault);
 
 }  // namespace gradino

@@ -1,5 +1,5 @@
-// The narrow door to the world: all that the program asks of whoever runs it. Three hosts exist, and none
-// knows another: the window, the scripted player of the tests, the console program.
+// The interface to the outside: all that the program needs from its host. There are three hosts, independent
+// of each other: the window, the scripted player of the tests, the console program.
 #pragma once
 
 #include <functional>
@@ -15,18 +15,19 @@ struct Host {
   std::function<void()> runevents = [] {};
   /// Repaints the windows without letting events run.
   std::function<void()> repaint = [] {};
-  /// Sleeps until an event has come, and lets it run. A wait without a player would never end.
+  /// Sleeps until there is an event, and lets it run. Without a user, a wait would never end.
   std::function<void()> waitevents;
-  /// Shows a message box with an OK button; returns when it was closed.
+  /// Shows a message box with an OK button; returns when it is closed.
   std::function<void(const std::string& text)> message = [](const std::string&) {};
-  /// The file dialogs. They change dialog.filename only when a name was chosen.
+  /// The file dialogs. They change dialog.filename only if a name is chosen.
   std::function<void(CommonDialog& dialog)> showopen = [](CommonDialog&) {};
   std::function<void(CommonDialog& dialog)> showsave = [](CommonDialog&) {};
   /// Seconds since midnight.
   std::function<double()> clock = [] { return 0.0; };
-  /// A uniform real, 0 included, 1 not.
+  /// A uniformly distributed number from 0 up to 1, exclusive.
   std::function<double()> random = systemrandom;
-  /// Sends a picture of the main window to the default printer. Throws std::runtime_error with the words.
+  /// Sends a picture of the main window to the default printer. Throws std::runtime_error with a message for
+  /// the user.
   std::function<void()> print = [] {};
   /// Ends the program, as closing the main window does.
   std::function<void()> quit = [] {};
@@ -34,7 +35,7 @@ struct Host {
 
 inline Host host;
 
-/// Nobody may be there: while set, a message box is shown without waiting for its user.
+/// While set, a message box is shown without waiting for the user, who may not be there.
 inline constinit bool unattended = false;
 
 }  // namespace gradino

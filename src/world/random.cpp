@@ -5,8 +5,7 @@
 namespace gradino {
 namespace {
 
-/// The upper 53 bits as a fraction: below 1 whatever they are, which the library's own mapping doesn't
-/// promise.
+/// The upper 53 bits as a fraction: always below 1, which the library's own distribution doesn't guarantee.
 double fraction(std::mt19937_64& engine) {
   return static_cast<double>(engine() >> 11) * 0x1p-53;
 }

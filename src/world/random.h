@@ -1,4 +1,4 @@
-// Chance: a stream of uniform reals.
+// Streams of random numbers.
 #pragma once
 
 #include <cstdint>

@@ -16,8 +16,8 @@ const Hole& holenamed(std::string_view name, std::initializer_list<Hole> holes) 
 
 }  // namespace
 
-// A grade says a hundred sentences, and a general formatter took a third of an easy grade's time for them.
-// There is always room for the words still to come, so that only a filling asks for it.
+// A grade writes a hundred sentences, and a general formatter took a third of the time of an easy grade for
+// them. There is always room for the words still to come, so that only the text of a hole may need more.
 std::string filled(std::string_view sentence, std::initializer_list<Hole> holes) {
   std::string text(sentence.size(), ' ');
   std::size_t length = 0;

@@ -1,10 +1,10 @@
-// Sentences. Each stands once, whole, Italian above English, with named holes, at the head of the file that
-// says it:
+// Sentences. Each is written once, whole, Italian above English, with named holes, at the head of the file
+// that uses it:
 //
 //   constexpr Words headline = {"naked single nella cella {cell}", "naked single in cell {cell}"};
 //   txthint.text = say(headline, incell(cell));
 //
-// The language is read at the moment of speaking.
+// The language is the one in force when a sentence is used.
 #pragma once
 
 #include <concepts>
@@ -51,7 +51,8 @@ inline std::string_view inlanguage(const Words& words) {
   return lingua == italian ? words.it : words.en;
 }
 
-/// A sentence with its holes filled. A hole that nobody fills is a slip of its writer: std::logic_error.
+/// A sentence with its holes filled. Throws std::logic_error if a hole is left open, which is a programming
+/// error.
 std::string filled(std::string_view sentence, std::initializer_list<Hole> holes);
 
 /// The sentence in the language in force, its holes filled.

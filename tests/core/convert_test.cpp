@@ -129,7 +129,7 @@ TEST(Convert, WhatIsNoPuzzleIsRefusedWithItsLine) {
   starts("<opensudoku version=\"9\"/>", "1: <opensudoku> of version 9");
   starts("<other/>", "1: an element <other>");
   starts("<opensudoku>\n\n<game", "3: no XML");
-  starts("<opensudoku/>\n\n<opensudoku/>", "3: more behind the end of the XML");
+  starts("<opensudoku/>\n\n<opensudoku/>", "3: more after the end of the XML");
   starts("{\n\"cells\": [5]}", "2: entry 1 of \"cells\"");
   starts("{\"cells\": [],\n\"cells\": [\n5]}", "3: entry 1 of \"cells\"");
   starts("{\n\"other\": [1e999]}", "2: a number out of range");

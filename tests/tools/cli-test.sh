@@ -35,7 +35,7 @@ run() {
   same "output of: ${wanted[*]:3}" "$(<out.txt)" "$2"
   same "errors of: ${wanted[*]:3}" "$(<err.txt)" "$3"
 }
-# Nothing but what was there before.
+# Only the files that were there before.
 nothingnew() { same "files beside: $1" "$(ls here)" ""; }
 refused() {
   run 1 "" "$data/$1" "$cli" convert -o here "$data/${1%%:*}"
@@ -94,7 +94,7 @@ echo "cli-test: convert refuses"
 refused "exchange/long-line.sdm:3: not a puzzle's line: $expected"
 refused "exchange/lent-rows.txt:8: a blank or drawn line above this row and 6 rows of its puzzle before it: expected nine rows together, or bands of three, or each row alone"
 refused 'exchange/short-game.opensudoku:5: data of a game: expected 81 of the digits 0-9'
-refused "exchange/followed.opensudoku:6: more behind the end of the XML: expected one element"
+refused "exchange/followed.opensudoku:6: more after the end of the XML: expected one element"
 refused 'exchange/position.json:4: entry 2 of "cells": expected "position": [row, column], each 0 to 8'
 refused "exchange/utf-16.txt:1: a control character: expected a text, in UTF-8 or of single bytes"
 : >empty.txt
@@ -128,7 +128,7 @@ misread 105 "--stop: Value third not in range 1 to 2147483647" "$cli" walk --sto
 misread 105 "--most: Value 0 not in range 1 to 2147483647" "$cli" library list --most 0
 
 echo "cli-test: what can't be written leaves no half"
-# No file may grow: as on a full disk, but for the error's name. (What measures coverage complains, too.)
+# No file may grow, as on a full disk; only the name of the error differs. (Coverage measurement complains too.)
 full() { (trap '' XFSZ && ulimit -f 0 && "$@" 2>&1 | grep -v ^profiling:); }
 same "a full disk" "$(full "$cli" convert --force -o here "$data/formats/line.txt")" \
   "here/line.sav: can't be written: File too large"
@@ -150,7 +150,7 @@ nothingnew sheet
 run 1 "" "standard output: No space left on device" bash -c "$cli convert --force -o . own.txt >/dev/full"
 
 echo "cli-test: convert keeps going"
-# Line by line: two slips, other words, a clash, an empty puzzle, two marks.
+# Line by line: two mistakes, other words, a clash, an empty puzzle, two marks.
 clash=44${puzzle:2}
 lines "$puzzle" "${puzzle%?}" "$turned" "Grid two" "$clash" "$turned" "${puzzle//[1-9]/.}" "${puzzle/./x}" >slips.sdm
 run 1 "" "slips.sdm:2: not a puzzle's line: $expected" "$cli" convert -o here slips.sdm
@@ -161,7 +161,7 @@ run 1 "here/slips.sdm" "$(lines "slips.sdm:2: not a puzzle's line: $expected" \
   "slips.sdm:7: the puzzle that begins here is empty: expected a digit at least")" \
   "$cli" convert --keep-going --to sdm -o here slips.sdm
 same "what is left of the slips" "$(tr -d '\r' <here/slips.sdm)" "$(lines "$puzzle" "$turned" "$turned")"
-# Rows: one with a slip in it, and one that is missing.
+# Rows: one with a mistake, and one missing.
 rows() { fold -w9 <<<"$1" | sed "$2"; echo; }
 { rows "$puzzle" ""; rows "$turned" "3s/./o/"; rows "$turned" ""; } >rows.txt
 run 1 "here/rows.sdm" "rows.txt:13: not a puzzle's line: $expected" \
@@ -230,19 +230,19 @@ solution=$("$cli" grade --json hard.sdm | sed -n '13s/.*"solution": *"\([1-9]*\)
 same "the last solution" "$(words -f 6 -l 6 en.pdf | tr -dc '0-9')" "13${solution}6"
 cp "$data/../../library/schemigenerati.mdb" .
 run 0 "" "" "$cli" sheet --library schemigenerati.mdb --from-library 5:3 -o library.pdf
-# The longest caption above the smallest grids, which stand from 77 to 258 and from 354 to 535.
+# The longest caption above the smallest grids, which reach from 77 to 258 and from 354 to 535.
 run 0 "" "" "$cli" sheet --library schemigenerati.mdb --from-library 14:6 --per-page 6 --paper Letter --lang it -o narrow.pdf
 wide=$(pdftotext -bbox narrow.pdf - | sed -n 's/.*xMin="\([0-9.]*\)" yMin="\([0-9.]*\)" xMax="\([0-9.]*\)".*/\1 \2 \3/p' |
   awk '$2 < 750 && $3 > ($1 < 306 ? 258 : 535)')
 same "what is wider than its grid" "$wide" ""
 same "levels from the library" "$(words library.pdf | grep -o 'level [0-9]*')" "$(lines "level 5" "level 5" "level 5")"
-# What follows the level is a file, and another level wants the option again.
+# An argument after the level is a file, and another level needs the option again.
 run 0 "" "" "$cli" sheet --library schemigenerati.mdb --from-library 5:3 "$data/formats/line.txt" -o library.pdf
 same "puzzles of the library and of a file" "$(words library.pdf | grep -o 'level [0-9]*')" \
   "$(lines "level 5" "level 5" "level 5" "level 1")"
 run 0 "" "" "$cli" sheet --library schemigenerati.mdb --from-library 5 --from-library 3:1 -o library.pdf
 same "levels from the library" "$(words library.pdf | grep -o 'level [0-9]*')" "$(lines "level 5" "level 5" "level 3")"
-# A puzzle without a grade is called what it is, on the page and here.
+# A puzzle without a grade is described as what it is, on the page and here.
 full=$("$cli" grade --json "$data/formats/line.txt" | sed -n 's/.*"solution": *"\([1-9]*\)".*/\1/p')
 impossible=123456...........................7........8.................9....................
 lines "$puzzle" "${puzzle/45/..}" "$impossible" "$full" >odd.sdm
@@ -274,7 +274,7 @@ same "one puzzle" "$(tail -1 out.txt)" \
   "1 puzzle: 1 checked, 0 left out for want of a single solution; 0 contradictions"
 
 echo "cli-test: walks and techniques"
-# An explanation of several waits, each of which adds to it: what it comes to is printed once.
+# An explanation of several waits, each of which adds to it: every part is printed once.
 grep -v -m 40 '^#' "$data/corpus/hard.txt" >explained.sdm
 for language in en it; do
   "$cli" walk --explain --lang $language explained.sdm | grep '^       ' | sort >out.txt
@@ -321,14 +321,14 @@ run 1 "$heading" "$data/exchange/lent-rows.txt:8: a blank or drawn line above th
   "$cli" grade "$data/exchange/lent-rows.txt"
 fold -w9 <<<"$puzzle" | head -8 >eight.txt
 run 1 "$heading" "eight.txt:1: 8 rows from here to line 8: expected nine to a puzzle" "$cli" grade eight.txt
-# Lines of puzzles stay what they are, whatever stands among them.
+# Lines of puzzles are read as such, whatever is between them.
 run 1 "$heading" "short.txt:1: 80 of 81 cells" bash -c "echo ${puzzle%?} >short.txt; $cli grade short.txt"
 lines "Puzzles 2024" "${puzzle%?}" "" "# of 9" "$puzzle" "Grid 2" "$turned" >mixed.txt
 run 1 "$("$cli" grade <<<"$(lines "$puzzle" "$turned")")" "$(lines "mixed.txt:1: 4 of 81 cells" \
   "mixed.txt:2: 80 of 81 cells" "mixed.txt:6: 1 of 81 cells")" "$cli" grade mixed.txt
 "$cli" generate --json -n 3 --seed 5 >made.jsonl
 run 0 "$("$cli" generate -n 3 --seed 5 | awk 'NR > 1 { print $4 }' | "$cli" grade)" "" "$cli" grade made.jsonl
-# What goes wrong is told in the language asked for.
+# Errors are reported in the chosen language.
 italian="attesa una linea di 81 celle, o una riga di nove, ciascuna 1-9 o, se vuota, uno di . 0 x X * _ - ? o uno spazio"
 lines "$puzzle" "o$puzzle" >letter.sdm
 run 1 "$heading" "$(lines "none.txt: impossibile leggere" "short.txt:1: 80 celle su 81" \
@@ -349,18 +349,18 @@ run 1 "$("$cli" techniques boards.jsonl)" "$(lines \
   "standard input:6: not an object with values, cands, solution and nishio")" \
   bash -c "(echo 1; echo 2; cat boards.jsonl; echo 3) | $cli techniques"
 
-echo "cli-test: a puzzle that is more than a table holds is told in one line, in the language asked for"
+echo "cli-test: a puzzle that is too much for a table is reported in one line, in the chosen language"
 lines ..54..2.....3...867...6...5...6.......8..3.1.....8942.....3.8..2.4..1.3..9....... >large.sdm
 fault() { "$cli" grade "$@" large.sdm | sed -n '2s/.*[.]\{6\}  *//p;3,$p'; }
-told() { "$cli" grade --json "$@" large.sdm | sed 's/.*"fault":"\([^"]*\)".*/\1/'; }
+faultof() { "$cli" grade --json "$@" large.sdm | sed 's/.*"fault":"\([^"]*\)".*/\1/'; }
 english="X-colors find more than 61 deletions here, more than can be noted. The board stays, but the puzzle could not \
 be graded. (table xdeletecell 0 to 60, index 61, in recorddeletions)"
 italian="I colori X trovano qui più di 61 eliminazioni, più di quante se ne possano annotare. Lo schema resta, ma non \
 è stato possibile valutarlo. (tabella xdeletecell da 0 a 60, indice 61, in recorddeletions)"
 same "a fault" "$(fault)" "$english"
 same "a fault in Italian" "$(fault --lang it)" "$italian"
-same "a fault in an object" "$(told)" "$english"
-same "a fault in an object, in Italian" "$(told --lang it)" "$italian"
+same "a fault in an object" "$(faultof)" "$english"
+same "a fault in an object, in Italian" "$(faultof --lang it)" "$italian"
 
 echo "cli-test: the library"
 puzzles=library.mdb
@@ -404,7 +404,7 @@ same "with a twin" "$("$cli" library --file csv.mdb export | wc -l)" $((count + 
 run 0 "$(lines "1 row brought over, 0 of them without a puzzle" \
   "1 puzzle was there already and was passed over; --all brings it over too")" "" \
   "$cli" library --file twins.mdb import <(lines "$row" "$row")
-# What a spreadsheet makes of it: other columns first, quotes, a mark ahead, a line break within a cell.
+# The file as a spreadsheet saves it: columns in another order, quotes, a byte order mark, a line break in a cell.
 printf '\xef\xbb\xbflivello,"stringa",dettaglio\r\n5,"%s","1x5, ""so"" - \n1x2 "\r\n' "$puzzle" >sheet.csv
 run 0 "1 row brought over, 0 of them without a puzzle" "" "$cli" library --file sheet.mdb import sheet.csv
 same "a spreadsheet's row" "$("$cli" library --file sheet.mdb export | cut -d, -f 1-5)" \
@@ -458,7 +458,7 @@ for form in "" --csv; do
   "$cli" library --file bytes.mdb export $form >out.txt 2>err.txt || status=$?
   same "status of an export with a strange row" $status 1
   same "rows of an export with a strange row" "$(grep -c "\(x\|[.1-9]\{81\}\)" out.txt)" $((bytes - 1))
-  same "what is told of it" "$(<err.txt)" "row 2 (id 77): left out, its text is not UTF-8"
+  same "the report of it" "$(<err.txt)" "row 2 (id 77): left out, its text is not UTF-8"
 done
 
 echo "cli-test: a library is filled only when it is said how far"
@@ -466,7 +466,7 @@ run 1 "" "gradino-cli: library fill: how many puzzles? Add -n and a number from 
   "$cli" library --file none.mdb fill
 run 1 "" "gradino-cli: library fill: quanti schemi? Aggiungere -n e un numero da 1 a 24000" \
   "$cli" library --lang it --file none.mdb fill
-# As full as a disk gets for a test: room for a file of 12 or 20 blocks of 1024 bytes, and no more.
+# Almost a full disk: files may have 12 or 20 blocks of 1024 bytes, and no more.
 for room in 4 12 20; do
   status=0
   (trap '' XFSZ && ulimit -f $room && exec "$cli" library --file none.mdb fill -n 200 --seed 1 2>err.txt) || status=$?
@@ -515,8 +515,7 @@ script -qec true /dev/null </dev/null >/dev/null 2>&1 || {
   fail "this needs a pseudo-terminal, and there is none here: mount -t devpts devpts /dev/pts"
   exit 1
 }
-# A line when a second is over, which is taken away at the end. How many puzzles take a second is the machine's
-# affair.
+# A line after a second, which is cleared at the end. How many puzzles take a second depends on the machine.
 selftestshown() { script -qec "$cli selftest long.sdm >/dev/null" /dev/null </dev/null || fail "selftest on a terminal"; }
 many=500
 shown=$(selftestshown)
@@ -527,12 +526,12 @@ while [[ -z $shown ]] && ((many < 100000)); do
   shown=$(selftestshown)
 done
 [[ $shown == $'\r\033[Kchecked '*" of $many ("*" %)"*$'\r\033[K' ]] || fail "no progress on a terminal, but: $shown"
-# What is told meanwhile has a line of its own.
+# Other messages get lines of their own.
 (cat long.sdm long.sdm long.sdm long.sdm && echo 123) >short-line.sdm
 shown=$(script -qec "$cli walk short-line.sdm >/dev/null" /dev/null </dev/null) || true
 [[ $shown == $'\r\033[Kwalked '*$'\r\033[Kshort-line.sdm:'$((4 * many + 1))': 3 of 81 cells'* ]] ||
   fail "no line of its own, but: $shown"
-# Rows that are seen on the same terminal push the progress before them.
+# Rows on the same terminal push the progress line down.
 shown=$(script -qec "{ echo $puzzle; sleep 1.2; echo $turned; echo $puzzle; } | $cli grade" /dev/null </dev/null)
 [[ $shown == *$'\r\033[Kgraded 2'* ]] || fail "no progress among rows, but: $shown"
 same "rows with progress" "$(sed $'s/\r\033\\[K\\(graded [0-9]*\\)\\?//g; s/\r$//' <<<"$shown")" \

@@ -1,4 +1,4 @@
-// Screen reader and keyboard before the real window: names, announcements, the way of the Tab key.
+// Screen reader and keyboard in the real window: names, announcements, the Tab order.
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
@@ -59,7 +59,7 @@ QString name(const User& user, const QString& widget) {
   return user.find(widget)->accessibleName();
 }
 
-QString told(QWidget* widget, QAccessible::Text what) {
+QString accessible(QWidget* widget, QAccessible::Text what) {
   return QAccessible::queryAccessibleInterface(widget)->text(what);
 }
 
@@ -88,7 +88,7 @@ QList<QWidget*> things(QWidget* window) {
 
 }  // namespace
 
-// The names cost nothing then: none was worked out.
+// Without a reader the names cost nothing: none is made.
 void Access::nobodylistens() {
   readerlistens = [] { return false; };
   User user;
@@ -124,8 +124,8 @@ void Access::everythinghasaname() {
       const QString own = widget->objectName();
       const bool label = own.startsWith("Label") || own.startsWith("label");  // of the library: text is name
       if (window->objectName() == "frmlivello" && label) continue;
-      QVERIFY2(!told(widget, QAccessible::Name).isEmpty(), qPrintable(own));
-      QVERIFY2(!told(widget, QAccessible::Description).isEmpty(), qPrintable(own));
+      QVERIFY2(!accessible(widget, QAccessible::Name).isEmpty(), qPrintable(own));
+      QVERIFY2(!accessible(widget, QAccessible::Description).isEmpty(), qPrintable(own));
       ++seen;
     }
   QVERIFY2(seen > 81 * 11 + 80, qPrintable(QString::number(seen)));
@@ -169,9 +169,9 @@ void Access::languageswitch() {
 void Access::marks() {
   User user;
   user.open(easypuzzle);
-  QCOMPARE(told(user.find("candidate_24"), QAccessible::Name), "candidate 4 in r1c3");
-  QCOMPARE(told(user.find("candidate_25"), QAccessible::Name), "hidden candidate in r1c3");
-  QCOMPARE(told(user.find("candidate_24"), QAccessible::Description),
+  QCOMPARE(accessible(user.find("candidate_24"), QAccessible::Name), "candidate 4 in r1c3");
+  QCOMPARE(accessible(user.find("candidate_25"), QAccessible::Name), "hidden candidate in r1c3");
+  QCOMPARE(accessible(user.find("candidate_24"), QAccessible::Description),
            "opens the ring of digits for cell r1c3");
   auto* actions = QAccessible::queryAccessibleInterface(user.find("candidate_24"))->actionInterface();
   actions->doAction(QAccessibleActionInterface::pressAction());
@@ -180,7 +180,7 @@ void Access::marks() {
   QCOMPARE(user.find("Picture1_7")->accessibleDescription(), "writes the digit into cell r1c3");
 }
 
-// The sentence of a step when it comes; of an explanation what is new.
+// The sentence of a step when it appears; of an explanation the new part.
 void Access::announcements() {
   User user;
   user.open(easypuzzle);
@@ -207,7 +207,7 @@ void Access::announcements() {
   QCOMPARE(user.asked, 3);
 }
 
-// The boards that a long job shows on its way are not told; what it leaves is.
+// The intermediate boards of a long job are not announced; the final one is.
 void Access::longjobs() {
   User user;
   {
@@ -270,7 +270,7 @@ void Access::taborder() {
   QCOMPARE(user.asked, 1);
 }
 
-// While pencil marks are edited they are the second stop of the board; the Tab key puts them up.
+// While pencil marks are edited they are the second stop of the board; the Tab key opens them.
 void Access::tabreachesmarks() {
   User user;
   user.open(easypuzzle);
@@ -300,7 +300,7 @@ void Access::focusframe_data() {
                             "cmdlan", "picstart", "colore_6", "txthint", "filetxt", "txtesposti", "Text2_2"})
     QTest::newRow(thing) << thing;
 }
-// On the screen, not on a picture taken for the purpose, for which everything would be painted anew.
+// On the screen, not in a grabbed picture, for which everything would be painted anew.
 void Access::focusframe() {
   QFETCH(QString, thing);
   User user;
@@ -308,7 +308,7 @@ void Access::focusframe() {
   user.press("Toolbar1_modifica");
   user.key(Qt::Key_Right);
   user.key(Qt::Key_Right);
-  // How much of the upper and lower edge has the colour of the frame.
+  // The fraction of the upper and lower edge that has the colour of the frame.
   const auto framed = [&] {
     const QRect place(user.find(thing)->mapTo(&user.window(), QPoint()), user.find(thing)->size());
     const QImage seen = user.window()
@@ -337,7 +337,7 @@ QAccessibleEditableTextInterface* pen(const User& user, const QString& box) {
 
 }  // namespace
 
-// It goes the same way as what is typed.
+// Text set by a reader is treated like typed text.
 void Access::textsofareader() {
   User user;
   user.open(easypuzzle);
@@ -366,7 +366,7 @@ void Access::textsofareader() {
   QCOMPARE(candstr(3), std::string("48"));
 }
 
-// Where nobody can type, nobody can write.
+// A reader can't change a read-only box.
 void Access::textsthatnobodytypes() {
   User user;
   user.open(easypuzzle);
@@ -391,7 +391,7 @@ void Access::lightbykeyboard_data() {
     QTest::newRow(qPrintable(QString("toolbar, ") + answer)) << false << answer;
   }
 }
-// A hint asked for by keyboard is answered by keyboard, and the focus is back where it was.
+// A hint requested by keyboard is answered by keyboard, and the focus returns to where it was.
 void Access::lightbykeyboard() {
   QFETCH(bool, menu);
   QFETCH(QString, answer);
@@ -418,7 +418,7 @@ void Access::lightbykeyboard() {
   QCOMPARE(user.window().focusWidget()->objectName(), before);
 }
 
-// Who works with the mouse types on the board while the light waits.
+// With the mouse, the board keeps the keyboard while the light waits.
 void Access::lightbymouse() {
   User user;
   user.open(easypuzzle);
@@ -432,7 +432,7 @@ void Access::lightbymouse() {
   QVERIFY(user.focused("Text1_1"));
 }
 
-// Alt and the letter open the menu: each letter is another one's, in both languages.
+// Alt and the letter open the menu; all letters differ, in both languages.
 void Access::menuletters() {
   User user;
   for (const QString& expected : {QString("fvhtog"), QString("fvstrg")}) {
@@ -459,7 +459,7 @@ void Access::logbykeyboard() {
   auto* log = toplevel("Frmlog")->findChild<QPlainTextEdit*>("Text3");
   QVERIFY(log->isReadOnly());
   log->setFocus();
-  QCOMPARE(log->textCursor().blockNumber(), 0);  // empty, and nobody has pointed at it
+  QCOMPARE(log->textCursor().blockNumber(), 0);  // empty, and not clicked yet
   QTest::keyClick(log, Qt::Key_Return);
   QCOMPARE(user.boxes, QStringList{"no board was kept for this line: there is nothing to go back to"});
   QCOMPARE(user.asked, 0);
@@ -475,8 +475,8 @@ void Access::logbykeyboard() {
   QCOMPARE(user.text("txtesposti"), "31");  // the board just before the second step
 }
 
-// A command that clears the board in the middle of a generation: the display of pencil marks comes back, but
-// a command that sets it has the last word.
+// A command that clears the board in the middle of a generation: the pencil marks are restored, unless the
+// command has set them itself.
 void Access::generatorsdisplay() {
   struct Row {
     const char* command;

@@ -1,5 +1,4 @@
-// Menu, toolbars and loose buttons row by row: words in both languages, guards, and what stands behind each
-// command.
+// Menu, toolbars and loose buttons row by row: words in both languages, guards, and what each command does.
 #include <QAbstractButton>
 #include <QMenu>
 #include <QMenuBar>
@@ -28,8 +27,8 @@ class Bars : public QObject {
   void nothingloadedtosolve();
   void fullboard_data();
   void fullboard();
-  void marksbehind_data();
-  void marksbehind();
+  void marksafter_data();
+  void marksafter();
   void techniques_data();
   void techniques();
   void keyandentrydiffer_data();
@@ -214,7 +213,7 @@ void Bars::everykeywaits() {
   QCOMPARE(user.text("Text1_0"), "5");
 }
 
-// From the menu a step begins inside the wait of another; one answer ends both.
+// The menu starts a step inside the wait of another; one answer ends both.
 void Bars::menuhasnolock() {
   User user;
   user.open(easypuzzle);
@@ -273,12 +272,12 @@ void Bars::fullboard() {
   QVERIFY(!user.menu("mnupencil")->isChecked());  // a refusal doesn't turn them on
 }
 
-void Bars::marksbehind_data() {
+void Bars::marksafter_data() {
   QTest::addColumn<QString>("key");
   for (const char* name : {"open", "new", "libreria", "save", "print", "risolvi", "conta", "undo", "genera"})
     QTest::newRow(name) << QString("Toolbar2_") + name;
 }
-void Bars::marksbehind() {
+void Bars::marksafter() {
   User user;
   user.open(easypuzzle);
   user.choose("mnupencil");
@@ -302,7 +301,7 @@ void Bars::techniques_data() {
   QTest::newRow("cmdimpossibili") << "cmdimpossibili";
 }
 
-// Each is there without a puzzle, says what it found or that there is nothing, and leaves no light behind.
+// Each works without a puzzle, says what it found or that there is nothing, and leaves no light on.
 void Bars::techniques() {
   User user;
   QFETCH(QString, command);

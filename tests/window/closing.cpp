@@ -1,4 +1,4 @@
-// Closing the main window ends the program at once, from whatever depth, with the exit code 0.
+// Closing the main window ends the program at once, at any depth of waits, with the exit code 0.
 #include "boxes.h"
 #include "mainwindow.h"
 #include "menu.h"
@@ -76,7 +76,7 @@ void Closing::inmessagebox() {
   QVERIFY(open);
 }
 
-// What the routine would have done behind the box is not done any more.
+// What the routine would have done after the box is not done.
 void Closing::inmessageboxofopening() {
   User user;
   user.onbox = [&] { user.window().close(); };

@@ -156,7 +156,7 @@ void Commands::conta() {
   user.press("Toolbar2_conta");
   QCOMPARE(user.boxes, QStringList{"no puzzle loaded"});
   user.open(easypuzzle);
-  user.press("Toolbar2_conta");  // one solution: no word
+  user.press("Toolbar2_conta");  // one solution: no message
   QCOMPARE(user.boxes.size(), 1);
   user.open(QByteArray(18, '.') + easysolution.mid(18));
   QCOMPARE(user.boxes.value(1), "More than one solution ");

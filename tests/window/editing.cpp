@@ -1,4 +1,4 @@
-// The user's hand on the board: ring, keys, pencil marks, palette.
+// What the user does on the board: ring, keys, pencil marks, palette.
 #include "editing.h"
 
 #include <QAction>
@@ -100,7 +100,7 @@ void Editing::ringenters() {
   user.press("Text1_40");
   user.press("Picture1_8");
   QCOMPARE(user.text("Text1_40"), "8");
-  QCOMPARE(user.text("txtesposti"), "2");  // what the cell held before takes no part
+  QCOMPARE(user.text("txtesposti"), "2");  // what the cell held before is ignored
 }
 
 void Editing::ringclears() {
@@ -128,9 +128,9 @@ void Editing::ringcloses_data() {
   QTest::addColumn<int>("cell");
   QTest::addColumn<bool>("open");
   QTest::newRow("eleven before") << 29 << true;
-  QTest::newRow("eleven behind") << 51 << true;
+  QTest::newRow("eleven after") << 51 << true;
   QTest::newRow("twelve before") << 28 << false;
-  QTest::newRow("twelve behind") << 52 << false;
+  QTest::newRow("twelve after") << 52 << false;
 }
 void Editing::ringcloses() {
   QFETCH(int, cell);
@@ -193,7 +193,8 @@ void Editing::typinggoestonavcell() {
   QCOMPARE(user.text("txtesposti"), "2");
 }
 
-// A cell that pencil marks cover has the focus, shows it, and takes the digit; the mouse finds the marks.
+// A cell whose pencil marks are visible has the focus, shows it, and takes the digit; the mouse reaches the
+// marks.
 void Editing::coveredcelltakesdigits() {
   User user;
   user.open(easypuzzle);
@@ -209,7 +210,7 @@ void Editing::coveredcelltakesdigits() {
   user.key(Qt::Key_Right);
   user.key(Qt::Key_Down);
   QVERIFY(user.shown("Text1_2"));
-  QVERIFY(!user.find("Text1_3")->isVisible());  // left behind, it is covered again
+  QVERIFY(!user.find("Text1_3")->isVisible());  // left with the focus, it is covered again
 }
 
 void Editing::arrows_data() {
@@ -283,11 +284,11 @@ void Editing::anykeymovesfocus() {
   user.key(Qt::Key_Shift);
   QVERIFY(user.focused("Text1_0"));
   user.press("Text1_36");
-  user.key(Qt::Key_Percent);  // its number is that of the left arrow elsewhere
+  user.key(Qt::Key_Percent);  // its code is that of the left arrow on other systems
   QVERIFY(user.focused("Text1_0"));
 }
 
-// Alt with a letter calls a menu; it doesn't type.
+// Alt with a letter opens a menu; it doesn't type.
 void Editing::altleavesthebox() {
   User user;
   user.key(Qt::Key_Q, Qt::AltModifier);
@@ -299,7 +300,7 @@ void Editing::altleavesthebox() {
   QCOMPARE(user.text("Text1_0"), "");
 }
 
-// Tab leads from the board to the keys, and around back to it.
+// Tab leads from the board to the keys, and finally back to it.
 void Editing::tableaves() {
   User user;
   user.press("Text1_40");
@@ -328,7 +329,7 @@ void Editing::modifica() {
   QCOMPARE(user.find("Toolbar1_modifica")->toolTip(), "edit pencil marks");
 }
 
-// The menu's tool tips are the reverse.
+// The menu sets the opposite tool tips.
 void Editing::mnuedit() {
   User user;
   user.choose("mnuedit");
@@ -372,7 +373,7 @@ void Editing::marksreleased_data() {
   QTest::newRow("key") << "Toolbar1_modifica";
   QTest::newRow("menu") << "mnuedit";
 }
-// Whoever wrote pencil marks goes on with the keys: they go to the cell that the arrow keys reached last.
+// After editing pencil marks, keys go to the cell that the arrow keys reached last.
 void Editing::marksreleased() {
   QFETCH(QString, how);
   const auto turn = [&how](User& user) { how.startsWith("mnu") ? user.choose(how) : user.press(how); };
@@ -390,7 +391,7 @@ void Editing::marksreleased() {
   QCOMPARE(user.text("Text1_2"), "4");
 }
 
-// The menus of the right button speak the language of the moment in which they open.
+// Context menus are in the language in force when they open.
 void Editing::contextmenus() {
   User user;
   user.choose("mnuedit");
@@ -460,7 +461,7 @@ void Editing::palette() {
   QCOMPARE(user.find("main")->grab().toImage().pixelColor(inside), colour);
 }
 
-// Two digits in one cell are more than the tables hold: one message that says so, and the program lives on.
+// Two digits in one cell are more than the tables hold: one message says so, and the program goes on.
 void Editing::fault() {
   User user;
   user.type("12");
@@ -475,7 +476,7 @@ void Editing::fault() {
   QCOMPARE(user.boxes.size(), 1);
 }
 
-// Text that was no number is emptied: the count would fall below nothing.
+// Text that was no number is deleted: the count would fall below 0.
 void Editing::underflow() {
   User user;
   user.type("a");

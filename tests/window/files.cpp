@@ -76,7 +76,7 @@ void Files::openfilter() {
   QCOMPARE(user.suggestions, QStringList{""});
 }
 
-// The words are only shown; what is listed goes by the patterns behind them.
+// The words are only shown; the patterns after them decide what is listed.
 void Files::patterns() {
   User user;
   QStringList listed;
@@ -99,7 +99,7 @@ void Files::keepsitsname() {
   QCOMPARE(user.text("Text1_0"), "5");
 }
 
-// What is typed without a folder lies in the one that the dialog shows; nothing is put behind the name.
+// A name typed without a folder is in the one that the dialog shows; nothing is appended to the name.
 void Files::relativename() {
   User user;
   user.open(easypuzzle);
@@ -136,7 +136,7 @@ void Files::saves() {
   QCOMPARE(user.boxes, QStringList());
 }
 
-// The suggested name is the short form of the steps, blank and all.
+// The suggested name is the short form of the steps, including its final blank.
 void Files::suggestedname() {
   User user;
   user.open(puzzlewithsteps);
@@ -146,7 +146,7 @@ void Files::suggestedname() {
   QCOMPARE(user.bytes("mine.sav"), puzzlewithsteps + "\r\n");
 }
 
-// Whichever dialog used it. What was cancelled used none.
+// The folder last used by either dialog; a cancelled dialog doesn't count.
 void Files::folderusedlast() {
   User user;
   QStringList folders;
@@ -179,7 +179,7 @@ void Files::quotesinaname_data() {
   QTest::addColumn<QString>("name");
   for (const char* name : {R"(a"b"c.sav)", R"("b")", R"(a"b)", R"(b")", R"("")"}) QTest::newRow(name) << name;
 }
-// The name is the one that was typed; no file of another name is touched.
+// The name is taken as typed; no file of another name is touched.
 void Files::quotesinaname() {
   QFETCH(QString, name);
   User user;
@@ -197,7 +197,7 @@ void Files::quotesinaname() {
   QCOMPARE(user.text("Text1_0"), "5");
 }
 
-// The name of a folder leads into it.
+// The name of a folder opens it.
 void Files::quotesinafolder() {
   User user;
   user.open(easypuzzle);
@@ -217,7 +217,7 @@ void Files::quotesinafolder() {
   QCOMPARE(left, "");
 }
 
-// A click on a file in the list means that file.
+// A click on a file in the list chooses it.
 void Files::quotesinthelist() {
   User user;
   user.file(R"(a"b.sav"c.sav)", easypuzzle);
@@ -242,11 +242,11 @@ void Files::quotesinthelist() {
   QCOMPARE(user.text("filetxt"), user.file(R"(a"b.sav"c.sav)"));
 }
 
-// Heads, tips and keys of the dialog follow the language; the filters don't.
+// Headings, tips and buttons of the dialog follow the language; the filters don't.
 void Files::language() {
   User user;
   QList<QStringList> seen;
-  int cutoff = 0;  // heads with too little room for their word
+  int cutoff = 0;  // headings with too little room
   user.ondialog = [&] {
     auto* dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
     QStringList words;
@@ -348,7 +348,7 @@ void Files::folderthatcannotbewritten() {
   QCOMPARE(user.boxes.size(), 1);
   QVERIFY(user.boxes[0].contains("/proc/nowhere.sav"));
   QCOMPARE(user.text("filetxt"), user.file("puzzle.sav"));
-  user.press("Text1_80");  // and the program lives on
+  user.press("Text1_80");  // and the program goes on
   QCOMPARE(user.ring().size(), 10);
 }
 

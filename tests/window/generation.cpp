@@ -1,4 +1,4 @@
-// A new puzzle, the continuous generator, and the hidden tools, with the window alive meanwhile.
+// A new puzzle, the continuous generator, and the hidden tools, with a window that responds meanwhile.
 #include <QElapsedTimer>
 #include <QPlainTextEdit>
 #include <random>
@@ -91,7 +91,7 @@ void Generation::newpuzzle() {
   QCOMPARE(user.boxes, QStringList());
 }
 
-// The board is seen filling, the language switches, and what is typed meanwhile harms nothing.
+// The board fills visibly, the language switches, and typing meanwhile does no harm.
 void Generation::alivemeanwhile() {
   User user;
   fixsequence();
@@ -136,7 +136,7 @@ void Generation::clearedmeanwhile() {
   QVERIFY(!suppresschange);
 }
 
-// What the list has shown is in the library when the window is closed; the program ends at once.
+// All puzzles in the list are in the library when the window is closed; the program ends at once.
 void Generation::continuous() {
   const QTemporaryDir folder;
   apppath = folder.path().toStdString();
@@ -179,11 +179,11 @@ bool tellsofreductions(const QString& text) {
          text.startsWith("1 RIDUZIONE ESEGUITA ") || text.startsWith("executed ");
 }
 
-// Most of the time goes into tries, and the text of the last puzzle has then gone from the box.
+// Most of the time is spent on tries, during which the text of the last puzzle is gone from the box.
 void Generation::continuoustells() {
   const QTemporaryDir folder;
   apppath = folder.path().toStdString();
-  QStringList told;
+  QStringList texts;
   int blank = 0, withoutaword = 0;
   {
     User user;
@@ -195,11 +195,11 @@ void Generation::continuoustells() {
       const QString text = explanations->findChild<QPlainTextEdit*>()->toPlainText();
       if (frmactivity::Text3.text.empty()) ++withoutaword;
       if (text.isEmpty()) {
-        if (!told.isEmpty()) ++blank;
-      } else if (told.isEmpty() || told.last() != text) {
-        told << text;
+        if (!texts.isEmpty()) ++blank;
+      } else if (texts.isEmpty() || texts.last() != text) {
+        texts << text;
       }
-      if (told.size() >= 5 && withoutaword >= 20) user.window().close();
+      if (texts.size() >= 5 && withoutaword >= 20) user.window().close();
     };
     host.runevents = [look, turn = host.runevents] {
       turn();
@@ -210,7 +210,7 @@ void Generation::continuoustells() {
   closelibrary();
   apppath.clear();
   QCOMPARE(blank, 0);
-  for (const QString& text : told) QVERIFY2(tellsofreductions(text), qPrintable(text));
+  for (const QString& text : texts) QVERIFY2(tellsofreductions(text), qPrintable(text));
 }
 
 void Generation::tools() {
@@ -222,7 +222,7 @@ void Generation::tools() {
   }
 }
 
-// The failure is told, and the program ends in order.
+// The failure is shown, and the program ends properly.
 void Generation::endoftheearlierlayout() {
   for (const bool italian : {false, true}) {
     User user;

@@ -1,4 +1,5 @@
-// Where everything stands, and what a program just started shows. The numbers are written out here once more.
+// The position of everything, and what a program just started shows. The numbers are independent of those in
+// the program.
 #include <QLabel>
 #include <QLineEdit>
 #include <QScopeGuard>
@@ -35,7 +36,7 @@ void Layout::clientarea() {
   User user;
   QCOMPARE(user.find("main")->size(), QSize(491, 530));
   QCOMPARE(user.find("main")->pos().x(), 0);
-  QVERIFY(user.find("main")->pos().y() > 0);  // the menu bar stands above it
+  QVERIFY(user.find("main")->pos().y() > 0);  // the menu bar is above it
   QCOMPARE(user.find("main")->palette().color(QPalette::Window), QColor(0, 128, 128));
   QCOMPARE(user.window().windowTitle(), "Gradino");
   user.window().resize(800, 800);
@@ -71,9 +72,9 @@ void Layout::pencilmarks_data() {
   QTest::newRow("7") << QPoint(26, 92);
   QTest::newRow("8") << QPoint(38, 92);
   QTest::newRow("9") << QPoint(50, 92);
-  QTest::newRow("205") << QPoint(120, 161);  // cell 20 stands at 106, 147
+  QTest::newRow("205") << QPoint(120, 161);  // cell 20 is at 106, 147
   QTest::newRow("809") << QPoint(386, 427);  // cell 80 at 360, 401
-  QTest::newRow("0") << QPoint(498, 492);    // the one they were made from
+  QTest::newRow("0") << QPoint(498, 492);    // the template of the others
 }
 void Layout::pencilmarks() {
   User user;
@@ -170,7 +171,8 @@ void Layout::colours() {
   QCOMPARE(palette.color(QPalette::Text), text);
 }
 
-// The digit box covers the pencil marks, they cover the ground; the ring stands above all, toolbars too.
+// The digit box covers the pencil marks, they cover the background; the ring is above everything, toolbars
+// too.
 void Layout::stacking() {
   User user;
   const QPoint mark = user.place("candidate_15").center();
@@ -187,8 +189,8 @@ void Layout::stacking() {
   QCOMPARE(user.find("main")->childAt(user.place("cmdlan").center())->objectName(), "cmdlan");
 }
 
-// What the digits cover comes behind the first picture, unless a reader listens, and stands where it would
-// stand had it been there from the start.
+// What the digits cover is added after the first painting, unless a reader is running, and is the same as if
+// it had been there from the start.
 void Layout::covered() {
   QStringList inorder = {"candidate_0"};
   for (int cell = 0; cell < 81; ++cell) {

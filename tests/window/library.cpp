@@ -247,7 +247,7 @@ void Library::loads() {
   QCOMPARE(user.boxes, QStringList());
 }
 
-// The words are those of the moment at which the window was opened.
+// The language is the one in force when the window was opened.
 void Library::italian() {
   User user;
   const Window english(user);
@@ -288,7 +288,7 @@ void Library::damaged() {
   file.write(damaged);
   file.close();
   User user;
-  QCOMPARE(user.boxes, QStringList());  // told when the library is first needed, not before
+  QCOMPARE(user.boxes, QStringList());  // reported when the library is first needed, not before
   user.press("Toolbar2_libreria");
   QCOMPARE(user.boxes.size(), 1);
   QVERIFY2(user.boxes.first().contains("schemigenerati.mdb"), qPrintable(user.boxes.first()));
@@ -298,7 +298,7 @@ void Library::damaged() {
   QCOMPARE(file.readAll(), damaged);
 }
 
-// Nobody can make a folder where a file stands in the way.
+// A folder can't be made where there is a file of this name.
 void Library::onlyread() {
   QDir folder(folder_->path());
   QVERIFY(folder.mkpath("prefix/bin") && folder.mkpath("prefix/share/gradino"));

@@ -1,10 +1,10 @@
-// A monkey before the real window: clicks, keys, junk, menu choices, answers of the light, languages, files,
-// the side windows, all at random. Nothing may crash or hang, no wait may be left behind, and the board must
-// come right again whenever it is asked to.
+// A monkey uses the real window: clicks, keys, junk, menu choices, answers of the light, languages, files,
+// the side windows, all at random. Nothing may crash or hang, no wait may be left open, and the board must be
+// consistent again whenever it is reset.
 //
 //   GRADINO_MONKEY=200000        that many acts; without it a few thousand
-//   GRADINO_MONKEY_SEED=7        the sequence; a failure tells its own
-//   GRADINO_MONKEY_ALOUD=1       tells each act
+//   GRADINO_MONKEY_SEED=7        the sequence; a failure prints its seed
+//   GRADINO_MONKEY_ALOUD=1       prints each act
 #include <QAbstractButton>
 #include <QMenuBar>
 #include <QPlainTextEdit>
@@ -44,7 +44,7 @@ constexpr int actsasession = 500;  ///< then the program is started anew
 constexpr int deepest = 8;         ///< acts inside acts; from there on only the light is answered
 constexpr int turnsanact = 300;    ///< of a long job that lets events run
 
-// What the watchdog and a crash tell.
+// What the watchdog and a crash print.
 char lastwords[400] = "no act yet\n";
 std::atomic<long> progress = 0;
 
@@ -203,7 +203,7 @@ class Session {
     } else {
       act();
     }
-    // Nobody is left to answer: the session ends from whatever depth.
+    // Nothing will answer any more: the session ends at any depth.
     if (left_ <= 0) user_.window().close();
   }
 
@@ -315,7 +315,7 @@ class Session {
     demand(!unattended, "message boxes don't wait any more");
     demand(!waiting() && !user_.shown("Pictgo") && !user_.shown("Pictalt") && !user_.shown("Picthelp"),
            "the light is shown and nobody waits");
-    demand(QApplication::activeModalWidget() == nullptr, "a box is left behind");
+    demand(QApplication::activeModalWidget() == nullptr, "a box is left open");
     if (done_ % 20 == 0) checkboard();
   }
 
@@ -324,7 +324,8 @@ class Session {
       demand(dynamic_cast<QLineEdit*>(shown_[cell])->text().toStdString() == frmmain::Text1(cell).text,
              "a box shows what it doesn't hold");
       demand((candmask(cell) & ~fullmask) == 0, "a mask beyond nine digits");
-      if (cellvalue(cell) < 0 || cellvalue(cell) > 9) return;  // typed so: told, and kept until it is changed
+      if (cellvalue(cell) < 0 || cellvalue(cell) > 9)
+        return;  // typed by the monkey: reported, and kept until it is changed
     }
     if (!frmmain::txtesposti.text.empty())
       demand(

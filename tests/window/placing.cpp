@@ -1,5 +1,5 @@
-// Where the windows come up beside the main one, on the screen that the platform has: what they leave free,
-// and that their titles can be read.
+// The positions of the windows beside the main one, on the screen of the platform: what they leave free, and
+// that their titles can be read.
 #include <QScreen>
 #include <QStyle>
 
@@ -118,7 +118,7 @@ void Placing::titles_data() {
   QTest::newRow("English") << false;
   QTest::newRow("Italian") << true;
 }
-// The titles are all that tells the user what to do next.
+// Only the titles say what to do next.
 void Placing::titles() {
   if (!wideenough()) QSKIP("no room for it");
   QFETCH(bool, italian);
@@ -140,7 +140,7 @@ void Placing::titles() {
   QCOMPARE(user.asked, 2);
 }
 
-// They stand beside the main window wherever it has been moved to.
+// They are beside the main window wherever it has been moved.
 void Placing::explanationsfollow() {
   if (!wideenough()) QSKIP("no room for it");
   User user;
@@ -153,7 +153,7 @@ void Placing::explanationsfollow() {
   QCOMPARE(user.asked, 2);
 }
 
-// What its user has chosen for the log is not lost by hiding it.
+// The position that the user has chosen for the log survives hiding.
 void Placing::logstays() {
   User user;
   user.open(easypuzzle);
@@ -188,7 +188,7 @@ void Placing::generator() {
   APART(list, user.window().frameGeometry());
 }
 
-// Pushed against the right edge, the main window has the explanations at its left.
+// Pushed against the right edge, the main window has the explanations on its left.
 void Placing::atthescreensedge() {
   if (!wideenough()) QSKIP("no room for it");
   User user;

@@ -1,5 +1,5 @@
 // The page: a picture of the window, at its size. A PDF written by the same painting is rendered and compared
-// with the window; with a print server of the test's own (tools/print-test.sh) the way to a printer too.
+// with the window; with a print server of its own (tools/print-test.sh) printing is tested too.
 #include "printing.h"
 
 #include <QPrinter>
@@ -103,7 +103,7 @@ void Printing::page() {
   const int dark = pixelsof(page, at("Text2_2").adjusted(3, 3, -3, -3), isdark);
   QVERIFY2(marks ? dark > 15 : dark == 0, qPrintable(QString::number(dark)));
 
-  // The window itself is the measure: every part of the board is as dark there as on the page.
+  // The page is compared with the window: every part of the board must be equally dark.
   const QImage window = user.find("main")->grab().toImage();
   for (const char* name :
        {"Text1_0", "Text1_40", "Text1_80", "candidate_21", "txtesposti", "filetxt", "Picture1_5"}) {
@@ -130,7 +130,7 @@ void Printing::noprinter() {
 
 void Printing::refusals() {
   User user;
-  const auto told = [](Queue queue) {
+  const auto report = [](Queue queue) {
     try {
       expectpage("paper", queue);
     } catch (const std::runtime_error& error) {
@@ -139,7 +139,9 @@ void Printing::refusals() {
     return QString();
   };
   const Queue rejecting{.rejects = true}, standing{.stands = true}, both{.rejects = true, .stands = true};
-  const auto all = [&] { return QStringList({told({}), told(rejecting), told(standing), told(both)}); };
+  const auto all = [&] {
+    return QStringList({report({}), report(rejecting), report(standing), report(both)});
+  };
   QCOMPARE(all(), QStringList({"", "The printer \"paper\" takes no jobs. The puzzle stays as it is.",
                                "The printer \"paper\" is stopped. The puzzle stays as it is.",
                                "The printer \"paper\" takes no jobs. The puzzle stays as it is."}));
@@ -149,7 +151,7 @@ void Printing::refusals() {
                                "La stampante \"paper\" non accetta stampe. Lo schema resta com'è."}));
 }
 
-// From the menu at once; from the toolbar with the pencil marks turned on behind it.
+// From the menu at once; from the toolbar, which then turns the pencil marks on.
 void Printing::onpaper() {
   if (!qEnvironmentVariableIsSet("GRADINO_PRINT_TEST")) QSKIP("to be run by tools/print-test.sh");
   User user;
@@ -163,7 +165,7 @@ void Printing::onpaper() {
   QVERIFY(user.menu("mnupencil")->isChecked());
 }
 
-// The queue is there but prints nothing: it was told so before.
+// There is a queue, but it prints nothing, as was set before.
 void Printing::refused() {
   const QString why = qEnvironmentVariable("GRADINO_PRINT_TEST");
   if (why != "rejecting" && why != "stopped") QSKIP("to be run by tools/print-test.sh");

@@ -1,4 +1,4 @@
-// Pictures on scaled screens: drawn at the screen's pixels, never blown up. The scale comes from outside, as
+// Pictures on scaled screens: drawn in screen pixels, never enlarged. The scale is set from outside, by
 // QT_SCALE_FACTOR.
 #include <QIcon>
 #include <QPainter>
@@ -89,7 +89,7 @@ void Sharpness::pictures_data() {
   QTest::newRow("reset") << "Picture2"
                          << "lamps/reset";
 }
-// A picture that was drawn small and blown up has colours of its own.
+// A picture that was drawn small and enlarged has additional colours.
 void Sharpness::pictures() {
   QFETCH(QString, button);
   QFETCH(QString, art);

@@ -1,4 +1,4 @@
-// A hint from the question to the digit: wait, paint, explanation, light; and back to a step by the log.
+// A hint from the request to the digit: wait, paint, explanation, light; and back to a step from the log.
 #include <QPlainTextEdit>
 #include <QTextBlock>
 #include <algorithm>
@@ -62,7 +62,7 @@ void doubleclickline(int line) {
   QTextCursor cursor(text->document()->findBlockByNumber(line));
   cursor.movePosition(QTextCursor::Right, QTextCursor::MoveAnchor, 5);
   text->setTextCursor(cursor);
-  text->ensureCursorVisible();  // a click lands only on a line that is on show
+  text->ensureCursorVisible();  // a click needs a visible line
   const QPoint place = text->cursorRect(cursor).center();
   QTest::mouseClick(text->viewport(), Qt::LeftButton, {}, place);
   QTest::mouseDClick(text->viewport(), Qt::LeftButton, {}, place);
@@ -165,7 +165,7 @@ void Steps::explanationbeside() {
                  QCOMPARE(frmactivity::top, user.window().frameGeometry().top());
                  QVERIFY(user.window().screen()->availableGeometry().contains(
                      toplevel("frmactivity")->frameGeometry()));
-                 QVERIFY(user.window().isActiveWindow());  // the keyboard stays with the board
+                 QVERIFY(user.window().isActiveWindow());  // the board keeps the keyboard
                  user.press("Pictalt");
                }};
   user.press(hintkey);
@@ -220,7 +220,7 @@ void Steps::notlocked() {
   QCOMPARE(user.asked, 1);
 }
 
-// Painted red, a red digit would not be seen: it is shown in a darker red.
+// On red, a red digit would be invisible: it is shown in a darker red.
 void Steps::painteddigit() {
   User user;
   user.open(easypuzzle);
@@ -246,7 +246,7 @@ double ratio(const QColor& a, const QColor& b) {
   return (std::max(light(a), light(b)) + 0.05) / (std::min(light(a), light(b)) + 0.05);
 }
 
-// Letters as large as a digit need 3; red on red was given 3.3, and green is no worse.
+// Text of the size of a digit needs a contrast of 3; red on red has 3.3, and green no less.
 void Steps::digitsonallpaints() {
   User user;
   const auto shownas = [&](const QString& name) { return user.find(name)->palette().color(QPalette::Text); };
@@ -300,7 +300,7 @@ void Steps::logshown() {
   QVERIFY(!user.menu("mnuactivity")->isChecked());
 }
 
-// Closing the window by itself is another way to hide it.
+// Closing the window itself also hides it.
 void Steps::logclosed() {
   User user;
   user.open(easypuzzle);
@@ -345,7 +345,8 @@ void Steps::logrefuses() {
   QCOMPARE(user.boxes.value(1), "select a line without initial asterisk");
 }
 
-// The place in the log's text counts bytes: letters with accents before it and both ends of each line.
+// The position in the text of the log counts bytes, with accented letters before it and two characters at
+// each line end.
 void Steps::accents() {
   User user;
   user.open(easypuzzle);

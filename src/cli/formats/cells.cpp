@@ -23,7 +23,7 @@ bool ispencil(std::string_view field) {
   return field.size() > 1;
 }
 
-/// Takes one cell; false: it is none.
+/// Takes one cell. False: it isn't one.
 bool take(Cells& cells, std::string_view field, bool pencilallowed) {
   if (pencilallowed && ispencil(field)) {
     cells.symbols += '.';
@@ -70,7 +70,8 @@ std::optional<Cells> groupof(std::string_view piece) {
   const Fields tokens = words(piece);
   if (tokens.size() == 3) return cellsof(tokens, true);
   if (tokens.size() == 1 && tokens[0].size() == 3) return cellsof(*everynth(tokens[0], 0, 1, 3), false);
-  // Blanks are empty cells, so it counts where the digits stand. Two readings that differ are none.
+  // Blanks are empty cells here, so the positions of the digits matter. Two readings that differ count as
+  // none.
   std::optional<Cells> found;
   const std::size_t width = piece.size();
   for (const auto& [size, first, step] :
@@ -113,7 +114,7 @@ std::optional<Cells> fencedrow(std::string_view line) {
   return std::nullopt;
 }
 
-/// A row or puzzle of fields, empty ones too, with a separator between them and perhaps one behind.
+/// A row or puzzle of fields, some perhaps empty, with separators between them and perhaps one at the end.
 std::optional<Cells> separated(std::string_view line, std::size_t count) {
   for (const char separator : {',', ';', '\t'}) {
     Fields fields = splitat(line, separator);

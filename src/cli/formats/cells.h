@@ -18,10 +18,10 @@ struct Cells {
 /// True for a digit 1-9 or a mark of an empty cell, other than a blank.
 bool issymbol(char c);
 
-/// A row: nine cells, however spaced, fenced or separated. None: it isn't one.
+/// A row: nine cells, with any spaces, bars or separators. None: it isn't one.
 std::optional<Cells> rowin(std::string_view line);
 
-/// A whole puzzle: 81 cells, perhaps a comment behind. None: it isn't one.
+/// A whole puzzle: 81 cells, perhaps followed by a comment. None: it isn't one.
 std::optional<Cells> puzzlein(std::string_view line);
 
 /// The givens of a library line  :tech:cand:givens:...  in which a placed digit has a + before it. None: it

@@ -15,7 +15,7 @@ using Json = nlohmann::json;
 
 constexpr long firstline = 1;
 
-/// A text as the parser reads it, which tells how far it is.
+/// The text as an iterator for the parser that knows how far the parser has got.
 class Cursor {
  public:
   using iterator_category = std::input_iterator_tag;
@@ -37,7 +37,7 @@ class Cursor {
   long* line_;
 };
 
-/// The game, and the lines that the entries of "cells" begin in, which a parsed value doesn't know.
+/// The game, and the line in which each entry of "cells" begins, which a parsed value doesn't know.
 struct Game {
   Json json;
   std::vector<long> lines;

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t side = 9;
 
-/// Row, column and block of a cell, each among 27 houses.
+/// Row, column and block of a cell as numbers among the 27 houses.
 std::array<std::size_t, 3> housesof(std::size_t cell) {
   const std::size_t row = cell / side, column = cell % side;
   return {row, side + column, 2 * side + row / 3 * 3 + column / 3};
@@ -28,13 +28,13 @@ std::string cellname(std::size_t cell) {
   return fmt::format("r{}c{}", cell / side + 1, cell % side + 1);
 }
 
-/// UTF-16 and binary files have these characters, texts don't.
+/// Characters of UTF-16 and binary files that texts don't have.
 bool iscontrol(char c) {
   return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\f';
 }
 
-/// A line with such a character is emptied where the other lines are wanted all the same; in the first line
-/// it says that the file is no text.
+/// A line with such a character is emptied if the other lines are wanted all the same; in the first line it
+/// means that the file is no text.
 void checktext(std::string& text, const Listener& listener) {
   long line = 1;
   for (std::size_t begin = 0; begin < text.size(); ++line) {
@@ -53,8 +53,8 @@ void checktext(std::string& text, const Listener& listener) {
   }
 }
 
-/// Without the mark of UTF-8 at its beginning, and without what DOS ends a text with, maybe in a line of its
-/// own.
+/// Without a UTF-8 byte order mark and without the end-of-file character of DOS, which may be on a line of
+/// its own.
 std::string_view unmarked(std::string_view bytes) {
   constexpr std::string_view mark = "\xEF\xBB\xBF";
   constexpr char endoftext = '\x1A';
@@ -63,7 +63,7 @@ std::string_view unmarked(std::string_view bytes) {
   return bytes.find(endoftext, end) == std::string_view::npos ? bytes : bytes.substr(0, end);
 }
 
-/// Every line end becomes a line feed: it may be CR LF, or CR alone.
+/// Every line end, CR LF or CR alone too, becomes a line feed.
 std::string plainlines(std::string_view text) {
   std::string out;
   out.reserve(text.size());

@@ -11,7 +11,7 @@
 namespace gradino::formats {
 namespace {
 
-/// "[Puzzle]" is "puzzle"; empty: no head.
+/// The name in lower case: "[Puzzle]" gives "puzzle". Empty: not a section head.
 std::string headof(std::string_view line) {
   const std::string_view text = trimmed(line);
   if (text.size() < 3 || text.front() != '[' || text.back() != ']') return {};
@@ -23,8 +23,8 @@ std::string headof(std::string_view line) {
   return name;
 }
 
-/// "Author: name" or "Author=name": what stands before is a word. Headers of # are comments for who reads
-/// grids.
+/// "Author: name" or "Author=name", with only words before the sign. Headers with # are comments to the grid
+/// reader.
 bool isheader(std::string_view line) {
   const std::size_t at = line.find_first_of(":=");
   if (at == std::string_view::npos) return false;

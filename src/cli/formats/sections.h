@@ -1,4 +1,4 @@
-// Puzzle files of sections: [Puzzle], and others of what a player did.
+// Puzzle files with sections: [Puzzle], and others with a player's entries.
 #pragma once
 
 #include <vector>
@@ -8,12 +8,12 @@
 
 namespace gradino::formats {
 
-/// True when one of the lines is a section's head.
+/// True when one of the lines is a section head.
 bool hassections(const std::vector<TextLine>& lines);
 
-/// The puzzles of all [Puzzle] sections; other sections are left behind, and one that isn't [State] is told.
-/// Above a section's cells may stand header lines of either form: a letter behind #, as in "#AName of the
-/// author", or "Author: name" and "Author=name".
+/// The puzzles of all [Puzzle] sections. Other sections are ignored; all but [State] are reported to the
+/// listener. The cells of a section may follow header lines of either form: # and a letter, as in "#AName of
+/// the author", or "Author: name" and "Author=name".
 std::vector<Puzzle> readsections(const std::vector<TextLine>& lines, const Listener& listener);
 
 }  // namespace gradino::formats

@@ -35,19 +35,19 @@ bool iscomment(std::string_view text) {
   return text.starts_with('#') || text.starts_with(';') || text.starts_with("//");
 }
 
-/// Drawn: characters of frames only, and not just dots.
+/// A drawn line: only characters of frames, and not only dots.
 bool isframe(std::string_view text) {
   return text.size() > 2 && text.find_first_not_of("+-=|*.:'`_,~ \t") == std::string_view::npos &&
          text.find_first_of("+-=_*~") != std::string_view::npos;
 }
 
-/// Frames of one long stroke: no row or puzzle, though it has the length of one.
+/// One long stroke: not a row or puzzle, though it has the length of one.
 bool isstroke(std::string_view text) {
   return text.size() > rowcount && text.find_first_not_of(text.front()) == std::string_view::npos &&
          std::string_view("-=_*").find(text.front()) != std::string_view::npos;
 }
 
-/// Words above a puzzle, as in "Grid 07". Not a row with a letter in it by mistake.
+/// A heading, as in "Grid 07", and not a row with a letter in it by mistake.
 bool isheading(std::string_view text) {
   std::size_t all = 0, symbols = 0;
   bool word = false;
@@ -70,7 +70,7 @@ bool couldbedrawn(const Cells& row) {
 Line linein(const TextLine& line) {
   const std::string_view text = trimmed(line.text);
   const auto is = [&](Kind kind) { return Line{kind, line.number, {}}; };
-  // A row whose first field is empty can begin with the semicolon that a comment begins with.
+  // A row whose first field is empty may begin with a semicolon, as a comment does.
   if (!text.empty() && iscomment(text) && !(text.starts_with(';') && rowin(line.text)))
     return is(Kind::comment);
   if (text.starts_with(':'))
@@ -110,8 +110,8 @@ Puzzle joined(const std::vector<Line>& rows, std::size_t from) {
   return puzzle;
 }
 
-/// The lines between two headings that are rows, or in place of one that couldn't be read, and the places of
-/// blank lines and of drawn ones: how many rows are above each.
+/// The rows between two headings, with a placeholder for each that couldn't be read, and the positions of
+/// blank lines and of drawn ones: the number of rows above each.
 struct Section {
   std::vector<Line> rows;
   std::set<std::size_t> gaps;
@@ -132,7 +132,7 @@ Section decided(const std::vector<Line>& lines) {
   return section;
 }
 
-/// A gap that has so many rows of its puzzle above it.
+/// A gap with this many rows of its puzzle above it.
 Said gapbelow(std::size_t rows) {
   if (rows == 1)
     return {
@@ -148,8 +148,8 @@ Said gapbelow(std::size_t rows) {
       rows);
 }
 
-/// The rows of each puzzle stand together, or its bands do, or every row is alone. Else one puzzle lacks a
-/// row, and the next would lend it one.
+/// Blank lines separate puzzles, or bands, or all rows. Anything else means that a puzzle lacks a row, and
+/// would take the first row of the next one.
 void checkgaps(const Section& section) {
   for (std::size_t first = 0; first < section.rows.size(); first += rowcount) {
     std::vector<std::size_t> inside, bands, all;
@@ -184,7 +184,7 @@ bool isread(const Line& line) {
   return line.kind != Kind::unread;
 }
 
-/// Nine rows, but where one is among them that couldn't be read and was told.
+/// Nine rows, unless one of them couldn't be read and was reported.
 void takepuzzle(const std::vector<Line>& rows, std::size_t from, std::vector<Puzzle>& puzzles,
                 const Listener& listener) {
   const auto begin = rows.begin() + static_cast<std::ptrdiff_t>(from);
@@ -192,7 +192,7 @@ void takepuzzle(const std::vector<Line>& rows, std::size_t from, std::vector<Puz
   readpart(listener, [&] { puzzles.push_back(joined(rows, from)); });
 }
 
-/// Rows that as a whole don't come to puzzles: those are taken that stand together by nine.
+/// Rows that don't make whole puzzles: those are taken that come in groups of nine.
 void taketogether(const Section& section, const Unreadable& fault, std::vector<Puzzle>& puzzles,
                   const Listener& listener) {
   std::set<std::size_t> ends = section.gaps;

@@ -8,12 +8,12 @@
 
 namespace gradino::formats {
 
-/// The puzzles of a text of lines of 81 cells each, or of rows of nine cells each, with what may stand
-/// between them: comments (# ; //), frames, blank lines, and headings above nine rows.
+/// The puzzles of a text with lines of 81 cells each, or rows of nine cells each; between them there may be
+/// comments (# ; //), frames, blank lines, and headings above nine rows.
 ///
-/// An empty cell is one of . 0 x X * _ - ? or a blank, the same all over a puzzle. A line that could be drawn
-/// as well as a row without a digit (---|---|---, .........) is the row when the puzzle's other rows use its
-/// mark, else drawn. In a pencil-mark grid a cell of several digits is empty.
+/// An empty cell is one of . 0 x X * _ - ? or a blank, the same in the whole puzzle. A line that could be a
+/// frame as well as a row without a digit (---|---|---, .........) is a row if the other rows of the puzzle
+/// use its mark, else a frame. In a pencil-mark grid a cell of several digits is empty.
 std::vector<Puzzle> readgrids(const std::vector<TextLine>& lines, const Listener& listener);
 
 }  // namespace gradino::formats

@@ -7,8 +7,8 @@ namespace {
 
 constexpr std::string_view blanks = " \t\f";
 
-/// What stands for a line character (U+2500 to U+257F), by its place in the block. "=" and not "-" for a
-/// horizontal one: a dash can be the mark of an empty cell.
+/// The replacement for each box-drawing character, U+2500 to U+257F. A horizontal line is "=" and not "-",
+/// since a dash can mean an empty cell.
 char asciiframe(int place) {
   constexpr int horizontal[] = {0x00, 0x01, 0x04, 0x05, 0x08, 0x09, 0x4C, 0x4D, 0x50, 0x74, 0x78};
   constexpr int vertical[] = {0x02, 0x03, 0x06, 0x07, 0x0A, 0x0B, 0x4E, 0x4F, 0x51, 0x75, 0x79};

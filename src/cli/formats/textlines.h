@@ -1,4 +1,4 @@
-// A text as its lines.
+// A text, line by line.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ struct TextLine {
   std::string text;
 };
 
-/// The lines, each without its line feed. Drawn frames of line characters become | = and +, a fixed blank a
+/// The lines, without their line feeds. Box-drawing characters become | = and +, a no-break space becomes a
 /// blank.
 std::vector<TextLine> textlines(std::string_view text);
 
@@ -20,7 +20,7 @@ std::string_view trimmed(std::string_view text);
 std::vector<std::string_view> words(std::string_view text);
 std::vector<std::string_view> splitat(std::string_view text, char separator);
 
-/// The number of the line that holds the byte.
+/// The number of the line that holds this byte.
 long lineof(std::string_view text, std::size_t byte);
 
 }  // namespace gradino::formats

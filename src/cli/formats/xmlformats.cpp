@@ -23,7 +23,7 @@ std::string withoutblanks(std::string_view text) {
 
 // OpenSudoku.
 
-/// "version: 1" and behind it, for each cell, its value, its notes and whether the player may change it.
+/// "version: 1", then for each cell its value, its notes and whether the player may change it.
 std::string serialcells(const std::string& data, long line) {
   constexpr std::string_view head = "version:";
   const std::size_t begin = data.find_first_of("0123456789", head.size());
@@ -84,8 +84,8 @@ std::vector<Puzzle> opensudoku(const pugi::xml_node& root, std::string_view text
 
 // KSudoku.
 
-/// Values are letters, and in some files b is 1, in others a is: an a or a j in the puzzle or its solution
-/// tells. Digits are taken as they are.
+/// Values are letters, and 1 is b in some files and a in others: an a or a j in the puzzle or its solution
+/// decides. Digits are taken as they are.
 char lettersfrom(const std::string& values, const std::string& solution, long line) {
   const std::string all = values + solution;
   const bool a = all.find('a') != std::string::npos, j = all.find('j') != std::string::npos;
@@ -119,7 +119,7 @@ std::string values(const std::string& text, const std::string& solution, long li
   return cells;
 }
 
-/// The file goes down the columns.
+/// The file is written column by column.
 std::string turned(const std::string& columns) {
   std::string rows(cellcount, '.');
   for (std::size_t i = 0; i < cellcount; ++i) rows[i % 9 * 9 + i / 9] = columns[i];
@@ -168,7 +168,7 @@ std::vector<Puzzle> readxml(std::string_view text, const Listener& listener) {
     const auto at = static_cast<std::size_t>(other.offset_debug());
     throw Unreadable(lineof(text, text.find_first_not_of(" \t\f\n", at)),
                      {"altro dopo la fine dell'XML: atteso un solo elemento",
-                      "more behind the end of the XML: expected one element"});
+                      "more after the end of the XML: expected one element"});
   }
   const std::string_view name = root.name();
   if (name == "opensudoku") return opensudoku(root, text, listener);

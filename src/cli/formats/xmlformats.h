@@ -8,8 +8,9 @@
 
 namespace gradino::formats {
 
-/// By the root element: <opensudoku> without a version or with version 1 (each <game>'s data is 81 digits) or
-/// 2 (games in folders, data of digits or of cells "value|note|editable|" behind "version: n"), or <ksudoku>.
+/// By the root element: <opensudoku> without a version or with version 1 (the data of each <game> is 81
+/// digits) or 2 (games in folders, with data of digits or, after "version: n", of cells
+/// "value|note|editable|"), or <ksudoku>.
 std::vector<Puzzle> readxml(std::string_view text, const Listener& listener);
 
 }  // namespace gradino::formats

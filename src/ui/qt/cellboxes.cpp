@@ -24,7 +24,7 @@ constexpr int rowplaces[]    = {66, 107, 147, 192, 233, 274, 319, 360, 401};  //
 
 constexpr int markwidth = 11, markheight = 13, markpitch = 12, markinset = 2;
 
-/// The pencil mark that the other ones were made from stands outside the client area.
+/// The template of the pencil marks is outside the client area.
 constexpr QPoint templateplace{498, 492};
 
 QPoint markplace(int index) {
@@ -33,7 +33,7 @@ QPoint markplace(int index) {
   return cellplace(index / 10) + QPoint(k % 3, k / 3) * markpitch + QPoint(markinset, markinset);
 }
 
-/// Windows key codes, as far as they are told apart.
+/// Windows key codes, as far as they are distinguished.
 int keycode(int key) {
   switch (key) {
     case Qt::Key_Left:
@@ -49,7 +49,7 @@ int keycode(int key) {
   }
 }
 
-/// A left click: the button was pressed on the widget and let go over it.
+/// A left click: the button was pressed and released on the widget.
 bool clickends(const QWidget& widget, const QMouseEvent& event) {
   return event.button() == Qt::LeftButton && widget.rect().contains(event.position().toPoint());
 }
@@ -60,9 +60,10 @@ void drawborder(QWidget& widget, bool focus) {
   drawframe(painter, widget.rect(), 1, bordergrey);
 }
 
-constexpr double enough = 3;  ///< contrast of letters as large as a digit
+constexpr double enough = 3;  ///< the contrast needed for text of the size of a digit
 
-/// The text's colour on its ground: a red digit in a red cell would not be seen, in a green one hardly.
+/// The colour of the text on its background: a red digit would be invisible in a red cell, and hard to see in
+/// a green one.
 QColor readable(const gradino::Box& box) {
   const QColor text = screencolour(box.fore);
   return contrast(text, screencolour(box.back)) < enough ? text.darker(250) : text;
@@ -89,12 +90,12 @@ DigitBox::DigitBox(QWidget* parent, int cell) : QLineEdit(parent), cell_(cell) {
   setFont(pixelfont(arial, 27, true));
   setMouseTracking(true);
   setFocusPolicy(Qt::ClickFocus);
-  setAttribute(Qt::WA_OpaquePaintEvent);  // what it covers isn't painted
+  setAttribute(Qt::WA_OpaquePaintEvent);  // what it covers need not be painted
   connect(this, &QLineEdit::textChanged, this, &DigitBox::taketext);
 }
 
-// Not all that is written here is typed: a screen reader can put a text into any box, also into one that
-// can't be typed in, which keeps what it holds.
+// Not all text is typed: a screen reader can put text into any box, even into a locked one, which keeps what
+// it holds.
 void DigitBox::taketext() {
   if (isReadOnly()) return showtext(frmmain::Text1(cell_).text);
   onevent([this, typed = text().toStdString()] { Text1_Typed(cell_, typed); });
@@ -108,7 +109,7 @@ void DigitBox::showtext(const std::string& shown) {
 
 void DigitBox::mirror(const gradino::Box& box, bool reachable) {
   setghost(!box.visible);
-  // One cell is always in reach of the Tab key, and that key leads out of the board from every cell.
+  // The Tab key always reaches exactly one cell, and leads out of the board from every cell.
   if (const auto policy = reachable ? Qt::StrongFocus : Qt::ClickFocus; policy != focusPolicy())
     setFocusPolicy(policy);
   const bool there = box.visible || reachable || window()->focusWidget() == this;
@@ -128,8 +129,8 @@ void DigitBox::setghost(bool ghost) {
   update();
 }
 
-// A key moves the focus first, and its character then goes to the box that has the focus. An arrow key has no
-// character: the caret stands after the digit of the new cell, whichever way it was reached.
+// A key first moves the focus; its character then goes to the box that has the focus. An arrow key has no
+// character: the caret is put after the digit of the new cell, whichever way it was reached.
 bool DigitBox::event(QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
   auto* pressed = static_cast<QKeyEvent*>(event);
@@ -137,7 +138,7 @@ bool DigitBox::event(QEvent* event) {
   onevent([this, code] { Text1_KeyDown(cell_, code); });
   auto* target = dynamic_cast<DigitBox*>(window()->focusWidget());
   if (target == nullptr ||
-      pressed->modifiers().testFlag(Qt::AltModifier)) {  // Alt calls a menu, it doesn't type
+      pressed->modifiers().testFlag(Qt::AltModifier)) {  // Alt opens a menu, it doesn't type
     pressed->ignore();
     return true;
   }
@@ -205,10 +206,10 @@ void MarksBox::mirror(const gradino::Box& box, bool editable, bool reachable) {
   shown_ = box;
 }
 
-// The Tab key gets to the marks as a click on one of them does, which puts them up for editing.
+// The Tab key reaches the marks like a click on one of them, which opens them for editing.
 void MarksBox::focusInEvent(QFocusEvent* event) {
   QPlainTextEdit::focusInEvent(event);
-  viewport()->update();  // the toolkit repaints no more than the caret
+  viewport()->update();  // the toolkit repaints only the caret
   if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
     onevent([this] { candidate_Click(cell_ * 10 + 1); });
 }
@@ -261,7 +262,7 @@ CellBoxes::CellBoxes(QWidget* client) {
   for (std::size_t cell = 0; cell < 81; ++cell) digits_[cell] = new DigitBox(client, static_cast<int>(cell));
 }
 
-// Most of the window's boxes, and none of them can be seen or reached while all digits stand over them.
+// Most boxes of the window, none of which can be seen or reached while the digits cover them.
 void CellBoxes::addcovered() {
   if (candidates_[0] != nullptr) return;
   QWidget* client = digits_[0]->parentWidget();
@@ -291,7 +292,7 @@ void CellBoxes::mirror() {
     const int number = static_cast<int>(cell);
     const bool reachable = number == navcell && !frmmain::Text1(number).visible;
     if (marks_[cell] != nullptr) marks_[cell]->mirror(frmmain::Text2(number), editable, reachable);
-    // The toolkit puts in order only what the Tab key can reach.
+    // The toolkit orders only what the Tab key can reach.
     if (editable && reachable) QWidget::setTabOrder(digits_[cell], marks_[cell]);
     digits_[cell]->mirror(frmmain::Text1(number), number == navcell);
   }
@@ -300,7 +301,7 @@ void CellBoxes::mirror() {
       candidates_[index]->mirror(frmmain::candidate(static_cast<int>(index)));
 }
 
-// Marks that can't be edited any longer take no keys: the next one is for the board.
+// Marks that can no longer be edited take no keys: the next key is for the board.
 void CellBoxes::leavemarks() const {
   using frmmain::Focus;
   const auto* marks = dynamic_cast<MarksBox*>(digits_[0]->window()->focusWidget());

@@ -19,8 +19,8 @@ inline constexpr int cellsize = 41;
 /// Top left corner of a cell, in the client area.
 QPoint cellplace(int cell);
 
-/// Text1: the digit. While pencil marks cover it, it can still have the focus: it is then a ghost, which
-/// shows nothing but a frame and lets the mouse through, and what is typed goes into it.
+/// Text1: the digit. While pencil marks are visible in its place, it can still have the focus: it then shows
+/// only a frame, lets the mouse through and takes what is typed.
 class DigitBox : public QLineEdit {
  public:
   DigitBox(QWidget* parent, int cell);
@@ -42,8 +42,8 @@ class DigitBox : public QLineEdit {
   std::optional<gradino::Box> shown_;
 };
 
-/// Text2: the cell's ground, and its pencil marks while they are edited.  (A frame of the toolkit has a Box
-/// of its own.)
+/// Text2: the background of the cell, and its pencil marks while they are edited.  (A frame of the toolkit
+/// has a Box of its own.)
 class MarksBox : public QPlainTextEdit {
  public:
   MarksBox(QWidget* parent, int cell);
@@ -86,7 +86,8 @@ class CellBoxes {
   explicit CellBoxes(QWidget* client);
   void mirror();
 
-  /// Adds what the digits cover, if it isn't there yet: done at the latest when some of it shows.
+  /// Adds the boxes that the digits cover, if they aren't there yet; called at the latest when one of them
+  /// shows.
   void addcovered();
 
  private:

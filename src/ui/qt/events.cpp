@@ -19,7 +19,7 @@ void onevent(const std::function<void()>& body) {
     leaveifended();
     showchanges();
   } catch (const ProgramEnd&) {
-    // The window is closed: there is nobody left to show anything to.
+    // The window is closed: there is nothing left to show.
   }
 }
 

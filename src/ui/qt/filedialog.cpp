@@ -28,21 +28,21 @@ QString said(const Words& words) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// The toolkit takes quotes for those of a list of names, and of the name a"b"c it would make b. Here a name
-/// is what stands in the field.
+/// The toolkit takes quotes as those of a list of names, and would read a"b"c as b. Here the whole text of
+/// the field is the name.
 class NameDialog : public QFileDialog {
  public:
   using QFileDialog::QFileDialog;
 
   QLineEdit* field() const { return findChild<QLineEdit*>("fileNameEdit"); }
 
-  /// As it was typed, made absolute.
+  /// The name as typed, made absolute.
   QString name() const {
     return quoted() ? directory().absoluteFilePath(field()->text()) : selectedFiles().value(0);
   }
 
-  /// What the toolkit finds by its own reading of a name is undone: a button that refuses what would be no
-  /// list, and in the field files that nobody chose, beside the one that was clicked.
+  /// Undoes what the toolkit does because it reads the name as a list: it disables the button, and puts more
+  /// files into the field than the one that was clicked.
   void allowquotes() {
     const auto which = acceptMode() == AcceptOpen ? QDialogButtonBox::Open : QDialogButtonBox::Save;
     QPushButton* button = findChild<QDialogButtonBox*>()->button(which);
@@ -65,8 +65,8 @@ class NameDialog : public QFileDialog {
   bool quoted() const { return field()->text().contains('"'); }
 };
 
-/// "words|*.a;*.b|words|..." as the toolkit wants it: "words (*.a *.b)". It can't read patterns with
-/// semicolons, so the words themselves are put back afterwards.
+/// Converts "words|*.a;*.b|words|..." to the form of the toolkit, "words (*.a *.b)". It can't read patterns
+/// with semicolons, so the words are restored afterwards.
 void setfilter(QFileDialog& dialog, const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split('|');
   QStringList words, filters;
@@ -79,13 +79,13 @@ void setfilter(QFileDialog& dialog, const std::string& filter) {
   for (qsizetype n = 0; n < words.size(); ++n) combo->setItemText(static_cast<int>(n), words[n]);
 }
 
-/// The folder that was used last, to open or to save.
+/// The folder last used for opening or saving.
 QString& lastfolder() {
   static QString folder = QDir::currentPath();
   return folder;
 }
 
-/// The name of the last use, in its folder; a plain name in the folder that was used last.
+/// The last name, in its folder; a plain name in the folder last used.
 void presetname(NameDialog& dialog, const std::string& filename) {
   const QFileInfo last(QString::fromStdString(filename));
   dialog.setDirectory(lastfolder());
@@ -111,8 +111,8 @@ void ask(NameDialog& dialog, CommonDialog& asked, const Control& command) {
   speak(dialog, command);
   setfilter(dialog, asked.filter);
   presetname(dialog, asked.filename);
-  // A list of proposals that is still open when the Return key ends the dialog keeps the focus from coming
-  // back to the board: whoever works by keyboard would be stuck.
+  // If a list of completions is still open when the Return key ends the dialog, the focus does not come back
+  // to the board, and a user without a mouse would be stuck.
   dialog.field()->setCompleter(nullptr);
   dialog.allowquotes();
   const bool chosen = dialog.exec() == QDialog::Accepted;

@@ -7,8 +7,8 @@ class QWidget;
 
 namespace gradino {
 
-/// Asks for the name of a file to open or save. The name comes back as it was typed, made absolute; nothing
-/// is appended to it, and an existing file brings no question. Cancel leaves the dialog's name alone.
+/// Asks for the name of a file to open or save. The name is returned as typed, made absolute: nothing is
+/// appended, and there is no question about an existing file. Cancel leaves the name unchanged.
 void askopen(QWidget* parent, CommonDialog& dialog);
 void asksave(QWidget* parent, CommonDialog& dialog);
 

@@ -24,7 +24,7 @@ constexpr QPoint previeworigin{566, 14};
 constexpr double unitsperpixel = 15;
 constexpr int countsx = 12, countsy = 468, countsgap = 6;  // a row: y is its middle
 
-// Of the counts only the size: they follow each other in a row.
+// Only the sizes of the counts matter: they follow each other in a row.
 // clang-format off
 struct LabelRow { const Box* box; const char* name; int x, y; };
 const LabelRow labelrows[] = {
@@ -55,7 +55,7 @@ const ButtonRow buttonrows[] = {
 };
 // clang-format on
 
-/// A level without its name, which stands beside it: the toolkit would frame the name.
+/// A level without its name, which is a label beside it: the toolkit would frame the name.
 class LevelOption : public QRadioButton {
  public:
   using QRadioButton::QRadioButton;
@@ -108,7 +108,7 @@ void LibraryWindow::addlevels() {
   for (int n = 0; n <= 22; ++n) {
     auto* option = new LevelOption(this);
     option->setObjectName(QString("Option1_%1").arg(n));
-    // The last one lies on top of the loops' level, and asks for a level that there is not.
+    // The last one is on top of the level of the loops, and asks for a level that doesn't exist.
     option->setGeometry(levelsx, levelsy + (n == 22 ? 20 : n) * levelheight, radiosize, radiosize);
     connect(option, &QRadioButton::clicked, this, [n] { onevent([n] { Option1_Click(n); }); });
     nameby(*option, [n] { return spokenlevel(n); });
@@ -180,7 +180,7 @@ void LibraryWindow::addbuttons() {
 
 void LibraryWindow::showover() {
   placebeside(*this, {frmmain::left + frmmain::width, frmmain::top}, librarysize);
-  winId();  // from here on there is a window that can stay over another
+  winId();  // makes the native window, which can then stay above another
   windowHandle()->setTransientParent(mainwindow_.windowHandle());
 }
 
@@ -195,7 +195,7 @@ void LibraryWindow::mirror() {
   setWindowTitle(QString::fromStdString(caption));
   for (int n = 0; n <= 22; ++n) {
     QRadioButton* option = options_[static_cast<std::size_t>(n)];
-    // Of an exclusive group the last one can't be unchecked: for a fresh window the group is opened.
+    // The checked button of an exclusive group can't be unchecked, so a new window lifts the exclusion.
     option->setAutoExclusive(false);
     option->setChecked(Option1(n).ticked);
     option->setAutoExclusive(true);
@@ -214,7 +214,7 @@ void LibraryWindow::mirror() {
   mirrorpreview();
 }
 
-// One sentence with the two numbers in it, however long its words are.
+// A sentence with the two numbers in it, whatever the length of its words.
 void LibraryWindow::mirrorcounts() {
   int x = countsx;
   for (const char* name : {"Label12", "numerototale", "Label13", "numeroselezionato"}) {
@@ -234,7 +234,7 @@ void LibraryWindow::mirrorpreview() {
   }
 }
 
-// Closed by its user it is gone: the next one opens with nothing chosen, in the language of that moment.
+// A closed window is gone: the next one opens with nothing chosen, in the language then in force.
 void LibraryWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   onevent([] { frmlivello::visible = false; });

@@ -20,7 +20,7 @@ inline constexpr QSize librarysize{760, 490};
 /// frmlivello.
 class LibraryWindow : public QWidget {
  public:
-  /// Stays over the main window.
+  /// Stays above the main window.
   explicit LibraryWindow(const QWidget& mainwindow);
   void mirror();
 

@@ -1,4 +1,4 @@
-// The traffic light for who works by keyboard.
+// The traffic light for keyboard users.
 #pragma once
 
 #include <QObject>
@@ -7,14 +7,14 @@
 
 namespace gradino {
 
-/// When a step was asked for by keyboard and waits, the focus goes to the green light; when it was answered
-/// there, the focus goes back to where it was. Who asks with the mouse keeps the focus where it is.
+/// When a step that was requested by keyboard waits, the focus moves to the green light; when it is answered
+/// there, the focus returns to where it was. A request with the mouse leaves the focus alone.
 class LightKeys : public QObject {
  public:
   explicit LightKeys(QWidget& window);
 
-  void leave();  ///< before a light that has gone out is taken from the screen
-  void enter();  ///< after one that has come up is on it
+  void leave();  ///< before a light that is out disappears from the screen
+  void enter();  ///< after a new light has appeared on it
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -22,7 +22,7 @@ class LightKeys : public QObject {
  private:
   QWidget& window_;
   QPointer<QWidget> before_;
-  bool bykeys_ = false;  ///< what the user did last was a key, not a click
+  bool bykeys_ = false;  ///< the user's last input was a key, not a click
   bool waited_ = false;
 };
 

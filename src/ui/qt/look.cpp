@@ -15,7 +15,7 @@
 #include <cmath>
 #include <utility>
 
-// The artwork is linked in from a library, which has to be asked for outside of any namespace.
+// The artwork is in a static library and has to be initialised outside of any namespace.
 static void loadart() {
   Q_INIT_RESOURCE(art);
 }
@@ -25,7 +25,7 @@ namespace gradino {
 void setlook() {
   loadart();
   QApplication::setStyle(QStyleFactory::create("Fusion"));
-  // The boxes are white on every desktop, so what is written in them has to stay dark.
+  // The boxes are white on every desktop, so their text has to be dark.
   QApplication::setPalette(QApplication::style()->standardPalette());
   QFont::insertSubstitutions(mssansserif, {"Microsoft Sans Serif", "Arial", "Liberation Sans"});
   QFont::insertSubstitutions(comicsans, {"Comic Neue"});
@@ -41,7 +41,7 @@ QColor screencolour(Colour colour) {
 
 namespace {
 
-/// From 0, black, to 1, white, as the eye takes it.
+/// Relative luminance, from 0, black, to 1, white.
 double luminance(const QColor& colour) {
   const auto linear = [](double part) {
     return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -70,7 +70,7 @@ void setcolours(QWidget& widget, const QColor& ground, const QColor& text) {
   widget.setPalette(palette);
 }
 
-// Filled, not drawn with a pen: half of a pen's line would fall outside where a pixel of the layout is more
+// Filled, not drawn with a pen: half of the pen's line would be outside when a pixel of the layout is more
 // than one of the screen.
 void drawframe(QPainter& painter, const QRect& place, int width, const QColor& colour) {
   painter.fillRect(place.x(), place.y(), place.width(), width, colour);
@@ -93,7 +93,7 @@ void drawart(QPainter& painter, const QRectF& place, const QString& name) {
 
 namespace {
 
-/// Draws at the very size that is asked for, so that no scale of the screen blurs it.
+/// Draws at exactly the requested size, so that no scale of the screen blurs it.
 class ArtEngine : public QIconEngine {
  public:
   explicit ArtEngine(QString name) : name_(std::move(name)) {}
@@ -107,7 +107,7 @@ class ArtEngine : public QIconEngine {
     paint(&painter, pixmap.rect(), mode, state);
     return pixmap;
   }
-  // A window's icon goes to the desktop in all of them.
+  // The desktop gets the icon of a window in all of them.
   QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
     return {{16, 16}, {32, 32}, {48, 48}, {64, 64}, {128, 128}};
   }

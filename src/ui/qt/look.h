@@ -18,30 +18,31 @@ namespace gradino {
 inline const QColor teal{0, 128, 128}, paleyellow{255, 255, 192}, darkblue{0, 0, 128},
     bordergrey{128, 140, 150};
 
-/// Style, palette and fonts of the whole program, the same on every desktop. Once, before the first window.
+/// Sets style, palette and fonts of the whole program, the same on every desktop. To be called once, before
+/// the first window.
 void setlook();
 
-/// A colour of the boxes on the screen.
+/// The screen colour of a colour of the boxes.
 QColor screencolour(Colour colour);
 
-/// How well a text stands out on its ground, from 1, not at all, to 21: the ratio of their luminances.
+/// The contrast of a text with its background: the ratio of their luminances, from 1 to 21.
 double contrast(const QColor& text, const QColor& ground);
 
-/// A font that stands at a fixed height: the layout is in pixels.
+/// A font of a fixed height, since the layout is in pixels.
 QFont pixelfont(const char* family, int height, bool bold = false);
 
 inline constexpr const char *arial = "Arial", *comicsans = "Comic Sans MS", *mssansserif = "MS Sans Serif";
 
-/// Gives a widget that fills its own ground these colours.
+/// Sets the colours of a widget that fills its own background.
 void setcolours(QWidget& widget, const QColor& ground, const QColor& text);
 
-/// Draws a frame inside a place.
+/// Draws a frame inside a rectangle.
 void drawframe(QPainter& painter, const QRect& place, int width, const QColor& colour);
 
-/// Draws the frame of what has the focus: dark and light, to be seen on every ground.
+/// Draws the focus frame: dark and light, so that it is visible on every background.
 void drawfocus(QPainter& painter, const QRect& place);
 
-/// Draws a picture of the artwork by its name, as "light/go"; sharp at every scale of the screen.
+/// Draws a picture of the artwork by its name, such as "light/go"; sharp at every scale of the screen.
 void drawart(QPainter& painter, const QRectF& place, const QString& name);
 
 /// The same as an icon.

@@ -9,7 +9,7 @@
 int main(int, char** argv) {
   int nameonly = 1;
   QApplication program(nameonly, argv);
-  QApplication::setQuitOnLastWindowClosed(false);  // closing the main window ends the program, nothing else
+  QApplication::setQuitOnLastWindowClosed(false);  // only closing the main window ends the program
   gradino::setlook();
   // The file dialog of the toolkit would leave a settings file.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");

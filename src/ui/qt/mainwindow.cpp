@@ -22,7 +22,7 @@ namespace {
 
 constexpr int toolbar2y = 0, toolbar1y = 28, toolbarsend = 56;
 
-/// The place of the layout: of a fixed size, below the menu bar.
+/// The area of the layout, of a fixed size below the menu bar.
 QWidget* newclient(QMainWindow& window) {
   auto* client = new QWidget(&window);
   client->setObjectName("main");
@@ -34,9 +34,9 @@ QWidget* newclient(QMainWindow& window) {
   return client;
 }
 
-// Where the Tab key goes after the board, which is one stop, or two while pencil marks are edited: the arrow
-// keys go from cell to cell. The lights come after the keys that bring them up, the colours and texts as
-// they stand on the screen. Of a bar its keys.
+// The Tab order after the board, which is one stop, or two while pencil marks are edited: the arrow keys go
+// from cell to cell. The lights come after the keys that make them appear, colours and texts in the order of
+// the screen. A toolbar stands for its keys.
 constexpr const char* taborder[] = {
     "Toolbar2",    "cmdnice",    "Cmdtest",  "cmdlan",   "Toolbar1",   "cmdimpossibili",
     "Pictgo",      "Pictalt",    "Picthelp", "colore_3", "colore_2",   "colore_0",
@@ -61,8 +61,8 @@ void settaborder(const QWidget& client) {
   }
 }
 
-/// Beside the window there should be room for the other windows. Some desktops take the place for that of the
-/// window without its frame: its title is to be on the screen there too.
+/// There should be room for the other windows beside this one. Some desktops take the position for that of
+/// the window without its frame; its title must be on the screen there too.
 QPoint startplace(const QScreen& screen, const QSize& window) {
   const QRect room = screen.availableGeometry();
   const QSize side = roombeside(), framed = window + unseenframe;
@@ -71,8 +71,9 @@ QPoint startplace(const QScreen& screen, const QSize& window) {
           qMax(room.top() + unseenframe.height(), room.center().y() - all.height() / 2)};
 }
 
-/// While it lives, the pointer is taken to be outside of the window. For every box that comes up in a window
-/// with the pointer in it the toolkit asks the screen where the pointer is, and waits for the answer.
+/// As long as it exists, the toolkit takes the pointer to be outside the window. Otherwise, for every box
+/// that appears in a window with the pointer in it, the toolkit asks the display server for the position of
+/// the pointer, and waits for the answer.
 class PointerAway {
  public:
   explicit PointerAway(const QWidget& window) : window_(window), was_(window.underMouse()) {
@@ -93,7 +94,7 @@ class PointerAway {
   bool was_;
 };
 
-/// The other windows are made when they are first shown: most runs never see most of them.
+/// The other windows are made when they are first shown, since few runs need them.
 template <class Window, class... From>
 void mirrorwindow(std::optional<Window>& window, bool visible, From&... from) {
   if (!window && visible) window.emplace(from...);
@@ -164,7 +165,7 @@ void MainWindow::noteplace() const {
   frmmain::head = centralWidget()->mapToGlobal(QPoint(0, toolbarsend)).y() - place.top();
 }
 
-// The window is on the screen sooner if what can't be seen yet waits for its first picture.
+// The window is on the screen sooner if the covered boxes are made after it has been painted.
 bool MainWindow::eventFilter(QObject* client, QEvent* event) {
   if (event->type() == QEvent::Paint) {
     client->removeEventFilter(this);

@@ -1,4 +1,4 @@
-// The main window: it shows what stands in the boxes and tells the program what the user does.
+// The main window: it shows the content of the boxes and passes on what the user does.
 #pragma once
 
 #include <QMainWindow>
@@ -17,7 +17,8 @@
 
 namespace gradino {
 
-/// One at a time. startprogram() has run before. Closing it ends the event loop, with all other windows.
+/// There is one at a time, made after startprogram(). Closing it ends the event loop and closes all other
+/// windows.
 class MainWindow : public QMainWindow {
  public:
   MainWindow();

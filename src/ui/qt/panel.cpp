@@ -57,7 +57,7 @@ const LabelRow labelrows[] = {
 };
 const QRect bkgplace{434, 444, 41, 19};
 
-// Lines overlap: the sentence of the step stands over the file's name.
+// Lines overlap: the sentence of the step covers part of the file name.
 const TextRow textrows[] = {
     {"txtesposti",     &txtesposti,     {406,  84,  41, 31}, 20, Ground::teal},
     {"txtvuoti",       &txtvuoti,       {406, 136,  41, 31}, 20, Ground::teal},
@@ -99,7 +99,7 @@ constexpr int ringsize = 22;
 constexpr QRect framePlace{4, 62, 15, 11};
 constexpr QPoint checkplace{692, 264};
 
-/// Two clicks on this spot beside the first row bring up the hidden tools; there is nothing to be seen.
+/// An invisible spot beside the first row: a double click shows the hidden tools.
 class HiddenFrame : public QFrame {
  public:
   using QFrame::QFrame;
@@ -110,7 +110,7 @@ class HiddenFrame : public QFrame {
   }
 };
 
-/// A text to be read, not to be written; it shows that it has the focus.
+/// A read-only text that shows when it has the focus.
 class TextLine : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -190,7 +190,7 @@ void Panel::addtextboxes(QWidget* client) {
     } else {
       setcolours(*edit, teal, paleyellow);
     }
-    // A screen reader can put a text even where nobody can type.
+    // A screen reader can put text even into a read-only box.
     QObject::connect(edit, &QLineEdit::textChanged, edit,
                      [edit, &row] { edit->setText(QString::fromStdString(row.box->text)); });
     nameby(*edit, [&row] { return spoken(*row.box); });

@@ -1,4 +1,4 @@
-// What stands around the board: labels, counts, text lines, palette, traffic light, clock, ring.
+// Everything around the board: labels, counts, text lines, palette, traffic light, clock, ring.
 #pragma once
 
 #include <QLabel>
@@ -19,7 +19,7 @@ class Panel {
   explicit Panel(QWidget* client);
   void mirror();
 
-  /// Above the toolbars, which some pictures overlap; the ring above all.
+  /// Raises the pictures above the toolbars, which some overlap, and the ring above everything.
   void raisepictures();
 
  private:

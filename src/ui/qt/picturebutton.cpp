@@ -11,7 +11,7 @@
 namespace gradino {
 namespace {
 
-constexpr int artheight = 22;                     // as it was drawn
+constexpr int artheight = 22;                     // the original size
 constexpr int smallart = 16, captionheight = 10;  // on a key with a caption
 
 }  // namespace
@@ -42,7 +42,7 @@ void PictureButton::mirror(const Control& control) {
   setText(caption);
   setToolTip(tip);
   setVisible(control.visible);
-  setCheckable(control.ticked);  // pressed in only by the program, never by the click itself
+  setCheckable(control.ticked);  // only the program presses it in, never the click itself
   setChecked(control.ticked);
   update();
   shown_ = control;

@@ -15,7 +15,7 @@ class PictureButton : public QAbstractButton {
  public:
   enum class Look {
     picture,  ///< the picture alone
-    key,      ///< a raised key under the pointer; a caption stands under the picture
+    key,      ///< a key, raised under the pointer, with a caption below the picture
     paint,    ///< filled with a colour, a caption on it
   };
 
@@ -27,7 +27,7 @@ class PictureButton : public QAbstractButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void nextCheckState() override {}  // pressed in only by the program, never by the click itself
+  void nextCheckState() override {}  // only the program presses it in, never the click itself
 
  private:
   bool captioned() const;

@@ -22,7 +22,7 @@ constexpr Words rejecting = {"La stampante \"{name}\" non accetta stampe. Lo sch
 constexpr Words stopped = {"La stampante \"{name}\" è ferma. Lo schema resta com'è.",
                            "The printer \"{name}\" is stopped. The puzzle stays as it is."};
 
-// What the print server's library tells of a queue, as far as it is needed here.
+// The part of the interface of the print server's library that is needed here.
 struct Option {
   char *name, *value;
 };
@@ -36,8 +36,8 @@ using Look = const char* (*)(const char* option, int count, Option* options);
 using Free = void (*)(int count, Destination* found);
 
 /// The toolkit hands a job to the print server and doesn't ask what becomes of it. So the server is asked
-/// first, by the library that the toolkit itself has loaded to reach it. Where there is none, nobody rejects
-/// anything.
+/// first, through the library that the toolkit itself has loaded for it. Without that library nothing is
+/// known to reject jobs.
 Queue queueof(const QString& printer) {
   QLibrary library("cups", 2);
   const auto find = reinterpret_cast<Find>(library.resolve("cupsGetNamedDest"));
@@ -67,7 +67,7 @@ void expectpage(const QString& printer, Queue queue) {
 void printclient(QWidget& client, QPrinter& printer) {
   QPainter painter;
   const bool begun = painter.begin(&printer);
-  // Drawn anew rather than as a grabbed picture: letters stay sharp however finely the printer prints.
+  // Painted anew rather than copied from the screen: letters are sharp at any resolution of the printer.
   if (begun) client.render(&painter);
   if (!begun || !painter.end() || printer.printerState() == QPrinter::Error)
     throw std::runtime_error(say(unreachable, hole("name", printer.printerName().toStdString())));

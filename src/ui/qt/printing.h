@@ -7,17 +7,17 @@ class QWidget;
 
 namespace gradino {
 
-/// Paints the client area on a printer, or on a PDF that stands for one. Throws std::runtime_error, in the
-/// language in force, when the printer can't be reached.
+/// Paints the client area on a printer, or to a PDF instead. Throws std::runtime_error, in the language in
+/// force, when the printer can't be reached.
 void printclient(QWidget& client, QPrinter& printer);
 
-/// What is known of a printer's queue.
+/// The state of the queue of a printer.
 struct Queue {
   bool rejects = false;  ///< it takes no jobs
-  bool stands = false;   ///< it takes them and doesn't print them
+  bool stands = false;   ///< it takes jobs and doesn't print them
 };
 
-/// Throws std::runtime_error, in the language in force, when no page would come out of the printer.
+/// Throws std::runtime_error, in the language in force, if the printer would not print.
 void expectpage(const QString& printer, Queue queue);
 
 /// Paints the client area on the default printer, if there is one and it prints.

@@ -22,7 +22,7 @@ namespace {
 struct Named {
   QPointer<QWidget> widget;
   std::function<Telling()> tell;
-  Telling told;
+  Telling given;
 };
 std::vector<Named> named;
 
@@ -34,14 +34,14 @@ bool listening() {
 
 void mirrorname(Named& row) {
   Telling now = row.tell();
-  if (now == row.told) return;
-  if (now.name != row.told.name) row.widget->setAccessibleName(QString::fromStdString(now.name));
-  if (now.description != row.told.description)
+  if (now == row.given) return;
+  if (now.name != row.given.name) row.widget->setAccessibleName(QString::fromStdString(now.name));
+  if (now.description != row.given.description)
     row.widget->setAccessibleDescription(QString::fromStdString(now.description));
-  row.told = std::move(now);
+  row.given = std::move(now);
 }
 
-/// A reader that comes while the program runs finds no names yet.
+/// A reader that is started while the program runs finds no names yet.
 class Newcomers : public QAccessible::ActivationObserver {
  public:
   void accessibilityActiveChanged(bool active) override {
@@ -49,8 +49,8 @@ class Newcomers : public QAccessible::ActivationObserver {
   }
 };
 
-/// The pencil marks: there are so many that their names are worked out only when they are asked for, and no
-/// change of them is reported: the cell's own name tells it.
+/// The pencil marks are so many that their names are made only on request, and their changes aren't reported:
+/// the name of the cell contains them.
 class MarkReader : public QAccessibleWidget {
  public:
   explicit MarkReader(CandidateBox& mark) : QAccessibleWidget(&mark, QAccessible::StaticText) {}
@@ -68,7 +68,7 @@ class MarkReader : public QAccessibleWidget {
   }
 };
 
-// The toolkit asks by the names of its own classes, from the most special one on.
+// The toolkit asks by class name, the most derived class first.
 QAccessibleInterface* newreader(const QString&, QObject* object) {
   if (auto* mark = dynamic_cast<CandidateBox*>(object)) return new MarkReader(*mark);
   if (auto* voice = dynamic_cast<Announcer*>(object))
@@ -79,24 +79,23 @@ QAccessibleInterface* newreader(const QString&, QObject* object) {
 #ifdef QT_DBUS_LIB
 constexpr const char* statusservice = "org.a11y.Bus";
 
-/// The toolkit's bridge to the readers asks the desktop once whether a reader is wanted, and then never
-/// again: who calls his reader when the program runs already would hear nothing. The bridge asks anew in a
-/// slot of its own, which has only to be called whenever the desktop's answer changes. It belongs to nobody
-/// who could be asked for it, but it can be seen to come into being. Where there is no such bridge, nothing
-/// happens.
+/// The bridge of the toolkit to screen readers asks the desktop only once whether there is a reader: one that
+/// is started later would hear nothing. The bridge has a slot that asks again, which only has to be called
+/// whenever the answer of the desktop changes. The bridge can't be obtained from any owner, but its
+/// construction can be observed. Without such a bridge nothing happens.
 class BridgeWatch : public QObject {
  public:
   BridgeWatch() {
     QCoreApplication::instance()->installEventFilter(this);
-    QAccessible::isActive();  // makes the bridge
+    QAccessible::isActive();  // constructs the bridge
     QCoreApplication::instance()->removeEventFilter(this);
-    // On a screen that knows where readers are found, the bridge takes it from there that one is wanted, but
-    // doesn't become active: what the desktop says then would be no news to it.
+    // If the display itself says where readers are found, the bridge learns from it that there is one, but
+    // doesn't become active: what the desktop says afterwards would then be no change.
     if (bridge_ && QDBusConnection::sessionBus().interface()->isServiceRegistered(statusservice))
       QMetaObject::invokeMethod(bridge_, "serviceRegistered");
   }
 
-  // This is before the bridge asks, so no change can fall between.
+  // This comes before the bridge asks, so no change can be missed.
   bool eventFilter(QObject* object, QEvent* event) override {
     if (event->type() == QEvent::ChildAdded && asks(*object)) {
       bridge_ = object;
@@ -167,7 +166,7 @@ std::string Announcer::newexplanation() {
   return explanation_.substr(explanation_.starts_with(before) ? before.size() : 0);
 }
 
-// Readers speak a notification when it comes up, and ask for its name then.
+// Readers speak a notification when it appears, and ask for its name then.
 void Announcer::say(const std::string& text) {
   setAccessibleName(QString::fromStdString(text));
   for (const auto happening : {QAccessible::ObjectHide, QAccessible::ObjectShow}) {

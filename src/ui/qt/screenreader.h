@@ -1,5 +1,5 @@
-// What a screen reader is told. Names are worked out only while one listens: a long job isn't slowed for
-// nobody.
+// The texts for screen readers. Names are made only while a reader is running, so that they don't slow long
+// jobs for nothing.
 #pragma once
 
 #include <QAccessible>
@@ -11,17 +11,17 @@
 
 namespace gradino {
 
-/// Whether anybody listens. Tests, which have no reader, put an answer of their own here.
+/// Whether a reader is running. Tests, which have none, set an answer of their own.
 inline bool (*readerlistens)() = QAccessible::isActive;
 
-/// From now on the widget has the name and description that the function tells.
+/// From now on the widget has the name and description that the function returns.
 void nameby(QWidget& widget, std::function<Telling()> tell);
 
-/// Brings all names up to date. Does nothing while nobody listens.
+/// Updates all names, if a reader is running.
 void mirrornames();
 
-/// While it lives, neither names nor announcements change. For the boards that a long job shows on its way: a
-/// reader would still be busy with them when the job is long over.
+/// As long as it exists, neither names nor announcements change. For the intermediate boards of a long job,
+/// with which a reader would still be busy long after its end.
 struct Hush {
   Hush();
   ~Hush();
@@ -29,14 +29,13 @@ struct Hush {
   Hush& operator=(const Hush&) = delete;
 };
 
-/// The voice of the program: says what a user who sees notices by himself, wherever the focus is. It stands
-/// in the main window without being seen; readers know it as a notification.
+/// The voice of the program: announces what is plain to see, wherever the focus is. It is an invisible widget
+/// of the main window; readers know it as a notification.
 class Announcer : public QWidget {
  public:
   explicit Announcer(QWidget* parent);
 
-  /// Announces the sentence of a step when it is new or waits at the light, and what is new of an
-  /// explanation.
+  /// Announces the sentence of a step when it is new or waits at the light, and new parts of an explanation.
   void mirror();
 
  private:
@@ -48,7 +47,7 @@ class Announcer : public QWidget {
   std::string sentence_, explanation_;
 };
 
-/// Before the first window.
+/// To be called before the first window.
 void meetscreenreaders();
 
 }  // namespace gradino

@@ -21,13 +21,13 @@
 namespace gradino {
 namespace {
 
-// As wide as the longest title, in a desktop's large letters: it tells what to do.
+// As wide as the longest title in a large font of the desktop, because the title says what to do.
 constexpr QSize activitysize{560, 420}, logsize{560, 300};
 constexpr QSize generatorsize{260, 300};
-constexpr QSize leasttext{360, 160};  ///< of a text that is still easy to read
+constexpr QSize leasttext{360, 160};  ///< for a text that is still easy to read
 constexpr int listedlines = 1000;     ///< of the generator's list: a run lasts for hours
 
-/// The text of the log, which tells where it was double-clicked or where the caret stood at the Return key.
+/// The text of the log, which reports the position of a double click, or of the caret at the Return key.
 class LogText : public QPlainTextEdit {
  public:
   using QPlainTextEdit::QPlainTextEdit;
@@ -46,7 +46,8 @@ class LogText : public QPlainTextEdit {
   }
 
  private:
-  /// The caret in bytes of the log's text, whose lines end in two characters and not in one.
+  /// The position of the caret in bytes of the text of the log, whose lines end with two characters and not
+  /// one.
   std::size_t datacaret() const {
     const QString before = toPlainText().left(textCursor().selectionStart());
     return static_cast<std::size_t>(before.toUtf8().size() + before.count('\n'));
@@ -74,7 +75,7 @@ void namewindow(QWidget& window, const std::string& caption, QPlainTextEdit& tex
   nameby(text, [&box] { return spoken(box); });
 }
 
-/// Beside the main window at its right, and below the place of the explanations.
+/// To the right of the main window, below the place of the explanations.
 QPoint belowexplanations() {
   return {frmmain::left + frmmain::width, frmmain::top + activitysize.height() + unseenframe.height()};
 }
@@ -144,7 +145,7 @@ ActivityWindow::ActivityWindow() : text_(new QPlainTextEdit(this)) {
 
 void ActivityWindow::mirror() {
   settitle(*this, frmactivity::caption);
-  // The continuous generator empties the text at each try and fills it in a blink: what it told last stays.
+  // The continuous generator empties the text at each try and fills it at once, so the last text stays.
   const bool between = unattended && frmactivity::Text3.text.empty();
   if (!between && shown_ != frmactivity::Text3.text) {
     text_->setPlainText(QString::fromStdString(frmactivity::Text3.text));
@@ -184,7 +185,7 @@ void GeneratorWindow::mirror() {
   setVisible(frmgeneratore::visible);
 }
 
-// Beside the explanations, or below them where the screen is too narrow for three windows in a row.
+// Beside the explanations, or below them if the screen is too narrow for three windows in a row.
 QPoint GeneratorWindow::place() const {
   const int besideboth = frmmain::left + frmmain::width + activitysize.width() + unseenframe.width();
   const int end = besideboth + generatorsize.width() + unseenframe.width();
@@ -192,7 +193,7 @@ QPoint GeneratorWindow::place() const {
   return {besideboth, frmmain::top};
 }
 
-// The list only grows at its top, or begins anew.
+// The list only grows at its top, or starts again.
 void GeneratorWindow::showlist() {
   const std::string& text = frmgeneratore::Text1.text;
   if (!text.ends_with(shown_)) {

@@ -10,19 +10,19 @@
 
 namespace gradino {
 
-/// What the window manager will put around a window: not known before it was shown once.
+/// The size of the frame of a window, assumed until it has been shown once.
 inline constexpr QSize unseenframe{12, 40};
 
-/// What the windows beside the main one take at most.
+/// The largest size of the windows beside the main one.
 QSize roombeside();
 
-/// Moves a window to a place beside the main one, but never off the screen. Where there is not enough room it
-/// stands on the main window's other side, or gets smaller, down to its least size. Where even that isn't
-/// enough it covers the board, but not what stands above it: close button, menu, keys, traffic light.
+/// Moves a window to a place beside the main one, but never off the screen. If there is not enough room, it
+/// goes to the other side of the main window or gets smaller, down to its minimum size. If even that isn't
+/// enough, it covers the board, but not what is above the board: close button, menu, keys, traffic light.
 void placebeside(QWidget& window, const QPoint& wanted, const QSize& least);
 
-/// Frmlog. A double click on a line goes back to that step. It comes up below the place of the explanations;
-/// once shown it stays where its user has put it.
+/// Frmlog. A double click on a line goes back to that step. It opens below the place of the explanations, and
+/// afterwards stays where the user has put it.
 class LogWindow : public QWidget {
  public:
   LogWindow();
@@ -37,7 +37,7 @@ class LogWindow : public QWidget {
   bool placed_ = false;
 };
 
-/// frmactivity. It comes up beside the main window without taking the focus.
+/// frmactivity. It opens beside the main window without taking the focus.
 class ActivityWindow : public QWidget {
  public:
   ActivityWindow();

@@ -17,7 +17,7 @@ namespace {
 constexpr int barheight = 28;
 constexpr int keywidth = 23, keyheight = 26, separatorwidth = 8;
 
-/// Separators in a row keep the room of the traffic light, which stands over the lower bar.
+/// Several separators in a row leave room for the traffic light, which is on top of the lower bar.
 constexpr int lightend = 423;
 
 int widthof(const PictureButton& key) {
@@ -31,7 +31,7 @@ Toolbar::Toolbar(QWidget* client, const char* name, int y, std::span<const KeyRo
     : QWidget(client), rows_(rows) {
   setObjectName(name);
   setGeometry(0, y, frmmain::clientwidth, barheight);
-  setPalette(QApplication::palette());  // not the client area's
+  setPalette(QApplication::palette());  // not that of the client area
   setAutoFillBackground(true);
   for (const KeyRow& row : rows) addkey(row, click);
 }
@@ -55,7 +55,7 @@ void Toolbar::mirror() {
   placekeys();
 }
 
-// A hidden key closes up.
+// A hidden key leaves no gap.
 void Toolbar::placekeys() {
   int x = 0;
   for (std::size_t n = 0; n < rows_.size(); ++n) {
@@ -82,7 +82,7 @@ Menus::Menus(QMenuBar* bar) {
 
 namespace {
 
-/// A title with the letter marked that opens it together with Alt: the first one that no title before it has.
+/// A title with its Alt letter marked: the first letter that no earlier title has taken.
 QString withletter(const QString& title, QString& taken) {
   for (qsizetype n = 0; n < title.size(); ++n) {
     if (!title[n].isLetter() || taken.contains(title[n], Qt::CaseInsensitive)) continue;
@@ -94,7 +94,7 @@ QString withletter(const QString& title, QString& taken) {
 
 }  // namespace
 
-// Only the program sets a check mark: the click on an entry that can be ticked would change it too.
+// Only the program sets a check mark: on a checkable entry a click would change it too.
 void Menus::mirror() {
   QString taken;
   for (const auto& [control, action] : entries_) {

@@ -1,4 +1,4 @@
-// The two toolbars, the loose buttons that stand over them, and the menu.
+// The two toolbars and the menu.
 #pragma once
 
 #include <QWidget>
@@ -13,7 +13,7 @@ class QMenuBar;
 
 namespace gradino {
 
-/// A toolbar as its command table tells it.
+/// A toolbar made from its command table.
 class Toolbar : public QWidget {
  public:
   using Click = void (*)(const KeyRow& row);
@@ -25,10 +25,10 @@ class Toolbar : public QWidget {
   void placekeys();
 
   std::span<const KeyRow> rows_;
-  std::vector<PictureButton*> keys_;  ///< by row; none for separators
+  std::vector<PictureButton*> keys_;  ///< by row; null for separators
 };
 
-/// The menu bar as its command table tells it.
+/// The menu bar made from its command table.
 class Menus {
  public:
   explicit Menus(QMenuBar* bar);

@@ -10,8 +10,8 @@
 namespace gradino {
 namespace {
 
-// The English is the toolkit's, to the letter: it is what it asks by. What is the same in both languages is
-// not here.
+// The English texts must be exactly those of the toolkit, which are the keys. Texts that are equal in both
+// languages are left out.
 // clang-format off
 constexpr Words toolkitwords[] = {
     {"&Annulla",                         "&Undo"},

@@ -1,12 +1,12 @@
-// What the toolkit says of itself, in its file dialog and in the menus of its text boxes.
+// Translations of the texts of the toolkit, in its file dialog and in the menus of text boxes.
 #pragma once
 
 #include <QTranslator>
 
 namespace gradino {
 
-/// Gives the toolkit's own words in the language in force at the moment they are asked for. It is at work
-/// while it lives.
+/// Translates the texts of the toolkit to the language in force when they are requested, as long as it
+/// exists.
 class ToolkitWords : public QTranslator {
  public:
   ToolkitWords();

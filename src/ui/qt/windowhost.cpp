@@ -15,8 +15,8 @@
 namespace gradino {
 namespace {
 
-/// A long job asks at every turn: most often nothing has come since, and a screen can't show more. What is
-/// shown may take a fifth of the job's time, so that it hardly slows it.
+/// A long job calls this very often: mostly there is no new event, and the screen can't show more. Updates
+/// may take a fifth of the time of the job, so that they hardly slow it.
 class Frames {
  public:
   template <class Show>
@@ -47,7 +47,7 @@ void letwaitingrun() {
   });
 }
 
-/// One box for all that is said while nobody may be there: the newest words stand in it.
+/// A single box for all messages of an unattended run; it shows the latest.
 void tellandgoon(QWidget& mainwindow, const std::string& text) {
   constexpr const char* name = "unattended";
   auto* box = mainwindow.findChild<QMessageBox*>(name);

@@ -27,7 +27,7 @@ User::User() {
   window_ = std::make_unique<MainWindow>();
   window_->show();
   if (!QTest::qWaitForWindowActive(window_.get(), patience)) qFatal("the window doesn't come up");
-  // Behind its first picture the window adds what its digits cover.
+  // After its first painting the window adds what its digits cover.
   const auto complete = [this] { return window_->findChild<QWidget*>("Text2_80") != nullptr; };
   if (!QTest::qWaitFor(complete, patience)) qFatal("the window stays without pencil marks");
   host.waitevents = [this, wait = host.waitevents] {
@@ -72,7 +72,7 @@ void User::answermodal() {
 
 void User::answerdialog(QWidget* dialog) {
   auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
-  if (!name->hasFocus()) {  // asked again in a moment: the dialog takes what is typed there, and only there
+  if (!name->hasFocus()) {  // tried again in a moment: the dialog takes typing only there
     dialog->activateWindow();
     return name->setFocus();
   }
@@ -178,13 +178,13 @@ void User::open(const QByteArray& puzzle) {
   comeback();
 }
 
-// Where no window manager is, nothing gives the focus back when a dialog has gone.
+// Without a window manager nothing returns the focus when a dialog has closed.
 void User::comeback() {
   window_->activateWindow();
   if (!QTest::qWaitForWindowActive(window_.get(), patience)) qFatal("the window doesn't come back");
 }
 
-// No test comes out of the printer of whoever runs it.
+// No test may print on a real printer.
 int runtests(QObject& tests, int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   if (!qEnvironmentVariableIsSet("GRADINO_PRINT_TEST")) qputenv("CUPS_SERVER", "/nonexistent/cups.sock");

@@ -1,4 +1,4 @@
-// A user before the real window: clicks where a widget stands on the screen, types, answers waits, message
+// A user of the real window: clicks on widgets at their position on the screen, types, answers waits, message
 // boxes and file dialogs.
 //
 //   User user;                                    // a program just started
@@ -52,14 +52,14 @@ class User : public QObject {
   QStringList ring() const;  ///< the ring's pictures that are shown
 
   // What he does.
-  void press(const QString& name);  ///< a click on its middle, whatever stands there
+  void press(const QString& name);  ///< a click on its middle, whatever is there
   void pressat(QPoint place);       ///< of the client area
   void moveto(QPoint place);
   void choose(const QString& entry);  ///< of the menu
   void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   void type(const QString& ascii);
 
-  /// A file in a folder of his own.
+  /// A file in a folder of its own.
   QString file(const QString& name, const QByteArray& bytes = {}) const;
   QByteArray bytes(const QString& name) const;
   void open(const QByteArray& puzzle);
