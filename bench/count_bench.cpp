@@ -1,10 +1,9 @@
-// How long the counter takes on each puzzle of a file: whole calls, one thread, the best of some runs.
+// The time of the counter for each puzzle of a file: whole calls, one thread, the best of some runs.
 //
 //   build/dev/bench/count FILE... [--count] [--runs N]
 //
 // A puzzle is the first 81 characters of a line, "." or 0 for an empty cell. Without --count the counter
-// stops at the second solution, as when a puzzle is opened or made; with it, it goes on as under the count
-// key.
+// stops at the second solution, as when a puzzle is opened or made; with it, it goes on as for the key count.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>

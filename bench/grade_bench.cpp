@@ -1,10 +1,10 @@
-// How long the grader takes on each puzzle of a file, log and snapshots included: one thread, the best of
-// some runs, reported by bands of the level that the puzzle turned out to have.
+// The time of the grader for each puzzle of a file, including log and snapshots: one thread, the best of some
+// runs, reported by bands of levels.
 //
 //   build/dev/bench/grade FILE... [--runs N]
 //
-// A puzzle is the first 81 characters of a line, "." or 0 for an empty cell. Timed is what a puzzle costs
-// once its solution is known: the board put to the givens, and the grade.
+// A puzzle is the first 81 characters of a line, "." or 0 for an empty cell. Timed is what follows the count:
+// setting the board to the givens, and the grade.
 #include <algorithm>
 #include <array>
 #include <chrono>

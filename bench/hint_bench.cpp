@@ -1,5 +1,5 @@
 // How long a user waits for a hint: every hint of every puzzle of a file, always answered with go, from the
-// press of the key to the traffic light. One thread, no window.
+// key press to the traffic light. One thread, no window.
 //
 //   build/dev/bench/hint FILE...
 //
@@ -46,23 +46,23 @@ void takehints(const std::string& puzzle, std::vector<Hint>& hints) {
   settleboard();
   mnupencil_Click();
   showboard();
-  Clock::time_point pressed, told;
+  Clock::time_point pressed, shown;
   bool waited = false;
   host.waitevents = [&] {
-    if (!waited) told = Clock::now();
+    if (!waited) shown = Clock::now();
     waited = true;
     Pictgo_Click();
   };
-  constexpr int endless = 300;  // a hint that changes nothing comes again for ever
+  constexpr int endless = 300;  // a hint that changes nothing would come again for ever
   for (int n = 0; n < endless; ++n) {
     waited = false;
     pressed = Clock::now();
     try {
       stepsolver();
-    } catch (const Fault&) {  // as the guard around each event takes it
+    } catch (const Fault&) {  // as the guard around each event does
     }
     if (!waited) return;
-    hints.push_back({std::chrono::duration<double, std::milli>(told - pressed).count(), steptag, puzzle});
+    hints.push_back({std::chrono::duration<double, std::milli>(shown - pressed).count(), steptag, puzzle});
   }
 }
 

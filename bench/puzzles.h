@@ -1,4 +1,4 @@
-// What the benchmarks over files share.
+// What the benchmarks on files share.
 #pragma once
 
 #include <fstream>

@@ -43,7 +43,7 @@ class DamageEvent(ctypes.Structure):
 
 
 class Screen:
-    """A virtual screen that tells when something was drawn on it."""
+    """A virtual screen that reports when something is drawn on it."""
 
     def __init__(self):
         read, write = os.pipe()
@@ -74,7 +74,7 @@ class Screen:
                 yield event.width * event.height
 
     def clear(self):
-        """Lets a window that was closed go from the screen."""
+        """Waits until a closed window is gone from the screen."""
         self.x11.XSync(self.display, 0)
         time.sleep(0.1)
         list(self.drawn())
@@ -136,7 +136,7 @@ def main():
     screen = Screen()
     runs = {program: [] for program in given.program}
     try:
-        # The first start brings the program's files into memory and is not counted.
+        # The first start loads the files of the program into memory and is not counted.
         rests = {program: measure(screen, program, True, given.picture)[-1] for program in runs}
         for _ in range(given.n):
             for program, results in runs.items():

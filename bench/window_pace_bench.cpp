@@ -1,5 +1,5 @@
-// What the window costs the continuous generator: puzzles a second while it runs in the window, shown and
-// listed and kept in a library, and the same run without a window.
+// The cost of the window for the continuous generator: puzzles a second in the window, with display, list and
+// library, and in the same run without a window.
 //
 //   build/dev/bench/window_pace [SECONDS]      10 of each
 //

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Compares the manual page of gradino-cli with what the program tells of itself.
+"""Compares the manual page of gradino-cli with the help texts of the program.
 
   tools/check-manual.py GRADINO-CLI MANUAL
 
@@ -13,7 +13,7 @@ import sys
 program, manual = sys.argv[1:]
 
 
-def told(*command):
+def helptext(*command):
     run = subprocess.run([program, *command, "--help"], stdout=subprocess.PIPE, text=True, check=True)
     return run.stdout
 
@@ -46,11 +46,11 @@ for line in synopsis.splitlines():
     inmanual[command] = names - {"--file"}
 
 inprogram = {}
-for command in commands(told()):
-    subs = commands(told(command))
+for command in commands(helptext()):
+    subs = commands(helptext(command))
     for sub in subs or [None]:
         whole = (command, sub) if sub else (command,)
-        inprogram[whole] = options(told(*whole))
+        inprogram[whole] = options(helptext(*whole))
 
 wrong = []
 for command in sorted(inprogram.keys() | inmanual.keys()):

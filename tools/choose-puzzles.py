@@ -4,7 +4,7 @@
     choose-puzzles.py EACH TWOFOLD.jsonl FOURFOLD.jsonl [MORE.jsonl] > rows.jsonl
 
 Keeps what the continuous generator would keep (level 4 or above, or fewer than 27 givens), of each level at most
-EACH, the first ones, no puzzle twice. A puzzle beyond the techniques has no steps to be told by and is left out.
+EACH, the first ones, no puzzle twice. A puzzle beyond the techniques has no list of steps and is left out.
 MORE, of point symmetry, may be as long as it takes: only levels that are still rare are taken from it, and it is read
 no further than they need.
 """

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Lets git run tools/hooks in this clone: the style is checked before each commit, and the form of its message.
+# Lets git run tools/hooks in this clone: before each commit the style and the form of the message are checked.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 git config core.hooksPath tools/hooks

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs what was built into a folder of its own and looks whether it is complete and sound there: the
-# programs with the library that comes with them, desktop entry, description, icons, manual pages.
+# Installs the build into a folder of its own and checks that it is complete and works there: the programs with the
+# library that comes with them, desktop entry, description, icons, manual pages.
 #
 #   tools/install-test.sh BUILD VERSION
 set -euo pipefail

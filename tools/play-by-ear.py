@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""A scripted player who can't see solves a puzzle with Gradino, and tells what he heard.
+"""A scripted player who can't see solves a puzzle with Gradino, and prints what was heard.
 
     tools/play-by-ear.py PROGRAM PUZZLE
 
@@ -17,7 +17,7 @@ sys.dont_write_bytecode = True  # nothing is left beside the sources
 from tour import PATIENCE, Missed, at_desk, close_window, parts, start_program, tell_desktop, type_line, until, up, xdotool
 
 SECONDS = 600  # for the whole game; it takes less than thirty
-EXPLAINED = 2  # the step whose explanation he asks for
+EXPLAINED = 2  # the step whose explanation is requested
 
 PLACES = [f"r{row}c{col}" for row in range(1, 10) for col in range(1, 10)]
 ROWS = [[9 * row + k for k in range(9)] for row in range(9)]
@@ -39,7 +39,7 @@ class Head:
         return [digit for digit in range(1, 10) if digit not in seen]
 
     def cell(self, cell, green=0):
-        """What is said of a cell while the pencil marks are on."""
+        """The name of a cell while the pencil marks are on."""
         digit, place = self.digits[cell], PLACES[cell]
         if digit:
             return f"cell {place}, digit {digit}" + (", given" if self.given[cell] else "")
@@ -71,7 +71,7 @@ class Head:
 
 
 class Ears:
-    """The program as a screen reader tells it."""
+    """The program as a screen reader sees it."""
 
     EVENTS = ("object:state-changed:showing", "object:state-changed:focused", "object:text-changed:insert")
 
@@ -86,7 +86,7 @@ class Ears:
         Atspi.init()
         Atspi.set_timeout(PATIENCE, PATIENCE)
         self.main = until("no window", lambda: next(iter(self.windows()), None))
-        # The toolkit misses who begins to listen in the moment in which it becomes active itself.
+        # The toolkit misses a listener that appears at the moment when it becomes active itself.
         self.listener = Atspi.EventListener.new(self.hear)
         for event in self.EVENTS:
             self.listener.register(event)
@@ -128,7 +128,7 @@ class Ears:
                 yield from self.below(child)
 
     def learn(self):
-        """Where the cells and the keys are: the places stay, the names change."""
+        """The positions of cells and keys, which stay while the names change."""
         self.cells, self.keys = {place: [] for place in PLACES}, {}
         for thing in self.below(self.main):
             place = re.search(r"cell (r\dc\d)", thing.get_name())
@@ -161,7 +161,7 @@ class Ears:
         self.atspi.Action.do_action(key, 0)
 
     def cell(self, place, word="cell"):
-        """What is said of a cell: by its digit box, or by its ground while marks are shown there, or by both."""
+        """The name of a cell: from its digit box, or from its background while marks are shown there, or from both."""
         names = [thing.get_name() for thing in self.cells[place] if self.showing(thing)]
         names = {name for name in names if name.startswith(f"{word} {place},")}
         return names.pop() if len(names) == 1 else f"of {place}: {names}"
@@ -180,7 +180,7 @@ class Ears:
         return until(f"not heard: {what}", heard)
 
     def insertion(self, name, text):
-        """A box of this name is reported to have taken this text, before the announcement of it or behind."""
+        """A box of this name is reported to have taken this text, before or after its announcement."""
 
         def reported():
             self.listen()
@@ -206,7 +206,7 @@ def write_by_reader(ears):
     }
     for place, (digit, write) in writes.items():
         write(next(box for box in ears.cells[place] if box.get_name() == f"cell {place}, empty"))
-        taken = f"cell {place}, digit {digit}, given"  # as all is that was written on an empty board
+        taken = f"cell {place}, digit {digit}, given"  # as is everything typed on an empty board
         until(f"{taken!r}, but {ears.cell(place)!r}", lambda: ears.cell(place) == taken)
 
 

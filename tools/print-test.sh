@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Prints on a print server of its own and looks at what arrived: the whole way to a printer, without one.
-# Needs Debian's cups-daemon, cups-client and poppler-utils. Nothing outside its own folder is touched.
+# Prints on a print server of its own and checks the result: a complete print test without a printer. Needs Debian's
+# cups-daemon, cups-client and poppler-utils. Nothing outside its own folder is touched.
 #
 #   tools/print-test.sh [BUILD [PAGE.png]]      build/dev; where to keep a picture of the last page
 set -euo pipefail
@@ -90,7 +90,7 @@ if ((${#pages[@]} != 2)); then
   exit 1
 fi
 
-# From a queue that prints nothing no page is to be expected: the program says so, and sends none.
+# A stopped queue prints nothing: the program says so, and sends no page.
 cupsreject paper
 prints rejecting refused
 cupsaccept paper

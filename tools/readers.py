@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Whether a screen reader finds the program, whoever of the two comes first.
+"""Whether a screen reader finds the program, whichever is started first.
 
     tools/readers.py PROGRAM CASE
 
@@ -35,14 +35,13 @@ def tells(eyes, name):
 
 
 def type_digit(eyes, digit):
-    """Into the cell that has the focus, over what stands there. On a board without a puzzle it is a given."""
+    """Types into the cell that has the focus, over its content. On a board without a puzzle the digit is a given."""
     xdotool("key", "BackSpace", digit)
     until(f"{CELL} doesn't take the {digit}", lambda: eyes.reads(CELL) == digit)
 
 
 def unheard(eyes, digit):
-    """The digit, if it was typed and the cell's name doesn't tell it. Soon, not at once: what the desktop says and
-    what is typed reach the program on different ways."""
+    """The digit, if it was typed and the name of the cell lacks it. Not at once: messages of the desktop and typing reach the program on different ways."""
     type_digit(eyes, digit)
     return None if f"digit {digit}" in eyes.field(CELL).get_name() else digit
 

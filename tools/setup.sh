@@ -71,7 +71,7 @@ refresh() {
 }
 install() { apt install --no-install-recommends "${missing[@]}"; }
 
-# A new machine has no lists at all, one that slept long has old ones: their files may be gone from the mirror.
+# A new machine has no package lists, and those of another may be old: their files may be gone from the mirror.
 known=$(LC_ALL=C apt-cache policy "${missing[@]}" 2>/dev/null | grep -c '^  Candidate: [^(]' || true)
 fresh=false
 if ((known < ${#missing[@]})); then

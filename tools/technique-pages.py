@@ -24,8 +24,8 @@ NOTE = "<!-- Written by tools/technique-pages.py: change the text in {} instead.
 
 CELL = 48
 MARGIN = 24
-# As on the screen, but softer where a whole cell is painted behind its marks. Digits are calmer too: red givens
-# would catch the eye on a page before the step does.
+# The colours of the screen, but softer for cells painted behind their marks. Digits are darker too: red givens would
+# catch the eye before the step does.
 ENTERED = "#1a237e"
 DIGITS = "Givens are black here and entered digits blue; in the window givens are red and entered digits black."
 COLOURS = {"yellow": "#ffee55", "green": "#7be07b", "red": "#ff8a80", "cyan": "#7fe5f0", "magenta": "#f2a0f2",
@@ -38,7 +38,7 @@ def source(name):
 
 @dataclass
 class Code:
-    """What the tables of the sources tell."""
+    """The tables of the sources."""
     levels: dict       # level: (name, points)
     names: dict        # record: its name in the output of `gradino-cli techniques`
     singles: dict      # record of a single: its level
@@ -109,7 +109,7 @@ class Program:
 
 @dataclass
 class Step:
-    """One step of a walk: the board before it, its first wait, the board behind it."""
+    """One step of a walk: the board before it, its first wait, the board after it."""
     before: Board
     wait: dict
     after: Board

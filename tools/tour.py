@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""A scripted user gives himself one lesson on a virtual screen, and tells what he saw.
+"""A scripted user takes a lesson on a virtual screen, and prints what was seen.
 
     tools/tour.py PROGRAM PUZZLE PICTURE
 
@@ -23,7 +23,7 @@ PATIENCE = 60_000  # milliseconds for one answer of the program
 SCREEN = "1280x800x24"
 TITLE, EDGE = 22, 2  # what the window manager puts around a window
 
-# What things on the screen are called, for who cannot see them; the names of cells begin with "cell r1c1,".
+# The accessible names of things on the screen; the names of cells begin with "cell r1c1,".
 OPEN, HINT = "open", "hint"
 GREEN, WHY = "go", "explain"
 SENTENCE, FILE, FILLED, GRADE = "step", "file", "filled", ("level", "score", "steps")
@@ -48,7 +48,7 @@ watched, missing = [], "nothing was begun"  # the program, and what is being wai
 
 
 def adopt_orphans():
-    """What the helpers of the desk leave behind becomes our child, so that nothing outlives the lesson."""
+    """Orphans of the helper processes become our children, so that nothing outlives the lesson."""
     set_child_subreaper = 36
     ctypes.CDLL(None).prctl(set_child_subreaper, 1, 0, 0, 0)
 
@@ -66,7 +66,7 @@ def reap():
 
 
 def end_children():
-    """Ends all children; theirs become ours as they go, until none is left."""
+    """Ends all children; their own become ours, until none is left."""
     for attempt in range(60):
         left = children()
         if not left:
@@ -87,13 +87,13 @@ def start(*command, **how):
 
 
 def start_program(program):
-    """The one that is watched: nobody waits for what it should show when it has ended."""
+    """The watched process: once it has ended, waiting for its output is useless."""
     watched.append(start(program, stdout=None, stderr=None))
     return watched[-1]
 
 
 def close_window(process):
-    """The program has to end in peace. A window manager that is busy may miss a key: it is pressed again."""
+    """The program has to end normally. A busy window manager may miss a key, so it is pressed again."""
     waits_for("closing the window did not end the program")
     status = None
     while status is None:
@@ -107,8 +107,7 @@ def close_window(process):
 
 
 def move_in(folder):
-    """A home in the folder for all that is started: whoever runs this finds no setting changed, and none of his
-    settings, sessions and screens has a part in what happens."""
+    """A home in the folder for all processes: no setting of the user is changed, and none of the user's settings, sessions and screens matters."""
     for name in USERS_OWN:
         os.environ.pop(name, None)
     for name, place in (("HOME", "home"), ("XDG_RUNTIME_DIR", "run"), ("TMPDIR", "tmp")):
@@ -117,8 +116,7 @@ def move_in(folder):
 
 
 def lay_desk(folder, reader=True, bus=True):
-    """A screen, a session bus, a window manager and the accessibility bus, on which a reader listens or not yet.
-    Without the bus it comes when somebody first asks for it."""
+    """A screen, a session bus, a window manager and the accessibility bus, with or without a reader. Without it, the bus starts at the first request."""
     move_in(folder)
     if reader:
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
@@ -146,14 +144,13 @@ def lay_desk(folder, reader=True, bus=True):
 
 
 def waits_for(what):
-    """What is missed if it doesn't come as long as the whole may take."""
+    """What is named as missing if it doesn't appear in the time for the whole."""
     global missing
     missing = what
 
 
 def until(what, look):
-    """Looks again and again until there is something to see. What goes away meanwhile is not there. It may take as
-    long as it likes on a busy machine, but the program has to live."""
+    """Looks again and again until there is something to see. What disappears meanwhile counts as absent. On a busy machine it may take any time, as long as the program runs."""
     from gi.repository import GLib
 
     while True:
@@ -171,19 +168,19 @@ def until(what, look):
 
 
 def up(title):
-    """Whether a window of this title is on the screen, for who needs no reader to see it."""
+    """Whether a window of this title is on the screen, found without a reader."""
     search = ("xdotool", "search", "--onlyvisible", "--name", f"^{title}$")
     return subprocess.run(search, check=False, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
 
 
 def parts(thing):
-    """What stands on a thing. What goes away meanwhile is not there."""
+    """The children of an object. What disappears meanwhile counts as absent."""
     things = (thing.get_child_at_index(i) for i in range(thing.get_child_count()))
     return [part for part in things if part]
 
 
 class Eyes:
-    """The program's windows as a screen reader has them."""
+    """The windows of the program as a screen reader sees them."""
 
     def __init__(self, pid):
         import gi  # needs the desk
@@ -218,19 +215,19 @@ class Eyes:
         return next((window for window in self.windows() if window != self.main and test(window)), None)
 
     def below(self, thing):
-        """All that stands on it. Fields are not taken apart: what they are made of has no name."""
+        """All objects in it. Fields are not taken apart: their parts have no names."""
         for child in parts(thing):
             yield child
             if child.get_role() != self.text_role:
                 yield from self.below(child)
 
     def learn(self):
-        """Keeps what stands on the main window: it is always the same, only shown or hidden."""
+        """Keeps the objects of the main window: they are always the same, only shown or hidden."""
         self.things = {(thing.get_role(), self.name(thing)): thing for thing in self.below(self.main)}
         return (self.text_role, SENTENCE) in self.things and (self.key_role, HINT) in self.things
 
     def name(self, thing):
-        """Without what it says of the state of a cell, which changes."""
+        """Without the state of a cell, which changes."""
         return re.sub(r"^cell (r\dc\d), .*", r"\1", thing.get_name())
 
     def field(self, name):
@@ -265,7 +262,7 @@ class Eyes:
 
 
 def tell_desktop(state, value):
-    """What a desktop says of screen readers, "IsEnabled" or "ScreenReaderEnabled", as when its user calls one."""
+    """Sets what the desktop says of screen readers, "IsEnabled" or "ScreenReaderEnabled", as when a user starts one."""
     from gi.repository import Gio, GLib
 
     bus = Gio.bus_get_sync(Gio.BusType.SESSION)
@@ -308,7 +305,7 @@ def givens(puzzle):
 
 
 def make_room(eyes):
-    """Moves the window to the left, so that the explanation finds its place beside it."""
+    """Moves the window to the left, so that there is room for the explanation beside it."""
 
     def moved():
         xdotool("search", "--onlyvisible", "--name", f"^{eyes.main.get_name()}$", "windowmove", 40, 60, check=False)
@@ -323,7 +320,8 @@ def open_puzzle(eyes, puzzle):
     type_line(str(puzzle))
     wanted = str(givens(puzzle))
     until("the puzzle was not opened", lambda: eyes.reads(FILE) == str(puzzle) and eyes.reads(FILLED) == wanted)
-    # The board stands before the grader is through, and a hint taken meanwhile would see the grader's board.
+    # The board is on show before the grader has finished, and a hint taken meanwhile would see the board of the
+    # grader.
     until("the puzzle was not graded", lambda: eyes.reads(GRADE[0]) and not eyes.state(eyes.label(LOADING), "SHOWING"))
     print(f"He opened {puzzle.name} through the file dialog: {wanted} digits. The grade:")
     print(shown("\n".join(map(eyes.reads, GRADE))))
@@ -352,7 +350,7 @@ def ask_why(eyes, place):
 
 def take_picture(eyes, paper, picture):
     """Of both windows."""
-    time.sleep(0.5)  # the colours are painted after the window of the explanation has come
+    time.sleep(0.5)  # the colours are painted after the window of the explanation has opened
     areas = [eyes.area(eyes.main), eyes.area(paper)]
     left, top = min(a.x for a in areas) - EDGE, min(a.y for a in areas) - TITLE
     wide = max(a.x + a.width for a in areas) + EDGE - left
@@ -389,7 +387,7 @@ def lesson(program, puzzle, picture):
 
 
 def at_desk(play, seconds, **how):
-    """Lays a desk in a folder of its own and lets somebody play there, for so many seconds at most."""
+    """Sets up a desk in a folder of its own and plays there, for at most so many seconds."""
 
     def stop(number, _):
         why = "it took too long" if number == signal.SIGALRM else "it was broken off"

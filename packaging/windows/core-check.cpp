@@ -1,4 +1,4 @@
-// Counts, grades and explains a puzzle with the core alone, and compares with what Linux says.
+// Counts, grades and explains a puzzle with the core alone, and compares the results with those on Linux.
 #include <cstdio>
 #include <string>
 

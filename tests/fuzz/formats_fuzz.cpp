@@ -1,4 +1,4 @@
-// Whatever the text, it is read as puzzles or refused with a line of it and a sentence.
+// Any text is either read as puzzles or refused with a line number and a sentence.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

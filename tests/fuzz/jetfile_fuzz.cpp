@@ -1,7 +1,7 @@
-// Whatever the bytes, an old library is read or refused with a sentence, and its file stays as it is.
+// Any bytes are either read as an old library or refused with a sentence, and the file stays unchanged.
 //
-// The first byte of an input chooses: 0, what follows is the file; else it is a list of changes to one of two
-// real ones, four bytes each: the new byte, and its place, low byte first.
+// The first byte of an input chooses: 0: the rest is the file; otherwise the rest is a list of changes to one
+// of two real files, four bytes each: the new byte and its position, low byte first.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
 # Runs a test in a home of its own that is new, empty, and gone when the test is over: settings, caches, data,
-# sockets, temporary files. Nothing is left behind, nothing from an earlier run or of the user's own has a part in
-# the test, and it reaches no desktop on which somebody works.
+# sockets, temporary files. Nothing is left behind, nothing from an earlier run or of the user influences the test,
+# and it can't reach a desktop in use.
 #
 #   tests/tools/at-home.sh FOLDER COMMAND...     the home is made in the folder
 set -euo pipefail
 folder=$(realpath -m "$1")
 shift
 
-# The bus takes no name of a socket beyond 99 bytes, and those of a desk within the home are up to 43 longer than this.
+# The bus takes socket names of up to 99 bytes, and those of a desk within the home are up to 43 longer than this.
 ((${#folder} <= 56)) || folder=${TMPDIR:-/tmp}
 mkdir -p "$folder"
 place=$(mktemp -d "$folder/XXXXXX")

@@ -1,5 +1,5 @@
 // Makes the puzzles of tests/data/corpus: a random full grid, then givens taken away in random order while
-// one solution is left, graded, and kept when the level lies in a range.
+// one solution is left, graded, and kept when the level is in a range.
 //
 //   makecorpus SEED COUNT LOWEST HIGHEST > puzzles.txt
 #include <algorithm>

@@ -1,20 +1,20 @@
 #!/usr/bin/env bash
-# Runs the tests and proves that they wrote nothing outside the build folder.
+# Runs the tests and checks that they wrote nothing outside the build folder.
 #
 #   tests/tools/nothing-outside.sh FOLDER COMMAND...     FOLDER is made anew
 #
-# Each test that starts programs has a home of its own, see at-home.sh. What gets out of that comes to the home, the
-# runtime folder and the folder for temporary files of whoever runs the tests. In their places are empty folders here
-# of which nobody else knows: whatever is in there at the end was a test. The real ones can't be compared, as on a
-# desktop the browser, the editor and the shell write there at any time.
+# Each test that starts programs has a home of its own, see at-home.sh. A test that escapes from that writes to the
+# home, the runtime folder or the folder for temporary files of the user. These are replaced here by empty folders
+# that no other program knows: whatever is in them at the end was written by a test. The real ones can't be compared,
+# since browser, editor and shell may write there at any time.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 folder=$(realpath -m "$1")
 shift
 
-# Programs that don't ask the environment would still find the real home. There only such names count as only our
-# programs and those of the tests' desk use, and only where nothing stood before: a user may well play Gradino while
-# the tests run. Of the desktop's settings it is the one that a screen reader needs; others are changed at any time.
+# Programs that ignore the environment would still find the real home. There only names count that only our programs
+# and those of the tests' desk use, and only if they are new: the user may well play Gradino while the tests run. Of
+# the settings of the desktop only the one for screen readers is checked, since others may change at any time.
 reach() {
   local name
   for name in ~/.config/{gradino*,Gradino*,QtProject*} ~/.cache/{gradino*,openbox} ~/.local/share/gradino*; do
@@ -22,7 +22,7 @@ reach() {
   done
   ! grep -qs toolkit-accessibility ~/.config/dconf/user || echo ~/.config/dconf/user
 }
-# What the tests read beside the sources: who changes that meanwhile doesn't know what was tested.
+# What the tests read beside the sources: if that changes meanwhile, it isn't clear what was tested.
 touched() {
   find library samples tests/data -newer "$folder/stamp"
   find . -path ./build -prune -o -name __pycache__ -newer "$folder/stamp" -print

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Whether everything said of the fixed puzzles is still the same to the letter: what makes the program quicker may
-# change nothing of it. The grades carry log and snapshots; a seed makes the same puzzles for ever.
+# Whether the output for the fixed puzzles is still exactly the same: optimisations must not change it. The grades
+# include log and snapshots; a seed always makes the same puzzles.
 #
-#   tests/tools/signatures.sh GRADINO-CLI CORPUS            says which command says something else
-#   tests/tools/signatures.sh GRADINO-CLI CORPUS --write    takes what it says now as right
+#   tests/tools/signatures.sh GRADINO-CLI CORPUS            names the commands whose output has changed
+#   tests/tools/signatures.sh GRADINO-CLI CORPUS --write    takes the present output as right
 set -euo pipefail
 cli=$(readlink -f "$1")
 cd "$2"
