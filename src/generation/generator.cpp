@@ -246,7 +246,7 @@ void freshgenerator() {
   cellescelte.clear();
   cifrescelte.clear();
   scelte = 0;
-  generationfailed = marksbehind = false;
+  generationfailed = marksstale = false;
 }
 
 void frmprogress::timer() {
