@@ -9,19 +9,19 @@ namespace gradino {
 
 template <class T, int N>
 struct ByIndex {
-  T slots[static_cast<std::size_t>(N)];
+  T items[static_cast<std::size_t>(N)];
 
-  constexpr T& operator[](int index) { return slots[index]; }
-  constexpr const T& operator[](int index) const { return slots[index]; }
+  constexpr T& operator[](int index) { return items[index]; }
+  constexpr const T& operator[](int index) const { return items[index]; }
 
-  constexpr T* begin() { return slots; }
-  constexpr T* end() { return slots + N; }
-  constexpr const T* begin() const { return slots; }
-  constexpr const T* end() const { return slots + N; }
-  constexpr T* data() { return slots; }
-  constexpr const T* data() const { return slots; }
+  constexpr T* begin() { return items; }
+  constexpr T* end() { return items + N; }
+  constexpr const T* begin() const { return items; }
+  constexpr const T* end() const { return items + N; }
+  constexpr T* data() { return items; }
+  constexpr const T* data() const { return items; }
   static constexpr std::size_t size() { return N; }
-  constexpr void fill(const T& value) { std::fill_n(slots, N, value); }
+  constexpr void fill(const T& value) { std::fill_n(items, N, value); }
 
   friend constexpr bool operator==(const ByIndex& one, const ByIndex& other) {
     return std::equal(one.begin(), one.end(), other.begin());

@@ -56,14 +56,14 @@ enum class HouseKind { row, column, block };
 /// By kind, in the order of HouseKind.
 template <class T>
 struct ByKind {
-  T slots[3];
+  T items[3];
 
-  constexpr T& operator[](HouseKind kind) { return slots[static_cast<int>(kind)]; }
-  constexpr const T& operator[](HouseKind kind) const { return slots[static_cast<int>(kind)]; }
-  constexpr T* begin() { return slots; }
-  constexpr T* end() { return slots + 3; }
-  constexpr const T* begin() const { return slots; }
-  constexpr const T* end() const { return slots + 3; }
+  constexpr T& operator[](HouseKind kind) { return items[static_cast<int>(kind)]; }
+  constexpr const T& operator[](HouseKind kind) const { return items[static_cast<int>(kind)]; }
+  constexpr T* begin() { return items; }
+  constexpr T* end() { return items + 3; }
+  constexpr const T* begin() const { return items; }
+  constexpr const T* end() const { return items + 3; }
 };
 
 inline constexpr std::array housekinds = {HouseKind::row, HouseKind::column, HouseKind::block};
