@@ -14,6 +14,11 @@ import sys
 RESULT = re.compile(r"\s*\d+/\d+ Test +#\d+: (.*?) \.*\s*(Passed|\*\*\*.*?|Not Run.*?)\s+([\d.]+) sec")
 NOISE = re.compile(r"\s+Start +\d+: |Test project |Internal ctest changing into directory|Label Time Summary|"
                    r"\S.* = +[\d.]+ sec\*proc ")
+SUMMARY = re.compile(r"\d+% tests passed")
+
+
+def failed(status):
+    return status.startswith("***") and not status.startswith("***Skipped")
 
 
 class Group:
@@ -25,7 +30,7 @@ class Group:
         self.ended += 1
         self.seconds += seconds
         self.skipped += status.startswith(("***Skipped", "Not Run"))
-        self.failed += status.startswith("***") and not status.startswith("***Skipped")
+        self.failed += failed(status)
 
     def __str__(self):
         odd = "".join(f", {n} {what}" for n, what in ((self.failed, "failed"), (self.skipped, "skipped")) if n)
@@ -57,21 +62,23 @@ def main(arguments):
           flush=True)
 
     run = subprocess.Popen(["ctest", *arguments], stdout=subprocess.PIPE, text=True, errors="replace")
-    ended = 0
     blank = True  # no more than one empty line in a row, of those that are left when the noise is gone
+    done = ""  # the line of a group that has ended waits for the output of its last test
     for line in run.stdout:
         result = RESULT.match(line)
+        noise = NOISE.match(line)
+        if done and (result or noise or SUMMARY.match(line)):
+            print(done, flush=True)
+            done, blank = "", False
         if result:
-            ended += 1
             group = groups[labels.get(result[1], "other")]
             group.note(result[2], float(result[3]))
-            if result[2] != "Passed":
-                print(line, end="")
-                blank = False
             if group.ended == group.tests:
-                print(f"  {labels[result[1]]:{width}}  {group}", flush=True)
+                done = f"  {labels[result[1]]:{width}}  {group}"
+            if failed(result[2]):  # what was skipped is listed at the end
+                print(re.sub(r"\.{4,}", "...", line), end="")
                 blank = False
-        elif not NOISE.match(line) and not (blank and not line.strip()):
+        elif not noise and not (blank and not line.strip()):
             print(line, end="", flush=True)
             blank = not line.strip()
     return run.wait()
