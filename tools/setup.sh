@@ -6,7 +6,7 @@
 #                                test   besides, to build and run the tests and checks
 #                                screen besides, to let a scripted user work on a virtual screen
 #                                package to make the Debian package
-#                                wayland, print, coverage
+#                                wayland, print, coverage, tidy
 set -euo pipefail
 
 declare -A groups=(
@@ -20,6 +20,7 @@ declare -A groups=(
   [package]="dpkg-dev librsvg2-bin lintian mmdebstrap"
   [wayland]="qt6-wayland"
   [print]="cups-daemon cups-client poppler-utils"
+  [tidy]="clang-tidy-14"
   [coverage]="gcovr"
 )
 

@@ -6,8 +6,7 @@
 //   forcing chains               x          x           x                x                  x
 //   Nishio                       x          x                                                       placings
 //   simple colours               x                      x                                           cluster
-//   X-colours                    x                      x                                           true,
-//   false
+//   X-colours                    x                      x                                           hypothesis
 //
 // The queue is read by the search that fills it and by nobody after it. The link tables outlive the search:
 // steps, twins and explanations read them, always as a Chain (chain.h).

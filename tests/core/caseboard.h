@@ -17,9 +17,8 @@
 // else belongs to the board:
 //
 //   technique: findxwing     its record, by the name that `gradino-cli techniques` writes
-//   start: key chain         who starts the step: "key" and a key of the toolbars, "menu" and an entry's
-//   English
-//                            caption; without the line the technique's own step
+//   start: key chain         what starts the step: "key" and a key of the toolbars, "menu" and the English
+//                            caption of an entry; without the line the technique's own step
 //   solution: 1234...        81 digits that the counter found
 //   nishio: yes              a Nishio step came before
 //   tag: colors              steptag as the step finds it: X-colours leave that of simple colours

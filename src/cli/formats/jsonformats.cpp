@@ -38,7 +38,7 @@ class Cursor {
 };
 
 /// The game, and the line in which each entry of "cells" begins, which a parsed value doesn't know.
-struct Game {
+struct Game {  // NOLINT(bugprone-exception-escape): what the library has as noexcept
   Json json;
   std::vector<long> lines;
 };
@@ -90,12 +90,12 @@ struct Entry {
 };
 
 void takecell(const Entry& entry, std::string& cells) {
-  const Said where = {"attesa \"position\": [riga, colonna], ciascuna da 0 a 8",
-                      "\"position\": [row, column], each 0 to 8"};
+  const Said where = {R"(attesa "position": [riga, colonna], ciascuna da 0 a 8)",
+                      R"("position": [row, column], each 0 to 8)"};
   const Json& cell = entry.json;
   if (!cell.is_object() || !cell.contains("position") || !cell.contains("value") || !cell.contains("fixed"))
-    entry.fail({"atteso un oggetto con \"position\", \"value\" e \"fixed\"",
-                "an object with \"position\", \"value\" and \"fixed\""});
+    entry.fail({R"(atteso un oggetto con "position", "value" e "fixed")",
+                R"(an object with "position", "value" and "fixed")"});
   const Json& position = cell["position"];
   if (!position.is_array() || position.size() != 2) entry.fail(where);
   if (!cell["fixed"].is_boolean()) entry.fail({"atteso \"fixed\": true o false", "\"fixed\": true or false"});

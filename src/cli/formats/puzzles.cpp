@@ -45,7 +45,7 @@ void checktext(std::string& text, const Listener& listener) {
       const Unreadable error(
           line, {"un carattere di controllo: atteso un testo, in UTF-8 o a un byte per carattere",
                  "a control character: expected a text, in UTF-8 or of single bytes"});
-      if (!listener.unread || line == 1) throw error;
+      if (!listener.unread || line == 1) throw Unreadable(error);
       listener.unread(error);
       std::fill(first, last, ' ');
     }

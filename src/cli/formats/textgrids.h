@@ -14,6 +14,6 @@ namespace gradino::formats {
 /// An empty cell is one of . 0 x X * _ - ? or a blank, the same in the whole puzzle. A line that could be a
 /// frame as well as a row without a digit (---|---|---, .........) is a row if the other rows of the puzzle
 /// use its mark, else a frame. In a pencil-mark grid a cell of several digits is empty.
-std::vector<Puzzle> readgrids(const std::vector<TextLine>& lines, const Listener& listener);
+std::vector<Puzzle> readgrids(const std::vector<TextLine>& text, const Listener& listener);
 
 }  // namespace gradino::formats
