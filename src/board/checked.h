@@ -103,9 +103,13 @@ class Table {
   constexpr auto begin() const { return slots_.begin(); }
   constexpr auto end() const { return slots_.end(); }
 
-  /// Every slot as it is before first use.
+  /// Every slot as it is before first use. Texts keep their room.
   constexpr void clear() {
-    for (T& slot : slots_) slot = T{};
+    for (T& slot : slots_)
+      if constexpr (requires { slot.clear(); })
+        slot.clear();
+      else
+        slot = T{};
   }
 
  private:

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "houses.h"
 #include "library.h"
 #include "menu.h"
 
@@ -19,12 +20,22 @@ Box panelbox(const char* text) {
   return {.text = text, .back = white, .fore = textcolor, .visible = true};
 }
 
+const auto marks = [] {
+  ByDigit<Box> boxes;
+  for (int digit = 1; digit <= 9; ++digit) boxes[digit] = panelbox(std::to_string(digit).c_str());
+  return boxes;
+}();
+
+/// Most boxes of a session are as they were at its start, and comparing takes a fraction of copying.
+void renew(Box& box, const Box& fresh) {
+  if (box != fresh) box = fresh;
+}
+
 void freshcells() {
-  for (Box& box : Text1) box = digitbox;
-  for (Box& box : Text2) box = {};
-  for (int cell = 0; cell < 81; ++cell)
-    for (int digit = 1; digit <= 9; ++digit)
-      candidate(cell * 10 + digit) = panelbox(std::to_string(digit).c_str());
+  for (Box& box : Text1) renew(box, digitbox);
+  for (Box& box : Text2) renew(box, {});
+  for (int cell = 0; cell < cellcount; ++cell)
+    for (int digit = 1; digit <= 9; ++digit) renew(candidate(cell * 10 + digit), marks[digit]);
   candidate(0) = panelbox("8");  // the template of the others
 }
 
