@@ -17,8 +17,7 @@
 
 namespace gradino {
 
-/// What ended a routine. Words for the user are made of it by faulttext (world/faults.h), in the language in
-/// force.
+/// What ended a routine. faulttext (world/faults.h) puts it into words for the user.
 struct Fault {
   enum class Kind {
     bounds,    ///< `value` is no index of the table `name`, whose bounds are low to high
@@ -31,7 +30,7 @@ struct Fault {
   long long low = 0, high = 0;
   std::string place;  ///< the routine it happened in
 
-  // What those know that it passes on its way.
+  // Added by the routines that it passes on its way, where they know it.
   std::optional<int> cell = {};  ///< whose box brought it about
   bool ungraded = false;         ///< it ended a grading
   std::string written = {};      ///< the file that was written before
@@ -138,7 +137,7 @@ class Grid {
   constexpr T& operator()(Located i, Located j) { return slots_[place(i, j)]; }
   constexpr const T& operator()(Located i, Located j) const { return slots_[place(i, j)]; }
 
-  /// The slots [i, 0 to HI2], for who goes through all of them.
+  /// The slots [i, 0 to HI2], for a walk through all of them.
   constexpr T* row(Located i) { return &slots_[place(i, 0)]; }
 
   constexpr void clear() {

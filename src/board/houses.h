@@ -5,7 +5,7 @@
 //   position  0 to 8 inside a house               in a block row by row                  3 4 5
 //                                                                                        6 7 8
 //
-// Everything here counts from 0. From 1 on is only what a user reads: cellname, the tables cellrow, cellcol
+// Everything here counts from 0. Only what a user reads counts from 1: cellname, the tables cellrow, cellcol
 // and cellblock (tables.h), and the numbers in sentences.
 #pragma once
 

@@ -17,7 +17,7 @@ inline constexpr auto bitcounts = [] {
   return counts;
 }();
 
-/// True for a set of one: likewise without counting.
+/// True for a set of one, without counting either.
 constexpr bool issingle(unsigned bits) {
   return bits != 0 && (bits & (bits - 1)) == 0;
 }

@@ -35,7 +35,7 @@ void freshboard() {
 
 namespace {
 
-/// The bit of a cell's digit. Checked here, as the table knows no cells.
+/// The bit of a cell's digit. Checked here, since a Fault of the table bitvalue couldn't name the cell.
 std::int32_t bitof(int cell, const char* place) {
   const std::int32_t value = cellvalue(cell);
   if (value < 0 || value > 9) throw Fault{Fault::Kind::bounds, "bitvalue", value, 0, 9, place, cell};
@@ -45,7 +45,8 @@ std::int32_t bitof(int cell, const char* place) {
 }  // namespace
 
 void rebuildusedmask() {
-  // The rows go first, one slot at a time: a value that is no digit is met here, after the rows above it.
+  // The rows go first, one slot at a time: where a value is no digit, the slots of the rows above it are
+  // done.
   ByHouse<std::int32_t> columns{}, blocks{};
   for (int row = 0; row < 9; ++row) {
     std::int32_t used = 0;
@@ -130,7 +131,7 @@ void placesilently(int cell, int digit) {
 
 namespace {
 
-/// Takes a candidate out of the mask, the text and the position index of its cell.
+/// Takes a candidate out of the position index.
 void takeout(int cell, int digit) {
   const int row = rowof(cell), col = columnof(cell);
   rowpos(digit, row).remove(col);

@@ -4,8 +4,8 @@
 //   digit     1 to 9, 0 for an empty cell
 //   mask      a digit set: bit d for digit d, so the full set is 1022
 //
-// There is one board. Whoever changes candmask ends with rebuildcandstr and rebuildpositions: the finders
-// trust both blindly.
+// There is one board. A routine that changes candmask ends with rebuildcandstr and rebuildpositions, as the
+// finders trust candstr and the positions blindly.
 #pragma once
 
 #include <bit>
@@ -72,11 +72,11 @@ void rebuildpositions();
 /// Puts a digit into a cell without touching any box: value, mask, count, and the three rebuilds.
 void placesilently(int cell, int digit);
 
-/// The same where the tables are true to each other and nothing was deleted since their last rebuilds: only
+/// The same where the tables agree with each other and nothing was deleted since their last rebuilds: only
 /// what the digit touches is brought up to date, the 20 cells that see it and the houses around them.
 void placequickly(int cell, int digit);
 
-/// The same without counting the cell as filled: for a trial.
+/// placequickly without counting the cell as filled: for a trial.
 void placeuncounted(int cell, int digit);
 
 /// After candidates were deleted: candstr and positions. The main window has showdeletions instead.
@@ -88,7 +88,7 @@ constexpr int onlydigit(std::int32_t mask) {
   return issingle(bits) && (bits & fullmask) != 0 ? std::countr_zero(bits) : 0;
 }
 
-/// True when the digit was a candidate of the cell, and then it is one no more.
+/// Takes a candidate out of the cell's mask. False: the cell didn't have it.
 bool deletecandidate(int cell, int digit);
 
 /// True when the cell has the digit as a candidate.
@@ -97,7 +97,7 @@ inline bool hascandidate(int cell, int digit) {
 }
 
 /// The number at the front of a text: leading blanks skipped, digits taken, anything else gives 0.
-/// Fault: a number beyond 32 bits, in the box of `cell` where it is one's.
+/// Fault: a number beyond 32 bits; it names `cell`, if the text is that of a cell's box.
 std::int32_t leadingnumber(std::string_view text, std::optional<int> cell = {});
 
 }  // namespace gradino

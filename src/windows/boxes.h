@@ -38,7 +38,7 @@ struct CommonDialog {
   std::string filename;
 };
 
-// The main window. `main` itself is taken in this language.
+// The main window. C++ doesn't allow a namespace `main`.
 namespace frmmain {
 
 inline constexpr int clientwidth = 491, clientheight = 530;

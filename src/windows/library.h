@@ -55,9 +55,9 @@ inline Cursor Data1;
 inline std::function<void()> listchanged = [] {};
 
 namespace frmmain {
-// What they are bound to: livello, difficolta, dettaglio, stringa, numeri, supersimmetrico, tempo. None of
-// them is ever visible. txtprogressivo and liv(0) to liv(21) are bound too: to progressivo, and to f1 (twice)
-// to f21.
+// Bound, in this order, to the fields livello, difficolta, dettaglio, stringa, numeri, supersimmetrico,
+// tempo. None of them is ever visible. txtprogressivo and liv(0) to liv(21) are bound too: to progressivo,
+// and to f1 (twice) to f21.
 inline Box testolivello, txttotale, txtdettaglio, txtstringa, txtnumeri, txtsuper, tempo;
 }  // namespace frmmain
 

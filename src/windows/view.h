@@ -12,8 +12,8 @@ void mnupencil_Click();
 /// Turns the pencil marks on, unless they are.
 void showpencilmarks();
 
-/// How often the pencil marks were switched: who toggles them temporarily can tell whether something else has
-/// switched them meanwhile.
+/// How often the pencil marks were switched. A routine that toggles them for a while sees here whether
+/// something else has switched them meanwhile.
 inline constinit int pencilclicks = 0;
 
 }  // namespace gradino

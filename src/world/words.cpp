@@ -16,8 +16,8 @@ const Hole& holenamed(std::string_view name, std::initializer_list<Hole> holes) 
 
 }  // namespace
 
-// A grade writes a hundred sentences, and a general formatter took a third of the time of an easy grade for
-// them. There is always room for the words still to come, so that only the text of a hole may need more.
+// A grade writes a hundred sentences; with a general formatter they took a third of the time of an easy
+// grade. The text always has room for the words still to come, so only what fills a hole may need more.
 std::string filled(std::string_view sentence, std::initializer_list<Hole> holes) {
   std::string text(sentence.size(), ' ');
   std::size_t length = 0;
