@@ -27,7 +27,7 @@ const Technique* nextstep() {
   return nullptr;
 }
 
-/// The puzzle is beyond the techniques. Only a puzzle known to have one solution is worth a word.
+/// The puzzle is beyond the techniques. That is reported only of a puzzle known to have one solution.
 void giveup() {
   if (boardfinished || numerosoluzioni != 1) return;
   runninglevel = 21;

@@ -6,7 +6,7 @@
 
 namespace gradino {
 
-/// True while a board was found finished; only the generator sets it.
+/// True when the quick solver of the generator has finished a board; nothing else sets it.
 inline constinit bool boardfinished = false;
 
 /// Before: cellvalue filled, the rebuilds run, the solutions counted. It consumes the board: afterwards the

@@ -9,7 +9,7 @@
 
 namespace gradino {
 
-/// The line under a heading: 46 signs; wings and fish have one of 51.
+/// The line under a heading: 46 characters; some techniques have one of 51.
 inline constexpr std::string_view ruleline = "==============================================";
 inline constexpr std::string_view longruleline = "===================================================";
 

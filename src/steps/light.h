@@ -20,8 +20,8 @@ inline constinit int boardnumber = 0;
 /// True while an explanation waits for its answer.
 inline constinit bool explaining = false;
 
-/// The board is being cleared: a step that still waits has lost it, and its wait ends. An explanation that
-/// still waits argues about nothing now: its window closes.
+/// To be called when the board is cleared: the wait of a step that was on it ends, and the window of an
+/// explanation that still waits closes.
 void loseboard();
 
 /// Thrown by a routine whose board was cleared while it let events run (the menu has no lock): it must not
@@ -34,8 +34,8 @@ void letevents();
 enum class Answer { go, stop };
 
 /// One wait of a step: sets lightresult to 0, waits (aspetta), gives the answer. Events run meanwhile, so any
-/// command may have come in. foundflag is then as it was before, whatever they have found: the ladder asks it
-/// what the step that waited has found. Throws BoardLost when the board was cleared.
+/// command may have come in. Whatever it found, foundflag gets back the value that it had before the wait:
+/// the ladder reads from it what the step that waited has found. Throws BoardLost when the board was cleared.
 Answer waitatlight();
 
 /// True while a wait is open: the commands and clicks that could disturb a step then refuse.

@@ -42,11 +42,11 @@ void detail(std::string_view line);
 /// Stores the board as entry logcount of the three tables.
 void logsnapshot();
 
-/// Whether entry `line` is a snapshot of the log that is shown: what an earlier one has left stays where
-/// nothing has overwritten it.
+/// Whether entry `line` is a snapshot of the log that is shown. Entries of an earlier log are still there
+/// where nothing has overwritten them.
 bool hassnapshot(int line);
 
-/// Empties the text and leaves count and snapshots, as a new try of the generator does.
+/// Empties the text but keeps count and snapshots, for a new try of the generator.
 void emptylogtext();
 
 /// An empty log. Only entries up to 150 are cleared, as the log of a puzzle needs no more: later ones are

@@ -8,7 +8,7 @@
 
 namespace gradino {
 
-/// True when the last finder changed the board. A finder clears it first; the singles do not use it.
+/// True when the last technique found something. Most clear it before they search; the singles don't use it.
 inline constinit bool foundflag = false;
 
 /// The tag of the finder now running; after a step it names the technique and so the explanation.
@@ -23,8 +23,8 @@ inline void keephouse(HouseKind kind, int house) {
   (kind == HouseKind::row ? currow : kind == HouseKind::column ? curcol : curblock) = house;
 }
 
-/// Digit of the last search of the main window's colours, rectangles or BUG; 10 after colours that found
-/// nothing. BUG finds it as they left it.
+/// The digit of the main window's last search for colours, a rectangle of type 2 or a BUG; 10 after colours
+/// that found nothing. A BUG of which no digit qualifies keeps what is here.
 inline constinit Byte colourdigit{"colourdigit"};
 
 /// True after a Nishio step; kept in the log's snapshots.

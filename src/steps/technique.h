@@ -1,4 +1,4 @@
-// A technique, as whoever lists techniques sees it: the two ladders, the explanations, menu and toolbar,
+// A technique as the lists of techniques have it: the two ladders, the explanations, menu and toolbar,
 // gradino-cli. Each has one record, declared in the header of its finder.
 #pragma once
 
@@ -17,7 +17,7 @@ struct Technique {
   bool (*twin)();            ///< the grader's silent twin: logs, acts, raises the level. True: there was one
   void (*explain)();         ///< argues the step on show; nullptr: there is nothing to argue
   int level;                 ///< what one step raises the grade to
-  int clashlevel = level;    ///< and one whose argument ends in a contradiction
+  int clashlevel = level;    ///< the same for a step whose argument ends in a contradiction
   void (*forget)() = [] {};  ///< drops the step on show, as in a program just started
 };
 
