@@ -1,6 +1,6 @@
-// BUG: were every open cell left with two candidates, each digit would have two places in every house that it
-// is open in, and the board would have no solution or several. One cell alone has a third candidate, so one
-// of its three must break the pattern: the digit with three places in a house of the cell.
+// BUG: if every open cell had two candidates left, each digit would have two places in every house where it
+// is open, and the board would have no solution or several. Just one cell has a third candidate, so one of
+// its three must break the pattern: the digit with three places in a house of the cell.
 //
 //     12 . 23 | . . . | . . .
 //      . .  . | . . . | . . .      the 2 of the cell 123 has three places in the column
@@ -8,8 +8,8 @@
 //      . .  . | . . . | . . .
 //      . . 24 | . . . | . . .
 //
-// Of several such digits the highest is taken. That there is one is not asked: without one the digit is
-// whatever colourdigit held before.
+// Of several such digits the highest is taken. It isn't checked that there is one: without one the digit is
+// what colourdigit held before.
 #include "bug.h"
 
 #include <algorithm>
@@ -58,7 +58,8 @@ constexpr int level = 18;
 
 // ---- search -----------------------------------------------------------------------------------------------
 
-/// The one cell of more than two candidates, if it has three. Cells with one candidate or none don't hinder.
+/// The only cell with more than two candidates, if it has three. Cells with one candidate or none don't
+/// matter.
 std::optional<int> gravecell() {
   std::optional<int> grave;
   for (int cell = 0; cell < cellcount; ++cell) {
@@ -126,7 +127,7 @@ void frmmain::stepbug() {
 
 // ---- twin -------------------------------------------------------------------------------------------------
 
-// Its digit is its own, 0 before the search: where none qualifies, the log says 0.
+// It starts from 0 instead of colourdigit: where no digit qualifies, the log says 0.
 void frmgenerazione::gradebug() {
   foundflag = false;
   const std::optional<Bug> bug = scanbug(0);

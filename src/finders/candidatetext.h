@@ -26,8 +26,8 @@ inline int otherof(int cell, int digit) {
   return candidateat(cell, 0) == digit ? candidateat(cell, 1) : candidateat(cell, 0);
 }
 
-/// True when solutiontext doesn't say that the digit is the cell's. An empty solutiontext is unequal to every
-/// digit: without a stored solution every candidate may be supposed.
+/// False when the stored solution has the digit in the cell. Without a stored solution every candidate may be
+/// wrong.
 inline bool maybewrong(int cell, int digit) {
   const std::string& solution = solutiontext(cell);
   return solution.size() != 1 || solution[0] != '0' + digit;

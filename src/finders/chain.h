@@ -9,8 +9,8 @@
 
 namespace gradino {
 
-/// A chain copied out of the link tables (nodequeue.h): a command that comes in during a wait may search for
-/// another, and the one on show stays what it is.
+/// A chain copied out of the link tables (nodequeue.h), so that the one on show stays as it is when a command
+/// searches for another during a wait.
 class Chain {
  public:
   /// One statement: the digit is in the cell, or it is not.

@@ -11,8 +11,9 @@
 
 namespace gradino {
 
-/// Steps of the best forcing chain, or placings of the best Nishio trial: each search starts it anew at more
-/// than any of its own can have. The explanations of both read it, as whichever search ran last left it.
+/// Steps of the best forcing chain, or placings of the best Nishio trial. Each search begins by setting it to
+/// more than any of its own can have. The explanations of both read what the last search has left, be it the
+/// other's.
 inline constinit Byte chainsteps{"chainsteps"};
 
 /// Calls suppose(cell, digit) for each candidate of a cell that may be wrong, until one call returns true.
@@ -25,9 +26,9 @@ bool supposeeach(int cell, int candidates, Suppose suppose) {
 }
 
 /// Goes through the candidates of the board that may be wrong: those of the cells with two candidates, then
-/// of those with three, and so on, a band each. Waiting events run after each band; a command among them may
-/// change the board, so what a search keeps of it, Board, is made anew for the next. Ends with true as soon
-/// as suppose(board, cell, digit) returns true.
+/// of those with three, and so on; each of these groups is a band. Waiting events run after each band, and a
+/// command may change the board, so Board, the search's copy of it, is made anew for the next band. Returns
+/// true as soon as suppose(board, cell, digit) does.
 template <class Board, class Suppose>
 bool supposeall(Suppose suppose) {
   int candidates = 2, longest = 0;

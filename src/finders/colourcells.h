@@ -61,8 +61,8 @@ void seenbyboth(int one, int other, Act act) {
   }
 }
 
-/// Gives each house with exactly two places for the digit to act(first cell, second cell), kind by kind,
-/// until act says true: the search is over.
+/// Calls act(first cell, second cell) for each house with exactly two places for the digit, kind by kind,
+/// until act returns true: the search is over.
 template <class Act>
 bool seeds(int digit, const std::array<HouseKind, 3>& kinds, Act act) {
   for (HouseKind kind : kinds)
@@ -77,10 +77,10 @@ bool seeds(int digit, const std::array<HouseKind, 3>& kinds, Act act) {
 
 // ---- words ------------------------------------------------------------------------------------------------
 
-/// What a step or the log adds of a cell that a digit left or entered.
+/// What a step or the log adds for each cell that loses or gets the digit.
 inline constexpr Words andcell = {"  {cell} , ", "  {cell} , "};
 
-/// The log of both, and what is read after the step of an x-colours clash.
+/// In the log of both, and in the hint line after the step of an x-colours clash.
 inline constexpr Words logentered = {" * inserito {digit} in ", " * entered {digit} in "};
 
 /// The cells of a colour as hints name them.
@@ -111,8 +111,8 @@ void enterdigit(int cell, int digit);
 /// The same for a twin, with the cell added to the log.
 void logentering(int cell, int digit);
 
-/// Argues the step of either that is on show; nullptr: there is none. Both have the same tag, so it is the
-/// one that searched last. Only explaincolors reads it.
+/// Explains the step on show, of whichever of the two searched last, as both have the same tag; nullptr:
+/// there is none. Only explaincolors reads it.
 using ColourLesson = void (*)();
 inline constinit ColourLesson colourlesson = nullptr;
 

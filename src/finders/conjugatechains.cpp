@@ -59,8 +59,9 @@ class Search {
       widened(startcell, firstisfalse ? c2 : c1, digit);
   }
 
-  /// After a Nishio step: the start cell's candidates but its solution, then the other cell's but the pair's
-  /// digit. From the first digit on that is none of the former, all start from the other cell.
+  /// After a Nishio step: supposes the start cell's candidates except its solution, then the other cell's
+  /// except the pair's digit. A digit of both lists is supposed in the start cell, until one comes that is in
+  /// the second list only: from there on all are supposed in the other cell.
   void widened(int startcell, int other, int digit) {
     const std::string first = candidateswithout(startcell, solutiontext(startcell));
     for (char c : first + candidateswithout(other, std::to_string(digit))) {
@@ -107,7 +108,8 @@ class Search {
     return true;
   }
 
-  /// What a place q that sees the digit says: the digit is not there, and of two candidates the other is.
+  /// What follows for a place q that sees the digit: it doesn't have the digit, and of two candidates it has
+  /// the other.
   bool seen(int q, int digit, int node) {
     if (q == hypothesiscell_ && digit == hypothesisdigit_) closed(node);
     if (!add(q, digit, false, node)) return false;

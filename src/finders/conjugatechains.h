@@ -17,14 +17,14 @@ enum class ChainRules {
   xychains,  ///< through cells with two candidates only
 };
 
-/// Starts from every conjugate pair (a house with two places for a digit): of its two cells the one that
-/// solutiontext says is not the digit's. An empty solutiontext is unequal to every digit, so then it is
-/// always the first. Leaves the chain in the link tables, its last index in chainlength and its digit in
-/// stepdigit, 81 if there is none. Of chains of equal length the first found stays.
+/// Starts from every conjugate pair (a house with two places for a digit), in that of its two cells where the
+/// solution doesn't have the digit; without a stored solution in the first. Leaves the chain in the link
+/// tables, its last index in chainlength and its digit in stepdigit, 81 if there is none. Of chains of equal
+/// length the first found stays.
 std::optional<Chain> scanchain(ChainRules rules);
 
-/// The chain as the last of these searches left it: what the explanations argue. A forcing chain uses the
-/// same link tables, so a command in a wait of the step can put its own there.
+/// The chain as the last of these searches left it, for the explanations. Forcing chains use the same link
+/// tables, so a command during the wait of a step can put its own there.
 std::optional<Chain> chainonshow();
 
 /// Leaves no chain, for a program just started.

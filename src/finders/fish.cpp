@@ -9,8 +9,8 @@
 //     r7            o . . o
 //     r9            x
 //
-// A line needs not have the digit on all n cross lines. X-Wing (n = 2) is the exception: its two lines must
-// have exactly the same two places. Fish swim in the position strings alone; no search looks at a cell.
+// A line need not have the digit on all n cross lines. X-Wing (n = 2) is the exception: its two lines must
+// have exactly the same two places. The search reads only the positions (rowpos, colpos), never a cell.
 #include "fish.h"
 
 #include <algorithm>
@@ -34,7 +34,7 @@ namespace {
 
 // ---- words ------------------------------------------------------------------------------------------------
 
-// Two directions a sentence: the lines are rows, the lines are columns.
+// Each sentence in two directions: the lines are rows, the lines are columns.
 using Pair = std::array<Words, 2>;
 
 // The numbers of lines and cross lines are 1-based and written side by side: rows 1 and 4 read as 14.
@@ -129,7 +129,7 @@ constexpr Pair swordfishdelete = {
       "Then we can delete {digit} from the other cells of columns {cross}"},
      {"possiamo quindi eliminare il {digit} dalle altre celle delle righe {cross}",
       "Then we can delete {digit} from the other cells of rows {cross}"}}};
-// Rows and columns are the other way round from the two above: it stays so.
+// Rows and columns are the other way round from the two above; it stays so.
 constexpr Pair jellyfishdelete = {
     {{"possiamo quindi eliminare il {digit} dalle altre celle delle righe {cross}",
       "Then we can delete {digit} from the red cells of rows {cross}"},

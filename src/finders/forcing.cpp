@@ -5,8 +5,8 @@
 //     r4c1 = 3  <
 //                 r6c1 <> 3 ... r9c5 <> 1          second path: r9c5 is both 1 and not 1, so r4c1 is not 3
 //
-// Cells with few candidates are tried first. A short contradiction is taken as it stands, otherwise the
-// shortest of the board.
+// Cells with few candidates are tried first. A short contradiction is taken at once, otherwise the shortest
+// of the board.
 #include "forcing.h"
 
 #include <algorithm>
@@ -72,12 +72,12 @@ constexpr int tablesize = 40;    ///< a chain of more steps doesn't fit the link
 
 Byte forcinglength{"forcinglength"};  ///< index of the last step in the link tables
 
-/// The false nodes that left a single alone. Nine are enough: only a digit that the user typed over and over
-/// into one cell gives more, and then the chain is too long to be shown either way.
+/// The false nodes that made a single one. Nine are enough: there are more only if the user typed the same
+/// digit many times into one cell, and then the chain is too long to be shown anyway.
 constexpr std::size_t mostalone = 9;
 
-/// What a cell's candidates are for the search. The user may have typed anything as pencil marks: where a
-/// cell doesn't read as a set of digits in ascending order, it is read as the text that it is.
+/// A cell's candidates for the search. The user may have typed anything as pencil marks: a text that isn't a
+/// set of digits in ascending order is read character by character.
 struct Marks {
   unsigned set = 0;
   bool plain = false;
@@ -119,9 +119,9 @@ struct Reading {
 /// How a single came to be: the last candidate of its cell or the last place in a house.
 enum class By : std::uint8_t { other, cell, row, column, block };
 
-/// What follows from one supposition, breadth first. All that was said so far of each candidate is kept as
-/// bits, by cell and by house, so that "has it been reached" and "what is left open" are one look each; the
-/// nodes alone know the way.
+/// What follows from one supposition, breadth first. What is known so far of each candidate is kept as bits,
+/// by cell and by house, so that "has it been reached" and "what is left open" are one look each. How it was
+/// reached is only in the nodes.
 class Hypothesis {
  public:
   /// Chains of `enough` steps or more are of no use to the caller and may be passed over.
@@ -137,7 +137,7 @@ class Hypothesis {
   }
 
  private:
-  /// Notes what is said of a candidate for the first time, as the node that comes next.
+  /// Notes the first statement about a candidate, which becomes the next node.
   void says(int cell, int digit, bool flag, By by) {
     (flag ? true_ : false_)[cell] |= place(digit);
     node_[cell][digit] = static_cast<std::int16_t>(nodecount());
@@ -168,7 +168,7 @@ class Hypothesis {
   bool peersfalse(int cell, int digit, int node) {
     for (HouseKind kind : housekinds) {
       const int house = houseof(kind, cell);
-      // Where it is false already there is nothing to say, but of a second candidate there may be.
+      // Where it is false already nothing new follows for it, but something may for a second candidate.
       unsigned rest = housepos(kind, digit, house).bits;
       rest &= ~closed_[digit][kind][house] | board_.bivalues[kind][house];
       for (; rest; rest &= rest - 1) {
@@ -211,7 +211,7 @@ class Hypothesis {
   }
 
   /// A statement that follows from a node. False: the search is over, by a contradiction or a full queue.
-  /// What has been said before is not said again: breadth first, no later way to it is shorter.
+  /// A statement that was reached before is not added again: breadth first, no later way to it is shorter.
   bool make(int cell, int digit, bool flag, int node, By by = By::other) {
     const unsigned bit = 1u << digit;
     if ((flag ? false_ : true_)[cell] & bit) {
@@ -226,7 +226,7 @@ class Hypothesis {
     return true;
   }
 
-  /// The nodes that left a single alone: all else of its cell or house was false by then.
+  /// The nodes that made it a single: those by which all else in its cell or house was false.
   std::vector<int> alone(int cell, int digit) const {
     std::vector<int> nodes;
     const auto add = [&](int c, int d) {
@@ -356,7 +356,7 @@ void frmmain::stepforcing() {
 void frmgenerazione::gradeforcing() {
   scanforcingall();
   const std::optional<Chain> chain = chainbelow(gradable);
-  if (!chain) {  // gives up: an empty box is the only word of it
+  if (!chain) {  // gives up; all that the user sees of it is an empty box
     host.message("");
     runninglevel = level;
     return;

@@ -1,5 +1,5 @@
-// Intersections: all places that a digit has left in one house lie in a second house too. Wherever among them
-// it goes, it goes nowhere else in the second house.
+// Intersections: all places that a digit has left in one house lie in a second house too. The digit goes to
+// one of them, so it goes nowhere else in the second house.
 //
 //   blockrow, blockcolumn   the places in a block lie on one line: the rest of the line loses the digit
 //   rowblock, columnblock   the places on a line lie in one block: the rest of the block loses it
@@ -174,9 +174,9 @@ constexpr auto together = [] {
 }();
 static_assert(!together[0b001100000].third && together[0b001001001].column);
 
-/// Hands each intersection that would delete something to act, in the order that decides which one is shown:
-/// blocks against their lines, then rows, then columns against their blocks; in each the house first, then
-/// the digit. act tells whether the search is over.
+/// Calls act for each intersection that would delete something, in the order that decides which one is shown:
+/// blocks against their lines, then rows, then columns against their blocks; in each by house, then by digit.
+/// act returns true when the search is over.
 template <class Act>
 void scan(Act act) {
   const auto over = [&act](const KindWords& kind, int digit, int holder, Positions places) {

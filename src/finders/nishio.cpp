@@ -4,8 +4,8 @@
 //
 //     r5c5 = 3  ->  r5c8 = 6  ->  r2c8 = 1  ->  no 4 any more in column 8
 //
-// The trial runs on the live tables and puts them back. Cells with few candidates are tried first; a short
-// trial is taken as it stands, otherwise the shortest of the board.
+// The trial runs on the tables of the board itself and puts them back. Cells with few candidates are tried
+// first; a short trial is taken at once, otherwise the shortest of the board.
 #include "nishio.h"
 
 #include <algorithm>
@@ -68,7 +68,7 @@ constexpr int level = 21;
 
 // ---- search -----------------------------------------------------------------------------------------------
 
-constexpr int notrial = 81;      ///< in chainsteps, before a trial was of use
+constexpr int notrial = 81;      ///< in chainsteps, while no trial has led to a contradiction
 constexpr int takenatonce = 11;  ///< a trial of fewer steps ends the search
 constexpr int usable = 50;       ///< a trial of that many steps or more counts as none
 
@@ -112,8 +112,8 @@ class Saved {
 /// through usabletrial; its steps are in chainsteps, its hypothesis in stepcell and stepdigit.
 Trial best;
 
-/// The best trial, if the last search for one was of use. It may have no placings: chainsteps is also that of
-/// a forcing chain for which a command has searched meanwhile.
+/// The best trial, if the last search found one that is short enough. It may have no placings: if a command
+/// has searched for a forcing chain meanwhile, chainsteps is that chain's.
 std::optional<Trial> usabletrial() {
   if (chainsteps >= usable) return std::nullopt;
   return best;
@@ -124,7 +124,7 @@ void forget() {
   chainsteps = notrial;
 }
 
-/// Where the houses of each kind stand in usedmask and in the work space of candmask.
+/// The first slot of each kind of houses in usedmask and in the work space of candmask.
 constexpr ByKind<int> slots = {{rowslot, columnslot, blockslot}};
 
 /// The union of candidates of each house goes into the work space.
@@ -156,7 +156,7 @@ std::optional<Impossible> lostdigit(HouseKind kind) {
   return std::nullopt;
 }
 
-/// Tries hypotheses on the live tables, one after the other.
+/// Tries hypotheses on the tables of the board, one after the other.
 class Trials {
  public:
   /// Keeps the trial if it is the shortest so far.
@@ -169,8 +169,8 @@ class Trials {
       rebuildpositions();
       nishiopropagate();
     } catch (const Fault&) {
-      // A box holds a number above 9. The trial must not stay on the board; to rebuild it meets the number
-      // again.
+      // A box holds a number above 9. The trial must not stay on the board, though the rebuild after it runs
+      // into the number again.
       board.restore();
       throw;
     }
@@ -179,8 +179,8 @@ class Trials {
   }
 
  private:
-  /// Singles, until they stop or the state is impossible. A trial that has grown as long as the best is of no
-  /// use any more, and ends without either.
+  /// Places singles until there are none or the state is impossible. A trial that gets as long as the best is
+  /// of no use any more and is left.
   void nishiopropagate() {
     nishiocount = 0;
     impossible_.reset();
@@ -190,7 +190,8 @@ class Trials {
     suppresschange = before;
   }
 
-  /// The next single there is, placed and recorded. The last digit of a house is left to the others.
+  /// Places and records the next single. The first rung, the last digit of a house, is left out: the others
+  /// find it too.
   bool placenext() {
     for (std::size_t rung = 1; rung < singlerungs.size(); ++rung) {
       const std::string result = singlerungs[rung].find();
@@ -299,8 +300,8 @@ void frmgenerazione::gradenishio() {
 
 namespace {
 
-/// The digit boxes as they stood: the argument writes its placings into them, and must not lose the board of
-/// the user by it.
+/// The digit boxes before the argument, which writes its placings into them: the user's board comes back
+/// afterwards.
 class SavedBoxes {
  public:
   explicit SavedBoxes(const Trial& argued) : argued_(argued) {
@@ -310,8 +311,8 @@ class SavedBoxes {
   SavedBoxes(const SavedBoxes&) = delete;
   SavedBoxes& operator=(const SavedBoxes&) = delete;
 
-  /// Nothing is put back over another board that came in meanwhile, nor over what the user entered; a digit
-  /// that the argument has written over stands there again.
+  /// Leaves alone another board that came in meanwhile, and what the user has entered. Where the argument has
+  /// written over a digit entered meanwhile, the digit comes back.
   void restore() {
     if (restored_ || board_ != boardnumber) return;
     restored_ = true;

@@ -1,5 +1,5 @@
 // The node queue, in which the chain searches work, and the link tables, which hold the chain they found.
-// Each search overwrites what the one before has left. Who uses which:
+// Each search overwrites what the one before has left. What is used by which:
 //
 //                            chaincell  chaindigit  chainflag  chainparent, chainpath  link tables
 //   loops and XY-chains          x          x           x                x                  x
@@ -8,7 +8,7 @@
 //   simple colours               x                      x                                           cluster
 //   X-colours                    x                      x                                           hypothesis
 //
-// The queue is read by the search that fills it and by nobody after it. The link tables outlive the search:
+// The queue is read only by the search that fills it. The link tables outlive the search:
 // steps, twins and explanations read them, always as a Chain (chain.h).
 #pragma once
 
@@ -37,7 +37,7 @@ void clearlinks();
 /// Empties the queue.
 void clearqueue();
 
-/// How many nodes stand in the queue.
+/// The number of nodes in the queue.
 int nodecount();
 
 /// How many ancestors a node has.
@@ -46,13 +46,13 @@ int depthof(int node);
 /// How many characters an index and its comma take in a path's text.
 int tokenlength(int node);
 
-/// Puts a node at the end, with a path of that length. A node that stands there already with the same cell,
-/// digit and truth refuses it if its path is shorter than the parent's plus 5 characters; each that does not
-/// shows a message box.
+/// Puts a node at the end, with a path of that length. It is refused if there is a node with the same cell,
+/// digit and truth whose path is shorter than the parent's plus 5 characters. For each such node whose path
+/// is longer a message box is shown.
 enum class Added { yes, refused, full };
 Added addnode(int cell, int digit, bool flag, int parent, int path);
 
-/// The same for a statement that no node makes yet, while the queue has room for it.
+/// addnode for a statement that no node makes yet, while the queue has room: nothing is checked.
 void addfirst(int cell, int digit, bool flag, int parent, int path);
 
 /// The hypothesis, node 0, which is its own parent.

@@ -164,7 +164,8 @@ bool hasvictims(const Pair& naked) {
 std::optional<Pair> nakedin(HouseKind kind, int cell) {
   for (int partner : housearound(kind, cell)) {
     if (partner <= cell || candmask(partner) != candmask(cell)) continue;
-    // The text may have been typed: the digits keep its order, and a sign that is no digit stands for none.
+    // The text may have been typed: the digits keep its order, and a character that is no digit counts as
+    // none.
     const std::string& open = candstr(cell);
     const int one = leadingnumber(open.substr(0, 1)), other = leadingnumber(open.substr(1));
     Pair pair = {kind, houseof(kind, cell), cell, partner, one, other, open};
@@ -183,7 +184,8 @@ std::optional<Pair> findnaked() {
   return std::nullopt;
 }
 
-/// Nothing is left to take away. The masks decide, because they may be narrower than the positions know.
+/// True when nothing is left to take away. The masks decide, as they may have fewer candidates than the
+/// positions.
 bool bare(const Pair& hidden) {
   return (candmask(hidden.first) & ~hidden.mask()) == 0 && candmask(hidden.second) == hidden.mask();
 }

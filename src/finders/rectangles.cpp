@@ -1,6 +1,6 @@
 // Unique rectangles: a puzzle has one solution, so four cells on two rows, two columns and two blocks never
-// end up with the same two digits: these could be exchanged. A rectangle that lacks little of that loses what
-// would complete it.
+// end up with the same two digits, which could be exchanged. Where a rectangle is close to that, the
+// candidates that would complete it go.
 //
 //     12 . . | 12  . .      type 1: the corners 1, 2 and 3 have nothing but the pair;
 //     12 . . | 123 . .      corner 4 loses it
@@ -97,7 +97,7 @@ struct Rectangle {
   const std::string& pair() const { return candstr(urcell1); }
 };
 
-/// What a corner has besides the pair, if it is one digit; else 0.
+/// The only digit that a corner has besides the pair; 0 if there is none or more than one.
 int thirddigit(const Rectangle& rectangle, int corner) {
   return onlydigit(candmask(corner) ^ rectangle.pairmask());
 }
@@ -117,7 +117,7 @@ std::optional<int> firstonline(const Rectangle& rectangle, HouseKind line) {
   return std::nullopt;
 }
 
-/// The first fit in the block of corner 1 that stands on a line of corner 1.
+/// The first fit in the block of corner 1 that is on a line of corner 1.
 std::optional<int> firstinblock(const Rectangle& rectangle, HouseKind line) {
   for (int cell : housearound(HouseKind::block, rectangle.urcell1))
     if (samehouse(line, cell, rectangle.urcell1) && fits(rectangle, cell)) return cell;
@@ -252,8 +252,8 @@ void steptype1(const Rectangle& rectangle) {
   frmmain::Text1(cell).visible = true;
 }
 
-/// Type 2: the answer is not asked for, so a stop doesn't hinder. The hint names the pair, though it is the
-/// third digit that goes, and the step counts in the grade, as no other does: both are required.
+/// Type 2: carried out whatever the answer is. The hint names the pair, though it is the third digit that
+/// goes, and the step raises the level of the grade, as no other does: both are required.
 void steptype2(const Rectangle& rectangle) {
   paintcorners(rectangle, yellow);
   paintcommon(rectangle, red);
@@ -294,8 +294,7 @@ void gradetype2(const Rectangle& rectangle) {
 
 // ---- explanation ------------------------------------------------------------------------------------------
 
-// False: the user said stop.
-
+/// False: the user said stop.
 bool arguetype1(const Rectangle& rectangle, Lesson& lesson) {
   lesson.line(tell(case1, rectangle)).line(tell(twosolutions, rectangle));
   lesson.line(tell(firstsolution, rectangle)).line(tell(secondsolution, rectangle));
@@ -303,7 +302,7 @@ bool arguetype1(const Rectangle& rectangle, Lesson& lesson) {
   lesson.line(tell(candeletepair, rectangle));
   if (lesson.showandwait() == Answer::stop) return false;
 
-  // The step's own work, shown here: the step then finds it done.
+  // This is what the step does, shown here: the step then finds it done.
   const int cell = rectangle.urcell4();
   candmask(cell) ^= rectangle.pairmask();
   rebuildcandstr();

@@ -5,7 +5,7 @@
 //     . Y . | . . x | . . .      two places each: column 2, row 5, block 5
 //           |       |
 //     . . . | . . G | . . .      deletion   x sees a Y in its row and a G in its column: it loses the digit
-//     . G . | . Y . | . . .      clash      if a house had Y twice, Y were false and all of G got the digit
+//     . G . | . Y . | . . .      clash      if a house had Y twice, Y would be false and all G true
 //
 // Deletions are recorded in a short list, repeats too: a board that gives more than it holds is a fault.
 #include "simplecolours.h"
@@ -177,7 +177,7 @@ void checkcluster(Colours& find, int size) {
       }
 }
 
-/// The first cluster that gives something. The digit is the caller's: 10 in the end when none does.
+/// The first cluster that gives something. `digit` is its digit afterwards, or 10 if there is none.
 Colours scancolors(Byte& digit) {
   Colours find;
   foundflag = false;

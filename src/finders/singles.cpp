@@ -123,7 +123,7 @@ char figureof(int n) {
 struct LastKind {
   HouseKind kind;
   char letter;
-  int slot;  ///< where such houses stand in usedmask
+  int slot;  ///< of the first such house in usedmask
 };
 constexpr LastKind lastkinds[] = {
     {HouseKind::block, 'b', blockslot}, {HouseKind::row, 'r', rowslot}, {HouseKind::column, 'c', columnslot}};
@@ -271,12 +271,12 @@ bool shows(int cell, int digit) {
   return frmmain::Text1(cell).text == std::to_string(digit);
 }
 
-/// Green where the digit stands, red where it therefore can't.
+/// Green where the digit is, red where it therefore can't be.
 void paintplaced(const House& house, int digit) {
   for (int cell : house) frmmain::Text1(cell).back = shows(cell, digit) ? green : red;
 }
 
-/// The digits must stand out, so the pencil marks go, and stay off.
+/// The pencil marks are turned off, so that the digits can be seen, and stay off.
 void hidepencilmarks() {
   if (pencilmarks()) mnupencil_Click();
 }
@@ -387,7 +387,7 @@ void explainsingleincell() {
 
 // ---- records ----------------------------------------------------------------------------------------------
 
-// The ladders ask the singles for their result: foundflag is nothing to them.
+// The singles return whether they found something; they don't use foundflag.
 namespace {
 
 template <int rung>

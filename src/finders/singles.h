@@ -16,7 +16,7 @@ namespace gradino {
 std::string findOneMissing();      ///< house letter b, r or c; digit; cell (one or two characters): "r537"
 std::string findSingleInBlock();   ///< digit, block, position in the block
 std::string findSingleInRow();     ///< digit, row, column
-std::string findSingleInColumn();  ///< digit, column, row: the column stands first
+std::string findSingleInColumn();  ///< digit, column, row: the column comes first
 std::string findSingleInCell();    ///< digit, cell (one or two characters)
 
 /// A single, as read from a search's string.
@@ -40,7 +40,7 @@ struct SingleRung {
 extern const std::array<SingleRung, 5> singlerungs;
 
 /// Digit and cell of the last hidden or naked single that a step has shown; the explanations here read them.
-/// The searches for chains and the Nishio test keep theirs here too: the last one that wrote counts.
+/// The searches for chains and Nishio keep theirs here too: what the last one has written counts.
 inline int stepdigit = 0, stepcell = 0;
 
 namespace frmmain {

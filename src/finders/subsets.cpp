@@ -6,9 +6,9 @@
 //     naked triple 123, in a row:   12 23 . | 13 1245 . | 2346 456 .    1245 loses 12, 2346 loses 23
 //     hidden triple 123, in a row:  12 234 . | 1356 456 . | 456 46 .    234 loses 4, 1356 loses 56
 //
-// A cell of a naked subset holds all n digits or all but one. So two candidates do in a triple but not in a
-// quad: four cells with two candidates each are no naked quad here. Small houses are not looked at: what they
-// hold shows as a smaller subset of the other kind.
+// A cell of a naked subset holds all n digits or all but one. So two candidates are enough in a triple but
+// not in a quad: four cells with two candidates each are no naked quad here. Houses with few open digits are
+// not looked at: what they hold is found as a smaller subset of the other kind.
 #include "subsets.h"
 
 #include <algorithm>
@@ -34,7 +34,7 @@ namespace {
 // ---- words ------------------------------------------------------------------------------------------------
 
 // The number n is read as {count}: "tre" or "4" in Italian. Cells are joined by " , " in {cells} and by " e "
-// in {ecells}; digits stand side by side in {digits} and are joined in {edigits} and {anddigits}.
+// in {ecells}; digits are written side by side in {digits} and joined in {edigits} and {anddigits}.
 constexpr Words countthree = {"tre", "3"};
 constexpr Words countfour = {"4", "4"};
 
@@ -148,7 +148,7 @@ constexpr auto digitsets() {
 constexpr auto triples = digitsets<3>();
 constexpr auto quads = digitsets<4>();
 
-/// What tells triples and quads apart.
+/// What triples and quads differ in.
 struct Size {
   const Technique& technique;
   int n;
@@ -228,7 +228,7 @@ constexpr HouseKind kindof(int bit) {
 constexpr int numberof(int bit) {
   return bit % 9;
 }
-// So they stand in usedmask too.
+// usedmask has the houses in the same order.
 static_assert(columnslot == rowslot + 9 && blockslot == rowslot + 18);
 
 void surveydigits(Houses& houses, int bit, int n) {
@@ -263,8 +263,8 @@ Houses survey(const Size& size) {
   return houses;
 }
 
-/// The first n cells that hold nothing but the set. One cell more of that sort would lose its candidates, so
-/// when the first n are of no use there is no other choice.
+/// The first n cells that hold nothing but the set. If there were one more such cell, it would lose its
+/// candidates, so when the first n delete nothing there is no other choice.
 bool isnaked(Subset& subset, const View& view) {
   subset.naked = true;
   subset.cells.clear();
@@ -362,7 +362,7 @@ void paint(const Subset& subset, Colour colour) {
     eachdigit(subset.set, [&](int digit) { pencilmark(cell, digit).back = colour; });
 }
 
-// foundflag is not cleared: a search without a result leaves it as the routine before has left it.
+// foundflag is not cleared: a search in vain leaves it as it was.
 void step(const Size& size) {
   steptag = size.technique.tag;
   shown = subsetfinder(size);

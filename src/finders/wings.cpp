@@ -1,6 +1,6 @@
-// Wings. A pivot sees two wings of two candidates each. Whichever digit the pivot takes, Z stands in one of
-// the three cells: X in the pivot leaves Z to the one wing, Y leaves it to the other. So Z goes from the
-// cells that see all places it may have come to.
+// Wings. A pivot sees two wings of two candidates each. Whichever digit the pivot takes, Z is in one of the
+// three cells: X in the pivot leaves Z to the one wing, Y leaves it to the other. So the cells that see all
+// these places of Z lose it.
 //
 //         c1  c2  c3   c4  c5  c6   c7  c8  c9
 //    r1    .   .  XZ |  .   .   . |  b   b   b        wing 1 in the pivot's block, wing 2 in its row,
@@ -10,9 +10,9 @@
 //    r2    .  XY   . |  .  XZ   . |  .   .   .        wing 1 in the pivot's row, wing 2 in its column
 //    r7    .  YZ   . |  .   c   . |  .   .   .
 //
-// In an XY-Wing Z goes from all cells marked a, b or c; c stands for the two corners of the rectangle through
-// the wings. In an XYZ-Wing the pivot may hold Z itself: only the cells marked a see it too, and without a
-// wing in the block there are none.
+// In an XY-Wing Z goes from all cells marked a, b or c; the cells c are the other corners of the rectangle
+// through the wings, and one of them may be the pivot. In an XYZ-Wing the pivot may hold Z itself: only the
+// cells marked a see it too, and without a wing in the block there are none.
 #include "wings.h"
 
 #include <cstdint>
@@ -41,7 +41,7 @@ constexpr Words xyfound = {"XY-WING, numero {z} in {pivot}, {wing1}, {wing2}",
 constexpr Words xyzfound = {"XYZ-WING, numero {z} in {pivot}, {wing1}, {wing2}",
                             "XYZ-WING, number {z} in {pivot}, {wing1}, {wing2}"};
 
-// " from " stands in both languages.
+// " from " is in both languages.
 constexpr Words deleted = {"eliminato {z} from ", "deleted {z} from "};
 constexpr Words logdeleted = {" * eliminato {z} from ", " * deleted {z} from "};
 constexpr Words deletedcell = {"  {cell} , ", "  {cell} , "};
@@ -98,10 +98,10 @@ struct Wing {
   std::vector<int> losing{};  ///< the cells that lose z: those marked a, b and c; one may come twice
 };
 
-/// The line that wing 2 shares with the pivot when wing 1 stands in the block.
+/// The line that wing 2 shares with the pivot when wing 1 is in the block.
 struct Leg {
   HouseKind line;
-  int slot;  ///< where such lines stand in usedmask
+  int slot;  ///< of the first such line in usedmask
 };
 constexpr Leg legs[] = {{HouseKind::row, rowslot}, {HouseKind::column, columnslot}};
 
@@ -145,8 +145,8 @@ void losecorners(Wing& wing) {
   lose(wing, cellat(rowof(wing.wing2), columnof(wing.wing1)), wing.pivot);
 }
 
-// The tests of a pattern whose wings stand as they must: it counts if some cell loses z. As that ends the
-// search, no cell is listed before a test.
+// The tests of a pattern whose wings are in place: it counts if some cell loses z. As that ends the search,
+// no cell is listed before a test.
 
 bool testxyleg(Wing& wing, const Leg& leg) {
   if (placed(leg.slot + houseof(leg.line, wing.pivot), wing.z)) return false;
@@ -178,8 +178,8 @@ bool anywing2(Wing& wing, HouseKind line, std::int32_t mask, Test test) {
   return false;
 }
 
-/// Wing 1 stands in the pivot's block: wing 2 is looked for along the pivot's row, then its column, but not
-/// on a line that wing 1 stands on too.
+/// Wing 1 is in the pivot's block: wing 2 is looked for along the pivot's row, then its column, but not on a
+/// line that wing 1 is on too.
 bool anyleg(Wing& wing, std::int32_t mask2, bool (*test)(Wing&, const Leg&)) {
   for (const Leg& leg : legs)
     if (!samehouse(leg.line, wing.wing1, wing.pivot) &&
@@ -272,7 +272,7 @@ std::optional<Wing> scanxyzwing() {
   return std::nullopt;
 }
 
-/// What tells the two techniques apart.
+/// What the two techniques differ in.
 struct WingKind {
   const Technique& technique;
   std::optional<Wing> (*scan)();

@@ -223,8 +223,9 @@ struct Sight {
   }
 };
 
-/// Whether a cell sees both groups: most pairs of hypotheses end here. A true cell never does, as no two of a
-/// sound group share a house. places: the columns of the digit's candidates, by row.
+/// Whether a cell sees both groups: for most pairs of hypotheses none does, and they end here. A true cell
+/// never does, as no two of a sound group share a house. places: the columns of the digit's candidates, by
+/// row.
 bool anydeletion(const XColours& find, const ByHouse<unsigned>& places) {
   const Sight one(find.group[0]), other(find.group[1]);
   for (int r = 0; r < 9; ++r)

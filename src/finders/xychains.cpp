@@ -48,7 +48,7 @@ constexpr Words candelete = {"Posso eliminare {digit} da {cell}", "I can delete 
 
 constexpr int level = 19;
 
-/// Words about the two ends of the chain proper.
+/// Words about the two ends of the chain without its start.
 std::string tellends(const Words& words, const Chain& chain) {
   return say(words, ofdigit(chain.start().digit), hole("first", cellname(chain.first().cell)),
              hole("last", cellname(chain.last().cell)));
