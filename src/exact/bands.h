@@ -6,9 +6,9 @@
 //   lane 2   r7c1 ...
 //   lane 3   always empty
 //
-// Between cell and house stands the triad: the three cells that a block shares with a row (a lying triad) or
-// with a column (a standing one). A block is three lying triads and also three standing ones. A digit stands
-// in one triad of each row, column and block, and a triad holds three digits.
+// Between cell and house comes the triad: the three cells that a block shares with a row (a lying triad) or
+// with a column (a standing one). A block is three lying triads and also three standing ones. A digit is in
+// one triad of each row, column and block, and a triad holds three digits.
 #pragma once
 
 #include <array>
@@ -38,7 +38,7 @@ GRADINO_STEP bool any(Bands b) {
   return (halves[0] | halves[1]) != 0;
 }
 
-/// Each lane holds what the band below it has, the last what the first has; and likewise from above.
+/// Each lane holds what the band below it has, the last what the first has; then the same from above.
 GRADINO_STEP Bands bandbelow(Bands b) {
   return __builtin_shufflevector(b, b, 1, 2, 0, 3);
 }
@@ -72,9 +72,9 @@ GRADINO_STEP Bands twoof(Bands a, Bands b, Bands c) {
 }
 
 // Three digits, a pack, share one register of triads: a triad takes a single bit where its three cells took
-// three. Where the bits of the three digits stand, their slots, differs between lying and standing triads.
+// three. The slots, where the bits of the three digits are, differ between lying and standing triads.
 
-/// A lying triad stands at the bit of its first cell; the second and third digit use the two bits after it.
+/// A lying triad has the bit of its first cell; the second and third digit use the two bits after it.
 ///
 ///   bit       0 1 2   3 4 5   6 7 8   9 ...
 ///   digit     a b c   a b c   a b c   a ...

@@ -11,7 +11,7 @@
 namespace gradino {
 namespace {
 
-// The 27 houses are numbered, and stand in a word of bits, rows first, then columns, then blocks.
+// The 27 houses are numbered, and are bits of a word: rows first, then columns, then blocks.
 constexpr int rowhouse = 0, columnhouse = 9, blockhouse = 18;
 constexpr ByKind<int> firsthouse = {{rowhouse, columnhouse, blockhouse}};
 
@@ -32,8 +32,8 @@ int count(std::uint32_t houses27) {
   return bitcounts[houses27 & 511] + bitcounts[houses27 >> 9 & 511] + bitcounts[houses27 >> 18];
 }
 
-/// The houses in which some of the cells lie. Of lying triads, those of a row stand 3 bits apart in a lane
-/// and those of a block 9 bits apart.
+/// The houses in which some of the cells lie. The lying triads of a row are 3 bits apart in a lane, those of
+/// a block 9 bits apart.
 std::uint32_t housesof(Bands cells) {
   const Bands lying = (cells | cells >> 1 | cells >> 2) & eachband(Lying::places);
   const Bands rows = lying | lying >> 3 | lying >> 6, blocks = lying | lying >> 9 | lying >> 18;
@@ -100,8 +100,8 @@ ClashRules::ClashRules(const Digits& board) {
   can_.fill(unknown);
 }
 
-/// A digit that r9c9 could take at the start, and that no cell which it sees can still take, is one that r9c9
-/// can take at the end. There may be one such digit, not two.
+/// A digit that r9c9 could take at the start can be taken by it at the end too if no cell that it sees can
+/// take the digit any more. There may be one such digit, not two.
 bool ClashRules::refuse(const Boards& boards) const {
   int open = 0;
   for (std::size_t d = 0; d < 9; ++d) open += lastdigits_[d] && !any(boards.of[d] & seenbylast_);
@@ -113,11 +113,11 @@ bool ClashRules::refuse(const Boards& boards) const {
 /// at most the smallest number that can. Where a kind has just as many houses that can take the digit as the
 /// least, all of them must; where it has as many that must as the most, no other does.
 ///
-/// Without this a search would take for ever: when digits are to spare, no single cell and no single digit
-/// shows that there are too few digits for the holes.
+/// Without this a search would take forever: in houses with digits to spare, no single cell and no single
+/// digit shows that there are too few digits for the holes.
 ///
-/// What was known of the board from which this one comes still holds, and a digit whose houses are as they
-/// were when it was last settled gives nothing new.
+/// What was known of the board from which this one was made still holds. A digit whose houses haven't changed
+/// since it was last settled gives nothing new.
 Tightened ClashRules::tighten(Boards& boards) {
   const auto known = must_;
   auto settledcan = can_, settledmust = must_;
@@ -188,9 +188,9 @@ bool ClashRules::settledigit(std::size_t digit) {
   return true;
 }
 
-/// A digit that r9c9 could take at the start must stand in one of the three houses of r9c9 at the end, or
-/// r9c9 could still take it. If leaving the digit out of one of them leaves it out of the other two as well,
-/// as it does when all three have one digit to spare, that house must take it.
+/// A digit that r9c9 could take at the start must be in one of the three houses of r9c9 at the end, or r9c9
+/// could still take it. If leaving it out of one of them leaves it out of the other two as well, as when all
+/// three have one digit to spare, that house must take it.
 bool ClashRules::settlelast(std::size_t digit) {
   if (!lastdigits_[digit] || (must_[digit] & lasthouses_)) return true;
   const auto can = can_[digit], must = must_[digit];

@@ -1,6 +1,6 @@
 // Boards on which given digits clash. A house with a digit twice is full before it has all nine, so "each
-// digit once in each house" does not hold there; that each empty cell differs from all it sees still does.
-// Which houses must take which digits nevertheless is found by counting.
+// digit once in each house" does not hold there; that each empty cell differs from all that it sees still
+// does. By counting it is found which houses must take which digits all the same.
 #pragma once
 
 #include <array>
@@ -43,14 +43,16 @@ class ClashRules {
   }
   bool refuse(const Boards& boards) const;
 
-  /// Adapts rules and board to each other; the board has been settled.
+  /// Narrows the board by the rules, and the rules by what the board can still take. The board has been
+  /// settled.
   Tightened tighten(Boards& boards);
 
   struct Need {
     int house;          ///< 0 to 26: rows, columns, blocks
     std::size_t digit;  ///< 0 for the digit 1
   };
-  /// A digit that a house may take or leave out, of a house where fewest are; none if all is decided.
+  /// A digit that a house may take or leave out, in a house with the fewest such digits; none if all is
+  /// decided.
   std::optional<Need> openneed() const;
   /// Decides it: the house takes the digit.
   void insist(Need need);

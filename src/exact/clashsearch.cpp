@@ -49,7 +49,7 @@ ClashSearch::Walked ClashSearch::walk(Boards boards, ClashRules rules, std::size
   }
 }
 
-/// Of the cells with the fewest digits the one where most guesses were in vain.
+/// Of the cells with the fewest digits, the one in which the most guesses were in vain.
 Guess ClashSearch::guess(const Boards& boards) const {
   const Bands among = Many(boards).fewest();
   int best = firstcell(among);

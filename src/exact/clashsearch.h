@@ -15,12 +15,12 @@ namespace gradino {
 
 /// Completions of one board in any order.
 ///
-/// There are two ways through such a board, and each fails where the other does well. When the houses have
-/// few digits to spare, to decide first which house leaves out which digit ends a hopeless board at once,
+/// There are two ways to search such a board, and each fails where the other does well. When the houses have
+/// few digits to spare, deciding first which house leaves out which digit ends a hopeless board at once,
 /// while guesses in cells get lost in it. When they have many, those decisions lead nowhere, and guesses find
 /// completions quickly. Which kind a board is can't be seen beforehand, so both ways are tried in turn, each
-/// twice as far as the one before. A walk that is given up leaves a count of the guesses in vain in each
-/// cell: the next begins where they were most.
+/// twice as far as the one before. A walk that is given up leaves for each cell the number of guesses in
+/// vain: the next walk begins where there were most.
 class ClashSearch {
  public:
   ClashSearch(const Digits& board, std::vector<Digits>& found) : board_(board), found_(found) {}

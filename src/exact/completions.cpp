@@ -10,7 +10,7 @@
 namespace gradino {
 namespace {
 
-/// All cells of the rows that hold two or more of some cells, and likewise of the columns and the blocks.
+/// All cells of the rows, columns and blocks that hold two or more of the given cells.
 struct Crowded {
   Bands rows, columns, blocks;
 };
@@ -84,10 +84,10 @@ class Search {
   /// The completions of a branch: its first open cell, the digits of the cell ascending. False: the limit is
   /// reached.
   ///
-  /// Where completions lie close together, walking on finds the next one soonest. But a branch may be dead
-  /// and take long to show it in this order. So after some steps without a completion the branch is asked in
-  /// any order (exhausted). A completion known to lie in a branch, its witness, spares it the question until
-  /// the walk has passed the witness.
+  /// Where completions lie close together, walking on finds the next one soonest. But a branch may be dead,
+  /// and the walk in this order may take long to find that out. So after some steps without a completion the
+  /// branch is searched in any order (exhausted). While a completion that lies ahead in the branch is known,
+  /// its witness, that isn't needed.
   bool inorder(Boards boards, const Rules& rules, const Digits* witness) {
     Digits known;
     if (witness != nullptr) known = *witness;
@@ -142,7 +142,8 @@ class Search {
   std::size_t limit_;
   std::vector<Digits>& found_;
   Inanyorder inanyorder_;
-  /// Steps since the last completion. Most boards have at most one completion, so they are asked at once.
+  /// Steps since the last completion. Most boards have at most one, so the first branch is searched in any
+  /// order at once.
   int vain_ = patience;
 };
 

@@ -15,14 +15,14 @@ using Digits = ByCell<std::uint8_t>;
 
 /// The first completions of a board in ascending order, at most `limit` of them.
 ///
-/// A completion fills each empty cell with a digit that stands nowhere else in the cell's houses. Digits of
-/// the board that clash with each other stay and are no reason to refuse it; a house with such digits is full
+/// A completion fills each empty cell with a digit that is nowhere else in the cell's houses. Digits of the
+/// board that clash with each other stay and are no reason to refuse it; a house with such digits is full
 /// before it has all nine. A completion is left out when r9c9 was empty and could take another digit as well,
 /// which happens only on boards with a clash.
 void firstcompletions(const Digits& board, std::size_t limit, std::vector<Digits>& found);
 
 /// Whether a board whose digits don't clash has a completion in which that empty cell takes another digit
-/// than this one. Answered sooner than how many completions there are.
+/// than this one. Faster than counting.
 bool completesotherwise(const Digits& board, int cell, int digit);
 
 }  // namespace gradino

@@ -47,7 +47,7 @@ template <class T>
 struct Triads {
   std::array<Bands, 3> possible{};  ///< the triad has a cell for the digit
   std::array<Bands, 3> several{};   ///< it has two or three
-  std::array<Bands, 3> must{};      ///< the digit stands in it
+  std::array<Bands, 3> must{};      ///< the digit is in it
 
   GRADINO_STEP Triads(const Boards& boards, Bands decided) {
     for (std::size_t pack = 0; pack < 3; ++pack)
@@ -67,7 +67,8 @@ struct Triads {
   }
 };
 
-/// How many of the nine digits stand at a triad: exactly three, more, or else fewer. In the first slot.
+/// How many of the nine digits have the bit of a triad set: exactly three, more, or else fewer. In the first
+/// slot.
 struct Nine {
   Bands three, more;
 };

@@ -37,7 +37,7 @@ struct Many {
     }
   }
 
-  /// The open cells with the fewest digits, where more than three are as good as four.
+  /// The open cells with the fewest digits; four and more count alike.
   Bands fewest() const {
     if (const Bands pairs = two & ~three; any(pairs)) return pairs;
     const Bands triples = three & ~four;

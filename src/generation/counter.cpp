@@ -1,7 +1,7 @@
-// The solutions in ascending order of their digits, read from r1c1 to r9c9: the order of a search that takes
-// the cells, and the digits of each, in ascending order. It decides which solution is the first, and which
-// two are found before a count stops. How they are found is the business of completions.h; here is what such
-// a search leaves in the tables.
+// The solutions come in ascending order of their digits, read from r1c1 to r9c9, as a search finds them that
+// takes the cells, and the digits of each, in ascending order. The order decides which solution is the first,
+// and which two are found before a count stops. completions.h finds them; here is what such a search leaves
+// in the tables.
 #include "counter.h"
 
 #include <algorithm>
@@ -39,7 +39,7 @@ struct CellHouses {
   std::uint8_t row, column, block;
 };
 
-/// The houses of each cell: a table, as the divisions would take a third of the time of a count.
+/// The houses of each cell, as a table: the divisions would take a third of the time of a count.
 constexpr auto housesofcell = [] {
   ByCell<CellHouses> houses{};
   for (int cell = 0; cell < cellcount; ++cell)
@@ -103,7 +103,7 @@ void leave(const Board& board) {
   std::copy(board.blocks.begin(), board.blocks.end(), usedmask.begin() + blockslot);
 }
 
-/// Keeps a solution as text and as record; unless the command is to count, only the first as a record.
+/// Keeps a solution as text and as record; except while the command is to count, only the first as a record.
 void registrasoluzione(int number, const Digits& digits) {
   std::string& text = stringhesoluzione(number);
   text.resize(digits.size());

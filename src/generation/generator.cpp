@@ -118,8 +118,8 @@ std::optional<Single> quicksingle() {
   return std::nullopt;
 }
 
-/// Solves the board as far as singles, intersections and naked pairs go. Its digits and deletions stay on the
-/// board, but are neither shown nor entered. Placing keeps the position index up to date.
+/// Solves the board as far as singles, intersections and naked pairs go. Its digits and deletions stay in the
+/// tables, but are not shown, and its digits are not among the chosen ones.
 void risolvirapido() {
   cleargrade();
   boardfinished = false;

@@ -15,7 +15,7 @@ namespace gradino {
 /// the log of a generated puzzle has no snapshots.
 inline constexpr const char* generatecommand = "genera";
 
-/// True when a cell has no candidates left: the try is given up.
+/// True when the try is given up: a cell has no candidates left, or a command has changed the tables.
 inline constinit bool generationfailed = false;
 
 namespace frmgenerazione {

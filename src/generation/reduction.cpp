@@ -87,7 +87,7 @@ class Group {
 
  private:
   void take(int cell) {
-    if (givens(cell).empty()) return;  // the centre, or a cell on an axis, has been taken as its own mirror
+    if (givens(cell).empty()) return;  // the centre or a cell on an axis, taken already as its own mirror
     cells_[count_] = cell;
     texts_[count_++] = givens(cell);
     writetext1(cell, "");
@@ -119,8 +119,8 @@ void putup(const Puzzle& puzzle) {
 }  // namespace
 
 // One pass from the top left tries each group once; the order decides which groups are removed. For each it
-// is only found out whether there is another solution. What full counts would have left in the tables, that
-// is, what the last one of each outcome leaves, is made up for at the end.
+// is only checked whether there is another solution. The tables are to be as a full count of each try would
+// have left them: at the end the last rejected try and, if the last try was accepted, the puzzle are counted.
 void riduzione() {
   std::optional<Puzzle> rejected;
   conta();
