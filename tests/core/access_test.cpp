@@ -1,4 +1,4 @@
-// What is said of the things on the screen to who can't see them.
+// What a screen reader says of the things on the screen.
 #include "access.h"
 
 #include <gtest/gtest.h>
@@ -63,7 +63,7 @@ TEST_P(AccessInBoth, ColoursAreToldInWords) {
   EXPECT_EQ(spokencell(at(1, 3)).name, in("casella r1c3, vuota, in giallo", "cell r1c3, empty, in yellow"));
 }
 
-// The digit box covers the marks or leaves them free: one of both is the cell's voice.
+// The digit box covers the marks or leaves them free: whichever can be seen speaks for the cell.
 TEST_P(AccessInBoth, GroundAndMarksTellNothingThatIsHidden) {
   open(puzzle);
   const int open = at(1, 3), given = at(1, 1);

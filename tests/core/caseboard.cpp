@@ -198,7 +198,7 @@ class Reader {
   int line_ = 0;
   bool said_ = false;
   std::vector<std::string> cells_;
-  std::vector<int> lines_;  ///< where each cell stands
+  std::vector<int> lines_;  ///< the line of the file with each cell
   CaseBoard board_;
 };
 

@@ -74,7 +74,7 @@ void expectsame(const Played& now, const Played& quiet) {
   EXPECT_EQ(now.answers, quiet.answers);
 }
 
-/// Lends the tables of the board to somebody, boxes and all else untouched.
+/// Runs act with the tables of another board; boxes and all else stay as they are.
 void onanotherboard(const CaseBoard& board, const std::function<void()>& act) {
   const auto kept = std::tuple(cellvalue, candmask, candstr, usedmask, filledcount, solutiontext, rowpos,
                                colpos, blockpos, nishioflag);
@@ -95,7 +95,8 @@ void onanotherboard(const CaseBoard& board, const std::function<void()>& act) {
            nishioflag) = kept;
 }
 
-/// The same upside down, with the next digit for each: the technique is there, too, and finds something else.
+/// The same board upside down, with the next digit for each: the technique finds something there too, and
+/// something else.
 CaseBoard turned(const CaseBoard& board) {
   const auto next = [](char digit) { return digit == '.' ? '.' : digit == '9' ? '1' : char(digit + 1); };
   CaseBoard other = board;

@@ -1,4 +1,4 @@
-// What the tests of loops and XY-chains share: what a search finds, and the search once more.
+// What the tests of loops and XY-chains share: what a search finds, and a second, plain search.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace gradino::tests {
 
-/// What a search finds on the board as it stands, as linksread.
+/// What a search finds on the present board, as linksread has it.
 std::string loopfound();
 std::string xychainfound();
 
@@ -14,8 +14,8 @@ std::string xychainfound();
 /// none.
 std::string linksread();
 
-/// The search once more, as literally as it can be told: paths are texts, twins are looked up one by one. It
-/// reads the board's tables and shares nothing else with the search that it judges.
+/// The same search, written as literally as possible: paths are texts, equal nodes are looked up one by one.
+/// It reads the board's tables and shares nothing else with the search that it checks.
 struct LiteralSearch {
   explicit LiteralSearch(bool xychains);
   std::string chain;                  ///< as linksread

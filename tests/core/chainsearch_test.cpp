@@ -52,7 +52,7 @@ TEST_F(NodeQueue, AMuchShorterRepetitionIsToldAndAdded) {
   EXPECT_EQ(player.boxes, std::vector<std::string>{"catena più corta"});
   EXPECT_EQ(nodecount(), 3);
   EXPECT_EQ(chainpath(2), 3);
-  // The one added last now refuses the next one, but only after the first has been told again.
+  // The one added last now refuses the next one, but only after the message box for the first has come again.
   EXPECT_EQ(addnode(at(1, 2), 1, false, 0, 3), Added::refused);
   EXPECT_EQ(player.boxes, (std::vector<std::string>{"catena più corta", "catena più corta"}));
 }
@@ -82,7 +82,7 @@ TEST_F(NodeQueue, LinkTablesHold41) {
   EXPECT_THROW(linkflag(41), Fault);
 }
 
-// ---- against the search told literally --------------------------------------------------------------------
+// ---- against the literal search ---------------------------------------------------------------------------
 
 class AnyBoard : public Program {
  protected:

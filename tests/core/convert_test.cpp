@@ -137,7 +137,7 @@ TEST(Convert, WhatIsNoPuzzleIsRefusedWithItsLine) {
   starts(std::string("1\0", 2), "1: a control character");
 }
 
-/// The puzzle's rows, each behind `fence`.
+/// The puzzle's rows, each after `fence`.
 std::string rowsof(const std::string& cells, const std::string& fence) {
   std::string text;
   for (std::size_t row = 0; row < 9; ++row) text += fence + cells.substr(row * 9, 9) + "\n";

@@ -46,7 +46,7 @@ class Counter : public Program {
   }
 };
 
-// ---- what it tells ----------------------------------------------------------------------------------------
+// ---- what it reports --------------------------------------------------------------------------------------
 
 const char* const unique =
     "..45...6..6..94..39.......78.....67..5...219..1..4.2.....875...2..31.....89......";
@@ -163,7 +163,7 @@ TEST_F(Counter, AFullBoardWithAClashCountsAsOne) {
 }
 
 TEST_F(Counter, ADigitTwiceInARowIsNotComplainedOfAndMayBeKept) {
-  // 1 stands twice in row 1 and the four open cells of other rows can be filled
+  // 1 is twice in row 1, and the four open cells of other rows can be filled
   std::string puzzle = without(fullboard, {at(9, 1), at(9, 2), at(8, 5), at(5, 5)});
   puzzle[8] = '1';
   count(puzzle, "conta");
@@ -307,7 +307,7 @@ TEST_P(CountKey, TheHintsGoOnToTheEnd) {
   EXPECT_EQ(boxtexts(), whole);
 }
 
-// Of a puzzle that was typed nothing stands in the givens.
+// A puzzle that was typed is not in the givens.
 TEST_P(CountKey, ATypedBoardKeepsItsPencilMarks) {
   mnunew_Click();
   for (int cell = 0; cell < 81; ++cell)
@@ -328,7 +328,8 @@ std::size_t below(Engine& random, std::size_t n) {
   return static_cast<std::size_t>(random() % n);
 }
 
-/// A full board seen otherwise: digits renamed, bands, rows, stacks and columns shuffled, perhaps mirrored.
+/// A full board changed in form only: digits renamed, bands, rows, stacks and columns shuffled, perhaps
+/// mirrored.
 std::string shuffled(std::string_view board, Engine& random) {
   std::array<int, 9> digits, rows, cols;
   std::iota(digits.begin(), digits.end(), 1);
@@ -356,8 +357,8 @@ void empty(std::string& board, std::size_t n, std::size_t from, Engine& random) 
   for (std::size_t k = 0; k < n; ++k) board[from + below(random, 81 - from)] = '.';
 }
 
-/// One board of some kind. Those whose holes lie low are where the plain search gets to many solutions in
-/// time.
+/// A board of one of ten kinds. Where the holes are in the lower rows, the plain search gets to many
+/// solutions in time.
 std::string randomboard(Engine& random) {
   std::string board = shuffled(fullboard, random);
   switch (below(random, 10)) {
@@ -407,7 +408,7 @@ std::string randomboard(Engine& random) {
   return board;
 }
 
-/// True when a digit stands twice in a house.
+/// True when a digit is twice in a house.
 bool clashes(const std::string& board) {
   for (int cell = 0; cell < 81; ++cell)
     for (int other = 0; other < cell; ++other)
@@ -569,12 +570,12 @@ TEST_F(Judged, TheLimitIsExact) {
   }
 }
 
-// Boards that searches of their kind walk for seconds, or for ever.
+// Boards on which plainer searches take seconds, or forever.
 TEST_F(Counter, IsQuickWhereASearchWouldWander) {
-  // no solution, which only the three digits of a triad tell
+  // no solution, which only the rule about the three digits of a triad shows
   count(".....5.8....6.1.43..........1.5........1.6...3.......553.....61........4.........", "conta");
   EXPECT_EQ(numerosoluzioni, 0);
-  // a digit doubled in all three houses of r9c9, which so has two digits left in whatever else is filled in
+  // a digit doubled in all three houses of r9c9, so that r9c9 has two digits left however the rest is filled
   count("..4...7.........5...6..91......9...4..........95..2......8.7...6.......4....4.43.", "conta");
   EXPECT_EQ(numerosoluzioni, 0);
   // two and three digits to spare there

@@ -80,8 +80,8 @@ class FullDisk {
 
 constexpr uid_t nobodysnumber = 65534;
 
-/// A folder that can't be written, with a file in it that can. Root can write everywhere: while this lives he
-/// is nobody.
+/// A folder that can't be written, with a file in it that can. Root can write everywhere: while this lives
+/// the process runs as the user nobody.
 class ClosedFolder {
  public:
   ClosedFolder(const std::string& folder, const std::string& file)
@@ -118,7 +118,7 @@ class Files : public Bilingual {
     player.boxes.clear();
     frmmain::filetxt.text.clear();
   }
-  /// What stands in the test's folder, hidden files too.
+  /// The names in the test's folder, hidden files too.
   Strings listing() const {
     Strings names;
     for (const auto& entry : std::filesystem::directory_iterator(path("")))
@@ -230,10 +230,10 @@ TEST_P(Files, ALineOf254CharactersIsReadAndOneOf255Not) {
   expectpuzzle();
 
   opentext(first + std::string(215, '-') + "\r\n" + second + "\r\n");
-  expectbroken(first);  // the counter overflows behind the last character
+  expectbroken(first);  // the counter overflows after the last character
   player.boxes.clear();
   opentext(first + std::string(216, '-') + "\r\n" + second + "\r\n");
-  expectbroken("");  // the length does, ahead of the first
+  expectbroken("");  // the length overflows before the first character
   player.boxes.clear();
   opentext(first + std::string(5000, '-') + "\r\n" + second + "\r\n");
   expectbroken("");
@@ -433,7 +433,7 @@ TEST_P(Files, ABadCommaLineKeepsTheBoxesReadSoFarAndTheOldName) {
 }
 
 TEST_P(Files, ACommaBeyondCharacter255IsAFailure) {
-  // three characters a field until character 243, so the 81st comma stands at 255 or behind
+  // three characters a field until character 243, so the 81st comma is at 255 or later
   std::string line;
   for (int cell = 0; cell < 80; ++cell) line += " 5,";
   startafresh();
@@ -636,7 +636,7 @@ TEST_P(Files, ASaveLeavesNothingBesideItsFile) {
   EXPECT_EQ(bytes(path("old.sav.new")), "somebody's");
 }
 
-// There the file itself is written over. What stands in it is longer than a puzzle, or shorter.
+// There the file itself is written over. Its old content is longer than a puzzle, or shorter.
 TEST_P(Files, InAFolderThatCannotBeWrittenAFileIsReplacedOrStays) {
   for (const std::string& old : {std::string("short"), std::string(500, 'l')}) {
     opentext(puzzle);

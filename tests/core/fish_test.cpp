@@ -18,7 +18,7 @@
 namespace gradino::tests {
 namespace {
 
-// Boards on which some digits have the places told, and the others all: those make no fish.
+// Boards on which some digits have the places given, and the others all places: those make no fish.
 class Fish : public Program {
  protected:
   Fish() { put(emptyboard); }
@@ -111,7 +111,7 @@ TEST_F(Fish, ALineWithMorePlacesThanLinesDoesNotQualify) {
   EXPECT_EQ(swordfish(), "");
 }
 
-// Rows 1 and 4 make an X-Wing, and with row 7 they make a Swordfish all the same.
+// Rows 1 and 4 make an X-Wing; with row 7 they make a Swordfish too.
 TEST_F(Fish, ASwordfishMayTakeARowThatIsPartOfAnXWing) {
   places(5, {at(1, 3), at(1, 6), at(4, 3), at(4, 6), at(7, 3), at(7, 9), at(9, 9)});
   EXPECT_EQ(swordfish(), "\r\nSWORDFISH, number 5 in rows 147 columns 369\r\n * deleted 5 from   r9c9 , ");

@@ -38,8 +38,8 @@ std::string slotread(int cell, int digit, bool flag, std::size_t path) {
   return std::to_string(cell) + (flag ? "=" : "<>") + std::to_string(digit) + " " + std::to_string(path);
 }
 
-/// As literally as it can be told: paths are texts, twins are looked up one by one. It reads the board's
-/// tables and shares nothing else with the search that it judges.
+/// The search written as literally as possible: paths are texts, equal nodes are looked up one by one. It
+/// reads the board's tables and shares nothing else with the search that it checks.
 class LiteralForcing {
  public:
   int steps = 80;     ///< chainsteps
@@ -219,8 +219,8 @@ class ForcingSearch : public Program {
     chainpath.clear();
     literal.all();
     const bool shown = found();
-    // A hypothesis that can't lead to a shorter chain any more is left, so only a chain that is shown has the
-    // whole queue of its hypothesis behind it.
+    // A hypothesis that can't lead to a shorter chain any more is left early, so only for a chain that is
+    // shown is the whole queue of its hypothesis there.
     for (int k = 0; shown && k < nodecount(); ++k)
       ASSERT_EQ(slotread(chaincell(k), chaindigit(k), chainflag(k), static_cast<std::size_t>(chainpath(k))),
                 literal.slots[static_cast<std::size_t>(k)])

@@ -49,7 +49,7 @@ class Generation : public Program {
     EXPECT_THROW(frmgenerazione::genera(), NoMoreDraws);
   }
   static void supersymmetric(bool ticked) { frmmain::Check1.ticked = ticked; }
-  /// The puzzle that stands in the boxes.
+  /// The puzzle in the boxes.
   static std::string puzzle() { return boxtexts(); }
   static std::string solution() {
     std::string all;
@@ -227,7 +227,7 @@ TEST_F(Generation, TheCommandShowsThePuzzleReadyToBeSolved) {
 }
 
 TEST_F(Generation, TheLogOfAGeneratedPuzzleHasLinesButNoSnapshots) {
-  open(fullboard);  // whose snapshots must not come back
+  open(fullboard);  // the snapshots of its log must not come back
   host.random = seededrandom(5);
   player.event(frmmain::nuovoschema);
   ASSERT_FALSE(Frmlog::Text3.text.empty());
@@ -402,7 +402,7 @@ TEST_F(Generation, WhatIsReducedCannotBeReducedAgain) {
   EXPECT_EQ(told.at(1), "executed 0 reductions");
 }
 
-// A puzzle beyond the techniques is worth a word to the grader only when this count is one.
+// The grader reports a puzzle beyond the techniques only when this count is one.
 TEST_F(Generation, ReductionLeavesTheCountOfTheLastGroupItTried) {
   const std::string minimal = reducedby(std::string(fullboard), true).puzzle;
   std::string spare = minimal;  // the centre comes last
@@ -430,7 +430,7 @@ TEST_F(Generation, TheProgressWindowOnlyTellsTheTime) {
   EXPECT_FALSE(frmprogress::visible);
 }
 
-/// The continuous run over a store that only writes down.
+/// The continuous run over a store that only notes what it is given.
 class Continuous : public Generation {
  protected:
   struct Stored {
@@ -451,7 +451,7 @@ class Continuous : public Generation {
     host.random = seededrandom(9);
   }
 
-  /// Ends the run behind its n-th puzzle, each of which takes a second.
+  /// Ends the run after its n-th puzzle, each of which takes a second.
   void run(std::size_t n) {
     atnew = [this] { player.now += 1; };
     player.onevents = [this, n] {

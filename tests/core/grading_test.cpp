@@ -368,8 +368,7 @@ TEST_F(Program, TheReportIsWrittenIntoTheLibraryRecordOnShowAndIntoNoOther) {
 
 class Overflows : public Bilingual {
  protected:
-  /// What is told when a puzzle is opened from the library or saved, and something happens while it is
-  /// graded.
+  /// The messages when a puzzle is opened from the library or saved and something happens while it is graded.
   std::string told(const std::function<void()>& meanwhile) {
     open(easy);
     player.boxes.clear();
@@ -440,7 +439,7 @@ TEST_P(Overflows, TheLogOfManyGeneratedPuzzles) {
           "32768, in detail)")});
 }
 
-/// What is told of a fault that nobody can wait for in a test.
+/// The messages for faults that would take too long to bring about in a test.
 TEST_P(Overflows, TheOthersHaveWordsOfTheirOwn) {
   const auto telling = [this](const Fault& fault) {
     player.boxes.clear();
@@ -527,7 +526,7 @@ TEST_F(Program, ASnapshotHoldsDigitsMasksAndTheNishioFlag) {
   EXPECT_TRUE(logflags(1));
 }
 
-// No board should hold such numbers; told they are as they stand, wherever they are.
+// No board should hold such numbers; if one does, they are written as they are, wherever they are.
 TEST_F(Program, ASnapshotOfNumbersThatAreNoDigitsAndNoSetsHoldsThemAsTheyStand) {
   for (const int odd : {10, 16, -1}) {
     for (const int cell : {0, 40, 80}) {

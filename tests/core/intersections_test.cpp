@@ -25,7 +25,7 @@ class Intersections : public Program {
   }
 
   std::string step() { return hintof(player, frmmain::intersections); }
-  /// The digit and the cells deleted, as the twin logs them: everything behind " * deleted ".
+  /// The digit and the cells deleted, as the twin logs them: everything after " * deleted ".
   static std::string twin() {
     const std::string log = logged(frmgenerazione::intersections);
     const std::size_t detail = log.find(" * deleted ");

@@ -54,7 +54,7 @@ Rows rowsof(const std::string& name) {
   return rows;
 }
 
-/// Each character with a zero behind it, as most texts are kept.
+/// Each character followed by a zero, as most texts are kept.
 std::string wide(std::string_view text) {
   std::string doubled;
   for (char c : text) doubled.append({c, '\0'});
@@ -305,7 +305,7 @@ TEST_F(Program, AFileThatWouldKeepItsReaderBusyForEverIsGivenUp) {
   }
 }
 
-/// Bytes changed anywhere, more often where a page begins: that is where what matters stands.
+/// Bytes changed anywhere, more often where a page begins: what matters is there.
 void shake(std::string& bytes, unsigned seed) {
   std::mt19937 random(seed);
   const std::size_t pages = bytes.size() / page;

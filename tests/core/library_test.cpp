@@ -89,7 +89,7 @@ class Library : public Program {
     player.event(frmmain::mostralibreria);
     player.event([level] { Option1_Click(level); });
   }
-  /// What is told when the library is needed.
+  /// The messages when the library is needed.
   std::vector<std::string> told() {
     player.boxes.clear();
     player.event(frmmain::mostralibreria);
@@ -522,7 +522,7 @@ TEST_F(Place, ManyProgramsMakeTheUsersCopyAtOnce) {
   }
 }
 
-/// What the start of a program that stands in the folder has to tell when its library is needed.
+/// The messages of a program just started from the folder when its library is needed.
 std::vector<std::string> Place::toldatstart() {
   openlibrary(libraryplace(bin));
   return told();
@@ -586,7 +586,7 @@ TEST_F(Place, WithoutAFolderOfTheUsersTheShippedLibraryIsOnlyRead) {
                 "came with the program, \"" +
                 shared + "\", is used, which can only be read: nothing is stored in it."});
   EXPECT_EQ(told(), std::vector<std::string>{}) << "once";
-  // A puzzle is loaded; its grade is another than the record's, and can't be written back: that is told once.
+  // A puzzle is loaded; its grade differs from the record's and can't be written back: that is reported once.
   const std::vector<std::string> onlyread = {"The library \"" + shared +
                                              "\" can only be read: nothing can be stored in it."};
   for (const auto& expected : {onlyread, std::vector<std::string>{}}) {
@@ -703,7 +703,7 @@ TEST_F(Library, ManyProgramsMeetTheSameOldLibraryAtOnce) {
   }
 }
 
-/// What stands beside the library.
+/// The files beside the library.
 std::set<std::string> Library::names() const {
   std::set<std::string> all;
   for (const fs::directory_entry& entry : fs::directory_iterator(path("")))
@@ -905,7 +905,7 @@ TEST_F(Library, LoadingPutsThePuzzleUpAndGradesIt) {
                                                                        : "30");
 }
 
-/// Rows of other puzzles: what is loaded tells itself apart.
+/// The puzzle with other digits, so that it can be seen which one is loaded.
 std::string turned(std::string_view puzzle, int by) {
   std::string other(puzzle);
   for (char& c : other)
@@ -1085,7 +1085,7 @@ TEST_F(Library, WhoBrowsesDuringTheRunLosesNoPuzzle) {
   player.event(frmmain::genera_e_conta);
   EXPECT_EQ(values(), giventexts()) << "the last puzzle stands on the board, ready to be solved";
   const auto all = 6U + static_cast<std::size_t>(listed());
-  player.event(frmmain::genera_e_conta);  // begins with nothing left over
+  player.event(frmmain::genera_e_conta);  // begins with nothing left from the run before
   closelibrary();
   const std::vector<LibraryRow> rows = rowsof(library());
   ASSERT_GE(rows.size(), all);

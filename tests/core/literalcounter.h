@@ -1,5 +1,5 @@
-// The solution counter once more, as literally as it can be told: nothing is cut off, nothing is incremental.
-// It has tables of its own and shares no code with the program's counter, which it judges.
+// A second solution counter, written as literally as possible: nothing is cut off, nothing is incremental. It
+// has tables of its own and shares no code with the program's counter, which it checks.
 #pragma once
 
 #include <array>

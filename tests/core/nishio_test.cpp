@@ -148,7 +148,8 @@ INSTANTIATE_TEST_SUITE_P(Nishio, EachNishio, testing::ValuesIn(arguments), [](au
 
 // ---- the search once more ---------------------------------------------------------------------------------
 
-/// As literally as it can be told, on a copy of the board. It shares nothing with the search that it judges.
+/// The search written as literally as possible, on a copy of the board. It shares nothing with the search
+/// that it checks.
 class LiteralNishio {
  public:
   int steps = 81;
@@ -295,9 +296,9 @@ class NishioSearch : public Program {
     take(Marks{});
   }
 
-  /// Each cell has its digit of the full board or the one `shift` further on; all of the latter make a full
-  /// board, too. But for one cell, which has the digit before that: the only thing that can end a trial. Only
-  /// at the start that second board is what counts as wrong.
+  /// Each cell has two candidates: its digit of the full board and the one `shift` further on; the latter
+  /// make a full board too. In the cell `broken` the second one is the digit before that, the only thing that
+  /// can end a trial. The solution is the second board, except in the cell `start`.
   void drawtwofold(int shift, int start, int broken) {
     std::string right;
     Marks marks;
@@ -341,7 +342,7 @@ TEST_F(NishioSearch, IsAsTheLiteralOneOnThinnedBoards) {
       all.cellandhouse += literal.cellandhouse;
     }
   }
-  // An empty cell and a lost digit at once: the house is what is told.
+  // An empty cell and a lost digit at once: the house is reported.
   EXPECT_GT(all.cellandhouse, 0);
 }
 
@@ -456,7 +457,7 @@ TEST_F(NishioSearch, WithoutATrialThatEndsImpossibleNothingIsFound) {
   }
 }
 
-// The slots of candmask above 80 are scratch paper: whatever stands there, nobody takes it for cells.
+// The slots of candmask above 80 are work space: whatever they hold, nothing takes it for cells.
 TEST_F(NishioSearch, TheScratchSlotsOfCandmaskAreReadByNobody) {
   std::vector<std::string> logs, steps;
   for (const int garbage : {0, fullmask, 2}) {
@@ -527,7 +528,7 @@ TEST_F(NishioSearch, AnotherPuzzleOpenedDuringTheSearchIsNotTouched) {
   expectnopaint();
 }
 
-// Two digits typed into one box: the fault is told, and the trial that met it leaves nothing behind.
+// Two digits typed into one box: the fault is reported, and the trial that met it leaves no trace.
 TEST_F(NishioSearch, AFaultInsideATrialLeavesTheBoardAsItWas) {
   putcase("nishio/digit-without-place-in-row");
   const Board healthy = theboard();

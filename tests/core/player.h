@@ -4,10 +4,9 @@
 //   player.script = {help, go};                 // the first wait: help picture; the next one: green light
 //   player.names = {path, cancelled};           // file dialogs
 //   player.event(mnuposition_Click);            // as the window would run it
-//   EXPECT_EQ(player.frames.at(0).hint, ...);   // what stood there when the player was asked
+//   EXPECT_EQ(player.frames.at(0).hint, ...);   // what was on show when the player was asked
 //
-// Asked with nothing left to say, it throws: a wait that nobody thought of fails the test and doesn't hang
-// it.
+// If the script has no answer left, it throws: an unexpected wait fails the test instead of hanging it.
 #pragma once
 
 #include <deque>
@@ -60,7 +59,7 @@ class Player {
   /// Takes over as the program's host.
   void play();
 
-  /// Runs an event as the window does: behind the guard that tells faults.
+  /// Runs an event as the window does: with the guard that reports faults.
   void event(const std::function<void()>& body);
 
   std::deque<Act> script;                        ///< one act for each time that a wait asks
@@ -88,7 +87,7 @@ std::ostream& operator<<(std::ostream& out, const Board& board);
 Board theboard();
 std::string values();                ///< cellvalue, "." for empty
 std::string boxtexts();              ///< the texts of Text1 joined, "." for an empty one
-std::string giventexts();            ///< givens likewise
+std::string giventexts();            ///< the givens in the same way
 std::vector<int> masks();            ///< candmask of the 81 cells
 std::string visiblemarks(int cell);  ///< the pencil marks to be seen when nothing covers them: "1379"
 

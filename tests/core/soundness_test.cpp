@@ -82,7 +82,7 @@ TEST(Soundness, EveryCellIsSeenToBePlaced) {
 }
 
 TEST(Soundness, AStepAgainstTheSolutionIsTold) {
-  // A puzzle of several solutions leaves no solution behind: whatever is placed contradicts it.
+  // A puzzle with several solutions has no stored solution: whatever is placed contradicts it.
   Witness witness;
   cli::checkgrade("8......464..........6..2.5.7.1...96......7....92.1...4..7..6.9894.....1.....75..2",
                   witness.hear());

@@ -28,8 +28,8 @@ std::string named(int cell) {
 
 using Lines = std::vector<std::string>;
 
-const std::string untouched = "as it was";  ///< what stands in the text boxes before the step
-constexpr int unset = 99;                   ///< and in the numbers that it leaves behind
+const std::string untouched = "as it was";  ///< the text boxes before the step
+constexpr int unset = 99;                   ///< and the numbers that a step leaves
 
 // What the user has painted: a colour that no step has, in one cell of each layer.
 constexpr Colour usercolour = 1;
@@ -54,7 +54,7 @@ Lines split(const std::string& text, std::string_view at) {
   return lines;
 }
 
-/// Between bars, so that no blank is lost. Signs that can't be seen have a number.
+/// Between bars, so that no blank is lost. Characters that can't be seen are written as numbers.
 std::string fenced(const std::string& line) {
   std::string text = "|";
   for (char c : line) {
@@ -197,7 +197,7 @@ Lines tablelines() {
   return lines;
 }
 
-/// What the boxes ought to show: the board as it stands, or, in a twin, as it stood.
+/// What the boxes ought to show: the board as it is, or, of a twin, as it was before.
 struct Shown {
   std::vector<int> masks;
   std::string values;
@@ -228,7 +228,7 @@ Lines screenlines(const Shown& shown) {
 
 // ---- facts ------------------------------------------------------------------------------------------------
 
-/// How things stood before the step.
+/// The state before the step.
 struct Start {
   Board board;
   bool nishio, pencilmarks, silent;
@@ -573,8 +573,7 @@ class Writer {
     flush();
   }
 
-  // A stop at one wait that leaves what a stop at the wait before leaves is said together with it.
-
+  /// Stops at waits in a row that leave the same share a section.
   void stopped(const std::string& name, std::size_t wait, const Played& now, const Played& whole) {
     const std::size_t same = common(now, whole);
     const Lines lines = runread(now, std::min(same, now.waits.size()));

@@ -1,5 +1,5 @@
 // What a technique says, paints, logs and does on the board of a case, as a text to be read and compared:
-// tests/cases/<technique>/<case>/english and italian. tests/cases/README.md tells how it is read.
+// tests/cases/<technique>/<case>/english and italian. tests/cases/README.md says how to read it.
 #pragma once
 
 #include <functional>

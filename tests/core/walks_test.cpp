@@ -76,7 +76,7 @@ class Walks : public Program {
     frames.clear();
   }
 
-  /// Asks for hints until there is none, and looks on after each. Told not to go on, it doesn't.
+  /// Asks for hints until there is none or goeson says no, and calls `after` after each.
   void walk(
       const std::string& puzzle, const Act& after,
       const std::function<bool()>& goeson = [] { return true; }) {
@@ -164,7 +164,7 @@ class CommandInVain : public Walks {
   }
 };
 
-// The ladder has been at the intersections before it came to any of these, so there are none.
+// The ladder tries the intersections before any of these, so there are none on the board.
 TEST_F(CommandInVain, LeavesTheLadderItsAnswer) {
   std::set<std::string> disturbed;
   for (const std::string& puzzle : puzzles()) {

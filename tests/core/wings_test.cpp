@@ -42,7 +42,7 @@ class Wings : public Bilingual {
     rebuildpositions();
   }
 
-  /// The masks as they stand, less a digit in some cells.
+  /// The present masks, less a digit in some cells.
   static std::vector<int> maskswithout(int digit, const std::vector<int>& from) {
     std::vector<int> all = masks();
     for (int cell : from) all.at(static_cast<std::size_t>(cell)) &= ~(1 << digit);
@@ -58,7 +58,7 @@ class Wings : public Bilingual {
     return f;
   }
 
-  /// What a twin says first of the board as it stands; "" if it finds nothing.
+  /// The first line that a twin logs on the present board; "" if it finds nothing.
   static std::string said(void (*twin)()) {
     foundflag = true;
     Frmlog::Text3.text.clear();
@@ -123,7 +123,7 @@ TEST_P(Wings, TheLowestPivotWinsEvenWithAHighZ) {
   EXPECT_EQ(said(frmgenerazione::findxyzwing), "");
 }
 
-// All around the pivot 12 in r5c5 with z = 3, or as told.
+// All around the pivot 12 in r5c5 with z = 3, unless a line says otherwise.
 TEST_P(Wings, RowBeforeColumn) {
   putmarks({{at(5, 5), "12"}, {at(4, 6), "13"}, {at(5, 9), "23"}, {at(8, 5), "23"}});
   EXPECT_EQ(said(frmgenerazione::findxywing), xy(3, "r5c5, r4c6, r5c9"));

@@ -128,7 +128,7 @@ TEST_F(XYSearch, AHarderLevelStays) {
   EXPECT_EQ(levelcount(19), 1);
 }
 
-// What stands in the link tables is argued, also a hypothesis that something is not so.
+// The explanation argues what the link tables hold, a negative hypothesis too.
 class XYHypothesis : public Bilingual {};
 IN_BOTH_LANGUAGES(XYHypothesis);
 
