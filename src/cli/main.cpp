@@ -102,7 +102,7 @@ class Boards {
     progress_.step();
   }
 
-  /// The file does hold boards, so each line that is none is worth a message.
+  /// The file does hold boards, so each line that is none is reported.
   void tellnone() {
     for (const auto& [number, what] : none_) refuse(number, what);
     none_.clear();

@@ -92,7 +92,7 @@ GRADINO_STEP Nine countdigits(const std::array<Bands, 3>& packs) {
 ///
 /// A triad must hold a digit when no other of its line, or of its block, can. Where it must, the others of
 /// line and block can't: locked candidates and the effect of a decided cell, both in one. And as a triad
-/// holds three digits, all must stand in it when only three can, and none else can when three must: this rule
+/// holds three digits, all must be in it when only three can, and no other can when three must: this rule
 /// ends boards on which a search that looks at cells alone would take a second.
 template <class T, class Rules>
 GRADINO_STEP Bands deduce(Triads<T>& t, const Rules& rules) {

@@ -286,8 +286,8 @@ void frmmain::nakedpair() {
   showdeletions();
 }
 
-// The masks are narrowed ahead of the wait, and a stop leaves them so while candstr, positions and boxes
-// still show the old candidates: the same find is passed over at the next try.
+// The masks are narrowed before the wait. A stop leaves them so, while candstr, positions and boxes still
+// have the old candidates: the next search passes over this find.
 void frmmain::hiddenpair() {
   foundflag = false;
   steptag = techniques::hiddenpair.tag;

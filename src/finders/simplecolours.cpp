@@ -201,8 +201,8 @@ Colours scancolors(Byte& digit) {
   return find;
 }
 
-/// The step on show. Only the explanations read it, as it is at that moment: a command in one of their waits
-/// may search anew.
+/// The step on show. Only the explanations read it, and not from a copy: a command during one of their waits
+/// may put another there.
 Colours shown;
 
 void explain();

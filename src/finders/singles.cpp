@@ -205,8 +205,8 @@ Single readnaked(const std::string& result) {
   return {std::nullopt, 0, number(result, 1), figure(result, 0)};
 }
 
-/// What the hint or the log says of a single: the last digit of a house has words of its own, for the others
-/// those passed.
+/// What the hint or the log says of a single: the words passed, except for the last digit of a house, which
+/// has its own.
 std::string tell(const SingleRung& rung, const Single& single, const ByKind<Words>& hidden,
                  const Words& naked) {
   const bool last = rung.find == findOneMissing;

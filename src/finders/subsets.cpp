@@ -213,7 +213,7 @@ struct View {
   int membercount = 0;
 };
 
-/// The houses as bits, so that those worth a look are known before a set of digits is tried in them: rows are
+/// The houses as bits, so that for each set of digits only the houses are tried that may have it: rows are
 /// bits 0 to 8, columns 9 to 17, blocks 18 to 26, ascending as they are tried.
 struct Houses {
   ByDigit<unsigned> open{};    ///< the digit is not placed there

@@ -180,8 +180,8 @@ class Hypothesis {
     here.hastrue = here.hastrue || truth;
   }
 
-  /// What one cell means for a house of its own: true, it makes all open places false; false, it forces the
-  /// last open place if there is but one and the house has no true cell.
+  /// What a cell means for one of its houses: if it is true, all open places become false; if it is false,
+  /// the last open place becomes true, if there is only one and the house has no true cell.
   void follow(bool truth, HouseKind kind, int house) {
     const Known& here = known_[kind][house];
     if (!truth && here.hastrue) return;
@@ -295,8 +295,8 @@ XColours scanxcolors(Byte& digit) {
   return find;
 }
 
-/// The step on show. Only the explanations read it, as it is at that moment: a command in one of their waits
-/// may search anew.
+/// The step on show. Only the explanations read it, and not from a copy: a command during one of their waits
+/// may put another there.
 XColours shown;
 
 void explain();

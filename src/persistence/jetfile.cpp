@@ -130,7 +130,7 @@ class Sender {
     for (std::size_t left = waiting_.size(); left > 0;) {
       const ssize_t done = write(pipe_, at, left);
       if (done < 0 && errno == EINTR) continue;
-      if (done < 0) _exit(EXIT_FAILURE);  // nobody listens
+      if (done < 0) _exit(EXIT_FAILURE);  // the reader of the pipe is gone
       at += done;
       left -= static_cast<std::size_t>(done);
     }

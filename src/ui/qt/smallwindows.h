@@ -1,4 +1,4 @@
-// The windows of the activity log and of the explanations.
+// The windows of the activity log, of the explanations and of the continuous generator.
 #pragma once
 
 #include <QPlainTextEdit>
