@@ -20,7 +20,7 @@ struct ByIndex {
   constexpr const T* end() const { return items + N; }
   constexpr T* data() { return items; }
   constexpr const T* data() const { return items; }
-  static constexpr std::size_t size() { return N; }
+  constexpr std::size_t size() const { return N; }
   constexpr void fill(const T& value) { std::fill_n(items, N, value); }
 
   friend constexpr bool operator==(const ByIndex& one, const ByIndex& other) {

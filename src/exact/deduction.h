@@ -146,8 +146,8 @@ Outcome settle(Boards& boards, const Rules& rules) {
       standing.several[pack] = standing.must[pack] & ~standing.several[pack];
     }
     for (std::size_t d = 0; d < 9; ++d) {
-      only[d] = boards.of[d] & (Lying::spread(lying.ofdigit(lying.several, d)) |
-                                Standing::spread(standing.ofdigit(standing.several, d)));
+      only[d] = boards.of[d] & (Lying::spread(Triads<Lying>::ofdigit(lying.several, d)) |
+                                Standing::spread(Triads<Standing>::ofdigit(standing.several, d)));
       bad |= taken & only[d];
       taken |= only[d];
     }
@@ -156,8 +156,8 @@ Outcome settle(Boards& boards, const Rules& rules) {
     Bands changed{};
     for (std::size_t d = 0; d < 9; ++d) {
       const Bands before = boards.of[d];
-      boards.of[d] &= Lying::spread(lying.ofdigit(lying.possible, d)) &
-                      Standing::spread(standing.ofdigit(standing.possible, d)) & (~taken | only[d]);
+      boards.of[d] &= Lying::spread(Triads<Lying>::ofdigit(lying.possible, d)) &
+                      Standing::spread(Triads<Standing>::ofdigit(standing.possible, d)) & (~taken | only[d]);
       changed |= boards.of[d] ^ before;
     }
     if (any(changed)) continue;

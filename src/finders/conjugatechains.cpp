@@ -121,7 +121,7 @@ class Search {
   }
 
   /// The negation of the hypothesis follows from the node: the way to the node is a chain.
-  void closed(int node) {
+  void closed(int node) const {
     const int length = depthof(node);
     if (length >= chainlength) return;
     chainlength = length;

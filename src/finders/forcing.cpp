@@ -259,18 +259,18 @@ class Hypothesis {
 
     clearlinks();
     int k = 0;
-    const auto store = [&k](int c, int d, bool f) {
-      linkcell(k) = c;
-      linkdigit(k) = d;
-      linkflag(k) = f;
-      ++k;
-    };
     for (std::size_t s = 0; s < steps.size(); ++s) {
-      if (s == contradicting) store(cell, digit, flag);
-      store(chaincell(steps[s]), chaindigit(steps[s]), chainflag(steps[s]));
+      if (s == contradicting) storelink(k++, cell, digit, flag);
+      storelink(k++, chaincell(steps[s]), chaindigit(steps[s]), chainflag(steps[s]));
     }
     forcinglength = k - 1;
     chainsteps = k;
+  }
+
+  static void storelink(int index, int cell, int digit, bool flag) {
+    linkcell(index) = cell;
+    linkdigit(index) = digit;
+    linkflag(index) = flag;
   }
 
   /// A path ends in its node's own index.

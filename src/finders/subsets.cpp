@@ -231,11 +231,12 @@ constexpr int numberof(int bit) {
 // usedmask has the houses in the same order.
 static_assert(columnslot == rowslot + 9 && blockslot == rowslot + 18);
 
-void surveydigits(Houses& houses, int bit, int n) {
+void surveydigits(Houses& houses, int bit, const Size& size) {
+  const int most = size.n;
   for (int digit = 1; digit <= 9; ++digit) {
     const Positions places = houses.views[bit].places[digit];
     if ((usedmask(rowslot + bit) & bitvalue(digit)) == 0) houses.open[digit] |= 1u << bit;
-    if (!places.empty() && places.length() <= n) houses.narrow[digit] |= 1u << bit;
+    if (!places.empty() && places.length() <= most) houses.narrow[digit] |= 1u << bit;
   }
 }
 
@@ -256,7 +257,7 @@ Houses survey(const Size& size) {
       if (!view.places[digit].empty()) ++opendigits;
     }
     if (opendigits <= size.toofew) continue;
-    surveydigits(houses, bit, size.n);
+    surveydigits(houses, bit, size);
     surveycells(view, housecells(kindof(bit), numberof(bit)), size.n);
     if (view.membercount >= size.n) houses.likely |= 1u << bit;
   }

@@ -298,9 +298,13 @@ std::string tell(const Words& words, const Wing& wing) {
 
 // ---- step -------------------------------------------------------------------------------------------------
 
-void paint(const Wing& wing, Colour marks, Colour boxes) {
-  for (int cell : wing.losing) pencilmark(cell, wing.z).back = marks;
-  for (int cell : {wing.wing1, wing.wing2, wing.pivot}) frmmain::Text2(cell).back = boxes;
+struct Paint {
+  Colour marks, boxes;
+};
+
+void paint(const Wing& wing, const Paint& colours) {
+  for (int cell : wing.losing) pencilmark(cell, wing.z).back = colours.marks;
+  for (int cell : {wing.wing1, wing.wing2, wing.pivot}) frmmain::Text2(cell).back = colours.boxes;
 }
 
 void step(const WingKind& kind) {
@@ -310,10 +314,10 @@ void step(const WingKind& kind) {
   if (!shown) return;
   const Wing wing = *shown;  // a command that comes in during the wait may show another
   foundflag = true;
-  paint(wing, red, yellow);
+  paint(wing, {.marks = red, .boxes = yellow});
   frmmain::txthint.text = tell(kind.found, wing);
   const bool stop = waitatlight() == Answer::stop;
-  paint(wing, white, white);
+  paint(wing, {.marks = white, .boxes = white});
   if (stop) return;  // with foundflag set: the ladder stops all the same
 
   frmmain::txthint.text = tell(deleted, wing);

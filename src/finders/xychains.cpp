@@ -54,11 +54,15 @@ std::string tellends(const Words& words, const Chain& chain) {
              hole("last", cellname(chain.last().cell)));
 }
 
-void paintends(const Chain& chain, Colour ends, Colour start) {
+struct Paint {
+  Colour ends, start;
+};
+
+void paintends(const Chain& chain, const Paint& colours) {
   const int digit = chain.start().digit;
-  pencilmark(chain.first().cell, digit).back = ends;
-  pencilmark(chain.start().cell, digit).back = start;
-  pencilmark(chain.last().cell, digit).back = ends;
+  pencilmark(chain.first().cell, digit).back = colours.ends;
+  pencilmark(chain.start().cell, digit).back = colours.start;
+  pencilmark(chain.last().cell, digit).back = colours.ends;
 }
 
 }  // namespace
@@ -73,13 +77,13 @@ void frmmain::stepxychain() {
   const auto [cell, digit, istrue] = chain->start();
   foundflag = true;
   Text5.text = std::to_string(digit);
-  paintends(*chain, green, red);
+  paintends(*chain, {.ends = green, .start = red});
   txthint.text = tellends(found, *chain);
   chain->paint(yellow);
   if (waitatlight() == Answer::stop) return;  // the colours stay
 
   deletecandidate(cell, digit);
-  paintends(*chain, white, white);
+  paintends(*chain, {.ends = white, .start = white});
   chain->paint(white);
   showdeletions();
   nishioflag = false;
