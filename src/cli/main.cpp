@@ -130,20 +130,24 @@ bool boards(const std::vector<std::string>& files, const Options& options) {
   return read && good;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) try {
+/// What the command line asks of the commands of this file.
+struct Asked {
   Options options;
   std::vector<std::string> files;
   int jobs = 1;
-  CLI::App app(
-      "Grades, counts, walks and makes sudoku puzzles: one puzzle a line, 81 of the symbols 1-9 . 0 x X.");
-  app.set_version_flag("--version", "gradino-cli " GRADINO_VERSION);
-  app.require_subcommand(1);
+  std::size_t number = 1;
+};
 
+struct Commands {
+  CLI::App *grade, *count, *walk, *generate, *techniques;
+  CLI::Option* seed;
+};
+
+Commands addcommands(CLI::App& app, Asked& asked) {
+  Options& options = asked.options;
   const auto sub = [&](const char* name, const char* help) {
     CLI::App* command = app.add_subcommand(name, help);
-    command->add_option("FILE", files, "Files; standard input when there is none");
+    command->add_option("FILE", asked.files, "Files; standard input when there is none");
     command->add_option("--lang", options.language, "Language of the texts")
         ->check(CLI::IsMember({"en", "it"}));
     return command;
@@ -154,30 +158,60 @@ int main(int argc, char** argv) try {
   };
 
   const auto addjobs = [&](CLI::App* command) {
-    command->add_option("--jobs", jobs, "Worker processes")->check(CLI::Range(1, 256));
+    command->add_option("--jobs", asked.jobs, "Worker processes")->check(CLI::Range(1, 256));
   };
 
-  CLI::App* gradecommand = json(sub("grade", "Level, score and log of each puzzle"));
-  addjobs(gradecommand);
-  gradecommand->add_flag("--snapshots", options.snapshots,
-                         "With the board after each line of the log (JSON)");
-  CLI::App* countcommand = json(sub("count", "The number of solutions, up to 500"));
-  CLI::App* walkcommand = json(sub("walk", "Each step that the hint shows, to the end"));
-  walkcommand->add_flag("--explain", options.explain, "With the explanation of each step");
-  walkcommand->add_option("--stop", options.stop, "Answer stop at the first wait of this step")
+  Commands commands = {};
+  commands.grade = json(sub("grade", "Level, score and log of each puzzle"));
+  addjobs(commands.grade);
+  commands.grade->add_flag("--snapshots", options.snapshots,
+                           "With the board after each line of the log (JSON)");
+  commands.count = json(sub("count", "The number of solutions, up to 500"));
+  commands.walk = json(sub("walk", "Each step that the hint shows, to the end"));
+  commands.walk->add_flag("--explain", options.explain, "With the explanation of each step");
+  commands.walk->add_option("--stop", options.stop, "Answer stop at the first wait of this step")
       ->check(CLI::Range(1, std::numeric_limits<int>::max(), "POSITIVE"));
-  CLI::App* generatecommand = json(app.add_subcommand("generate", "New puzzles, graded"));
-  std::size_t number = 1;
-  generatecommand->add_option("-n", number, "How many")->check(CLI::Range(1, 100'000'000));
-  generatecommand->add_flag("--supersimmetrico", options.supersymmetric,
-                            "Givens in four mirror cells at once, not only in two");
-  CLI::Option* seed =
-      generatecommand->add_option("--seed", options.seed, "The same puzzles each time, whatever the jobs");
-  addjobs(generatecommand);
-  CLI::App* techniquescommand =
-      sub("techniques", "What each technique alone does on boards given as JSON lines");
-  techniquescommand->add_flag("--json", options.json,
-                              "One JSON object a line, which is what it always prints");
+  commands.generate = json(app.add_subcommand("generate", "New puzzles, graded"));
+  commands.generate->add_option("-n", asked.number, "How many")->check(CLI::Range(1, 100'000'000));
+  commands.generate->add_flag("--supersimmetrico", options.supersymmetric,
+                              "Givens in four mirror cells at once, not only in two");
+  commands.seed =
+      commands.generate->add_option("--seed", options.seed, "The same puzzles each time, whatever the jobs");
+  addjobs(commands.generate);
+  commands.techniques = sub("techniques", "What each technique alone does on boards given as JSON lines");
+  commands.techniques->add_flag("--json", options.json,
+                                "One JSON object a line, which is what it always prints");
+  return commands;
+}
+
+bool run(const Commands& commands, Asked& asked) {
+  bool good = true;
+  if (*commands.techniques) good = boards(asked.files, asked.options);
+  if (*commands.grade) {
+    if (!asked.options.json) fmt::print("{}", gradeheading());
+    good = batch(asked.files, asked.jobs, gradeddone, grade, asked.options);
+  }
+  if (*commands.generate) {
+    if (commands.seed->empty()) asked.options.seed = std::random_device{}();
+    good = make(asked.number, asked.jobs, asked.options);
+  }
+  if (*commands.count) {
+    if (!asked.options.json) fmt::print("{}", countheading());
+    good = batch(asked.files, 1, counteddone, count, asked.options);
+  }
+  if (*commands.walk) good = batch(asked.files, 1, walkeddone, walk, asked.options);
+  return good;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try {
+  Asked asked;
+  CLI::App app(
+      "Grades, counts, walks and makes sudoku puzzles: one puzzle a line, 81 of the symbols 1-9 . 0 x X.");
+  app.set_version_flag("--version", "gradino-cli " GRADINO_VERSION);
+  app.require_subcommand(1);
+  const Commands commands = addcommands(app, asked);
   const auto runlibrary = addlibrary(app), runconvert = addconvert(app), runselftest = addselftest(app),
              runsheet = addsheet(app);
   try {
@@ -185,23 +219,9 @@ int main(int argc, char** argv) try {
   } catch (const CLI::ParseError& error) {
     return answer(app, error);
   }
-  speak(options.language);
+  speak(asked.options.language);
 
-  bool good = runlibrary() && runconvert() && runselftest() && runsheet();
-  if (*techniquescommand) good = boards(files, options);
-  if (*gradecommand) {
-    if (!options.json) fmt::print("{}", gradeheading());
-    good = batch(files, jobs, gradeddone, grade, options);
-  }
-  if (*generatecommand) {
-    if (seed->empty()) options.seed = std::random_device{}();
-    good = make(number, jobs, options);
-  }
-  if (*countcommand) {
-    if (!options.json) fmt::print("{}", countheading());
-    good = batch(files, 1, counteddone, count, options);
-  }
-  if (*walkcommand) good = batch(files, 1, walkeddone, walk, options);
+  const bool good = runlibrary() && runconvert() && runselftest() && runsheet() && run(commands, asked);
   if (std::fflush(stdout) != 0) {
     std::perror("standard output");
     return 1;

@@ -27,11 +27,27 @@ constexpr Words nosolution = {"non una soluzione", "not one solution"};
 constexpr double margin = 42, gap = 26, foot = 24;
 constexpr double captionsize = 11, smallsize = 9, headsize = 15;
 constexpr double thick = 1.7, thin = 0.4, grey = 0.45;
-constexpr int solutioncolumns = 3, solutionrows = 4;
 constexpr const char* family = "Liberation Sans";
+
+struct Point {
+  double x, y;
+};
 
 struct Rectangle {
   double x, y, width, height;
+};
+
+/// How words are printed.
+struct Type {
+  double size;
+  double align = 0;  ///< the fraction of the width of the words that is left of their point
+  double ink = 0;
+  bool bold = false;
+};
+
+/// How many areas a page has.
+struct Areas {
+  int columns, rows;
 };
 
 class Pages {
@@ -47,7 +63,8 @@ class Pages {
 
   /// Ends the page with its number at the foot.
   void endpage() {
-    text(std::to_string(++page_), options_.width / 2, options_.height - foot, smallsize, 0.5, grey);
+    text(std::to_string(++page_), {options_.width / 2, options_.height - foot},
+         {.size = smallsize, .align = 0.5, .ink = grey});
     cairo_show_page(cairo_.get());
   }
 
@@ -60,27 +77,29 @@ class Pages {
     return pdf_;
   }
 
-  /// align: the fraction of the width of the text that is left of x.
-  void text(const std::string& words, double x, double baseline, double size, double align = 0,
-            double ink = 0, bool bold = false) {
-    const cairo_text_extents_t extents = extentsof(words, size, bold);
-    cairo_set_source_rgb(cairo_.get(), ink, ink, ink);
-    cairo_move_to(cairo_.get(), x - extents.x_advance * align, baseline);
+  /// The point is on the baseline.
+  void text(const std::string& words, const Point& point, const Type& type) {
+    const cairo_text_extents_t extents = extentsof(words, type.size, type.bold);
+    cairo_set_source_rgb(cairo_.get(), type.ink, type.ink, type.ink);
+    cairo_move_to(cairo_.get(), point.x - extents.x_advance * type.align, point.y);
     cairo_show_text(cairo_.get(), words.c_str());
   }
 
-  /// The largest font size up to `size` at which the words are at most `most` wide.
-  double fitting(const std::string& words, double size, double most) {
-    const double width = extentsof(words, size, false).x_advance;
-    return width <= most ? size : size * most / width;
+  /// The largest font size up to `wanted` at which the words are at most `room` wide.
+  double fitting(const std::string& words, double wanted, double room) {
+    const double width = extentsof(words, wanted, false).x_advance;
+    return width <= room ? wanted : wanted * room / width;
   }
 
-  void grid(const std::string& cells, double x, double y, double side, double ink) {
+  void grid(const std::string& cells, const Point& corner, double side) {
+    const auto [x, y] = corner;
     const double step = side / 9;
-    for (int i = 0; i < 9 * 9; ++i)
-      if (const char c = cells[static_cast<std::size_t>(i)]; c != '.')
-        text(std::string(1, c), x + (i % 9 + 0.5) * step, y + (i / 9 + 0.5) * step + 0.215 * step, 0.6 * step,
-             0.5, ink);
+    for (int row = 0; row < 9; ++row)
+      for (int column = 0; column < 9; ++column)
+        if (const char c = cells[9 * static_cast<std::size_t>(row) + static_cast<std::size_t>(column)];
+            c != '.')
+          text(std::string(1, c), {x + (column + 0.5) * step, y + (row + 0.5) * step + 0.215 * step},
+               {.size = 0.6 * step, .align = 0.5});
     cairo_set_source_rgb(cairo_.get(), 0, 0, 0);
     const double weight = std::clamp(side / 220, 0.75, 1.3);
     for (const bool block : {false, true}) {
@@ -88,8 +107,8 @@ class Pages {
       cairo_set_line_cap(cairo_.get(), CAIRO_LINE_CAP_SQUARE);
       for (int i = 0; i <= 9; ++i) {
         if ((i % 3 == 0) != block) continue;
-        line(x + i * step, y, x + i * step, y + side);
-        line(x, y + i * step, x + side, y + i * step);
+        line({x + i * step, y}, {x + i * step, y + side});
+        line({x, y + i * step}, {x + side, y + i * step});
       }
       cairo_stroke(cairo_.get());
     }
@@ -109,9 +128,9 @@ class Pages {
     static_cast<std::string*>(pdf)->append(reinterpret_cast<const char*>(bytes), count);
     return CAIRO_STATUS_SUCCESS;
   }
-  void line(double x1, double y1, double x2, double y2) {
-    cairo_move_to(cairo_.get(), x1, y1);
-    cairo_line_to(cairo_.get(), x2, y2);
+  void line(const Point& from, const Point& to) {
+    cairo_move_to(cairo_.get(), from.x, from.y);
+    cairo_line_to(cairo_.get(), to.x, to.y);
   }
 
   const PageOptions& options_;
@@ -121,11 +140,13 @@ class Pages {
   int page_ = 0;
 };
 
-/// The k-th of columns * rows areas of a page below `top`.
-Rectangle field(const PageOptions& options, int k, int columns, int rows, double top) {
+/// The k-th of the areas of a page below `top`.
+Rectangle field(const PageOptions& options, const Areas& areas, int k, double top) {
+  const auto [columns, rows] = areas;
   const double width = (options.width - 2 * margin - (columns - 1) * gap) / columns;
   const double height = (options.height - top - margin - foot / 2 - (rows - 1) * gap) / rows;
-  return {margin + k % columns * (width + gap), top + k / columns * (height + gap), width, height};
+  const int column = k % columns, row = k / columns;
+  return {margin + column * (width + gap), top + row * (height + gap), width, height};
 }
 
 std::string caption(const Printed& puzzle) {
@@ -140,37 +161,41 @@ void drawpuzzle(Pages& pages, const Printed& puzzle, std::size_t number, const R
   constexpr double head = captionsize + smallsize + 14;
   const double side = std::min(place.width, place.height - head);
   const double x = place.x + (place.width - side) / 2, y = place.y + (place.height - head - side) / 2;
-  pages.text(say(numbered, hole("number", static_cast<int>(number))), x, y + captionsize, captionsize, 0, 0,
-             true);
+  pages.text(say(numbered, hole("number", static_cast<int>(number))), {x, y + captionsize},
+             {.size = captionsize, .bold = true});
   const std::string words = caption(puzzle);
-  pages.text(words, x, y + captionsize + smallsize + 4, pages.fitting(words, smallsize, side), 0, grey);
-  pages.grid(puzzle.puzzle, x, y + head - 4, side, 0);
+  pages.text(words, {x, y + captionsize + smallsize + 4},
+             {.size = pages.fitting(words, smallsize, side), .ink = grey});
+  pages.grid(puzzle.puzzle, {x, y + head - 4}, side);
 }
 
 void drawpuzzles(Pages& pages, const std::vector<Printed>& puzzles, const PageOptions& options) {
-  const int columns = options.perpage >= 4 ? 2 : 1, rows = options.perpage / columns;
+  const int columns = options.perpage >= 4 ? 2 : 1;
+  const Areas areas = {columns, options.perpage / columns};
   for (std::size_t i = 0; i < puzzles.size(); ++i) {
     const int place = static_cast<int>(i % static_cast<std::size_t>(options.perpage));
-    drawpuzzle(pages, puzzles[i], i + 1, field(options, place, columns, rows, margin));
+    drawpuzzle(pages, puzzles[i], i + 1, field(options, areas, place, margin));
     if (place + 1 == options.perpage || i + 1 == puzzles.size()) pages.endpage();
   }
 }
 
 void drawsolutions(Pages& pages, const std::vector<Printed>& puzzles, const PageOptions& options) {
-  constexpr int all = solutioncolumns * solutionrows;
+  constexpr Areas areas = {3, 4};
+  constexpr int all = areas.columns * areas.rows;
   constexpr double head = smallsize + 5;
   for (std::size_t i = 0; i < puzzles.size(); ++i) {
     const int k = static_cast<int>(i % all);
     if (k == 0)
-      pages.text(std::string(inlanguage(solutionshead)), margin, margin + headsize, headsize, 0, 0, true);
-    const Rectangle place = field(options, k, solutioncolumns, solutionrows, margin + headsize + 18);
+      pages.text(std::string(inlanguage(solutionshead)), {margin, margin + headsize},
+                 {.size = headsize, .bold = true});
+    const Rectangle place = field(options, areas, k, margin + headsize + 18);
     const double side = std::min(place.width, place.height - head);
     const bool known = !puzzles[i].solution.empty();
-    std::string label = std::to_string(i + 1);
-    pages.text(label, place.x, place.y + smallsize, smallsize, 0, 0, true);
+    pages.text(std::to_string(i + 1), {place.x, place.y + smallsize}, {.size = smallsize, .bold = true});
     if (!known)
-      pages.text(std::string(inlanguage(nosolution)), place.x + 24, place.y + smallsize, smallsize, 0, grey);
-    pages.grid(known ? puzzles[i].solution : puzzles[i].puzzle, place.x, place.y + head, side, 0);
+      pages.text(std::string(inlanguage(nosolution)), {place.x + 24, place.y + smallsize},
+                 {.size = smallsize, .ink = grey});
+    pages.grid(known ? puzzles[i].solution : puzzles[i].puzzle, {place.x, place.y + head}, side);
     if (k + 1 == all || i + 1 == puzzles.size()) pages.endpage();
   }
 }

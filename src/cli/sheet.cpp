@@ -60,9 +60,9 @@ Standing standing(const std::string& puzzle) {
 }
 
 /// The puzzle with its solution, level and difficulty, as opening its file grades it.
-Printed graded(const std::string& puzzle, const std::string& language) {
+Printed graded(const std::string& puzzle, const SheetOptions& options) {
   Session session;
-  startsession(session, language);
+  startsession(session, options.language);
   Printed printed{puzzle, "", 0, -1, Standing::single};
   runguarded(session, [&] {
     putup(puzzle);
@@ -122,7 +122,7 @@ void fromlibrary(const SheetOptions& options, std::vector<Printed>& puzzles) {
     for (const Store::Record& record : hardest(store, level, count)) {
       const std::string& stringa = record.row[field::stringa];
       if (!ispuzzle(stringa)) throw std::runtime_error(say(rowwithout, hole("row", record.key)));
-      Printed printed = graded(stringa.substr(0, cellcount), options.language);
+      Printed printed = graded(stringa.substr(0, cellcount), options);
       printed.level = level;
       printed.difficulty = difficultyin(record.row[field::difficolta]);
       add(puzzles, printed, say(libraryrow, hole("row", record.key)));
@@ -148,8 +148,7 @@ bool sheet(SheetOptions options) {
         });
     Progress progress(inlanguage(gradedsofar), read.size());
     for (const auto& [file, puzzle] : read) {
-      add(puzzles, graded(puzzle.cells, options.language),
-          fmt::format("{}:{}", shownname(file), puzzle.line));
+      add(puzzles, graded(puzzle.cells, options), fmt::format("{}:{}", shownname(file), puzzle.line));
       progress.step();
     }
   }

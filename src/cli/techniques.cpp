@@ -30,7 +30,7 @@ struct Position {
 };
 
 std::string digits(const Json& line, const char* key) {
-  const std::string text = line.value(key, std::string());
+  std::string text = line.value(key, std::string());
   if (text.size() != 81 || text.find_first_not_of("0123456789") != std::string::npos)
     throw std::invalid_argument(say(notdigits, hole("key", key)));
   return text;
@@ -52,7 +52,9 @@ std::array<int, 81> masks(const std::string& text) {
 /// An unknown solution is left out, null or empty.
 bool hassolution(const Json& line) {
   const auto solution = line.find("solution");
-  return solution != line.end() && !solution->is_null() && *solution != "";
+  if (solution == line.end() || solution->is_null()) return false;
+  const auto* const text = solution->get_ptr<const Json::string_t*>();
+  return text == nullptr || !text->empty();
 }
 
 Position parse(const std::string& text) {

@@ -108,7 +108,7 @@ class Walk {
   /// The new lines of the explanation, which grows from wait to wait.
   std::string whatisnew(const std::string& text) {
     const std::vector<std::string> lines = linesof(text);
-    const std::string fresh =
+    std::string fresh =
         fmt::format("{}", fmt::join(std::ranges::mismatch(lines, argued_).in1, lines.end(), newline));
     argued_ = lines;
     return fresh;
