@@ -248,7 +248,7 @@ void freshbrowser() {
                                                       {&Command3, "successivo"},
                                                       {&Command4, "ultimo record"},
                                                       {&Command5, "primo record"}};
-  for (const auto& [button, caption] : buttons) button->caption = caption;
+  for (const auto& [button, words] : buttons) button->caption = words;
   totale = 0;
   onshow.reset();
   listchanged = followifopen;

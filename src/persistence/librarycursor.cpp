@@ -57,7 +57,7 @@ LibraryRow shown() {
 void replaceold() {
   const FolderClaim claim(place.file);
   if (!isjetfile(place.file.string())) return;  // another program was faster
-  place.notices.push_back([done = bringover(place.file)] {
+  place.notices.emplace_back([done = bringover(place.file)] {
     return say(broughtover, hole("rows", say(puzzles, done.rows)), hole("bad", done.nopuzzle),
                hole("file", done.kept.string()));
   });

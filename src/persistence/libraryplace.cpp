@@ -17,8 +17,8 @@ namespace fs = std::filesystem;
 
 constexpr const char* filename = "schemigenerati.mdb";
 
-constexpr Words wasnone = {"Il file \"{file}\" non era una libreria ed è conservato come \"{kept}\".",
-                           "The file \"{file}\" was no library and is kept as \"{kept}\"."};
+constexpr Words wasnone = {R"(Il file "{file}" non era una libreria ed è conservato come "{kept}".)",
+                           R"(The file "{file}" was no library and is kept as "{kept}".)"};
 constexpr Words nowcopy = {" Al suo posto c'è una nuova copia della libreria fornita con il programma.",
                            " In its place stands a fresh copy of the library that came with the program."};
 constexpr Words nowempty = {" Il primo schema da conservare ne comincia una nuova.",
@@ -92,16 +92,16 @@ LibraryPlace settled(const fs::path& file, const std::optional<fs::path>& shippe
   }
   if (!error && shipped) error = copywhole(*shipped, file);
   if (!kept.empty())
-    place.notices.push_back([=, instead = error     ? Words{}
-                                          : shipped ? nowcopy
-                                                    : nowempty] {
+    place.notices.emplace_back([=, instead = error     ? Words{}
+                                             : shipped ? nowcopy
+                                                       : nowempty] {
       return say(wasnone, hole("file", file.string()), hole("kept", kept.string())) +
              std::string(inlanguage(instead));
     });
   if (error && shipped) {
     place.file = *shipped;
     place.onlyread = true;
-    place.notices.push_back([=] {
+    place.notices.emplace_back([=] {
       return say(onlyshipped, hole("own", file.string()), hole("reason", reasonof(error)),
                  hole("file", shipped->string()));
     });

@@ -112,7 +112,7 @@ bool overwritten(const fs::path& target, const std::string& text) {
 
 }  // namespace
 
-bool replacefile(const std::string& name, const std::string& text) {
+bool replacefile(const fs::path& name, const std::string& text) {
   const fs::path target = behindlinks(name);
   std::error_code error;
   const fs::file_status there = fs::status(target, error);

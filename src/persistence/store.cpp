@@ -133,7 +133,7 @@ bool writable(const fs::path& file) {
 
 SQLite::Database openfile(const fs::path& file, bool change) {
   const int flags = change ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY;
-  return SQLite::Database(file.string(), flags, lookwaitmilliseconds);
+  return {file.string(), flags, lookwaitmilliseconds};
 }
 
 void removestore(const fs::path& file) {
@@ -197,11 +197,8 @@ struct Store::Connection {
 
   /// A new store that no other program knows yet: if making it fails, it is deleted, so that no journal is
   /// needed.
-  Connection(const fs::path& made, const fs::path& name)
-      : file(name),
-        change(true),
-        whenfull(noroom),
-        database(made.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE) {
+  Connection(fs::path path, SQLite::Database made)
+      : file(std::move(path)), change(true), whenfull(noroom), database(std::move(made)) {
     database.exec("PRAGMA journal_mode = OFF");
     database.exec("PRAGMA synchronous = OFF");
     logged = true;
@@ -350,7 +347,10 @@ void buildstore(const fs::path& made, const fs::path& file, const std::function<
   removestore(made);
   try {
     {
-      Store fresh(guarded(file, noroom, [&] { return std::make_unique<Store::Connection>(made, file); }));
+      Store fresh(guarded(file, noroom, [&] {
+        return std::make_unique<Store::Connection>(
+            file, SQLite::Database(made.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE));
+      }));
       fresh.together([&] { fill(fresh); });
     }
     const std::error_code error = flush(made);
@@ -403,7 +403,7 @@ bool nolibrary(const fs::path& file) {
 
 // The files beside it go first: beside a new file they would be taken for its own.
 fs::path putaside(const fs::path& file, std::error_code& error) {
-  const fs::path kept = freename(file, "aside");
+  fs::path kept = freename(file, "aside");
   const auto rename = [&error](const fs::path& from, const fs::path& to) {
     std::error_code missing;
     if (!error && fs::exists(from, missing)) fs::rename(from, to, error);

@@ -96,7 +96,7 @@ fs::path freename(const fs::path& file, const char* word) {
   const std::string begin = (file.parent_path() / file.stem()).string() + "-" + word;
   std::error_code error;
   for (int n = 1;; ++n) {
-    const fs::path name = begin + (n > 1 ? std::to_string(n) : "") + file.extension().string();
+    fs::path name = begin + (n > 1 ? std::to_string(n) : "") + file.extension().string();
     if (!fs::exists(name, error)) return name;
   }
 }

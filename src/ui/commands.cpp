@@ -104,8 +104,8 @@ bool untilfound() {
 
 // clang-format off
 const MenuRow menutable[] = {
-#define TITLE(control, it, en)      {&control, #control, true,  {it, en}, nullptr},
-#define ENTRY(control, it, en, ...) {&control, #control, false, {it, en}, __VA_ARGS__},
+#define TITLE(control, it, en)      {&(control), #control, true,  {it, en}, nullptr},
+#define ENTRY(control, it, en, ...) {&(control), #control, false, {it, en}, __VA_ARGS__},
 #include "menu.def"
 };
 
