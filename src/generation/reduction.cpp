@@ -49,7 +49,7 @@ void togivens(const Puzzle& puzzle) {
 Digits digitsingivens() {
   Digits digits{};
   for (int cell = 0; cell < cellcount; ++cell)
-    digits[static_cast<std::size_t>(cell)] = static_cast<std::uint8_t>(leadingnumber(givens(cell)));
+    digits[cell] = static_cast<std::uint8_t>(leadingnumber(givens(cell)));
   return digits;
 }
 
@@ -73,7 +73,7 @@ class Group {
     for (std::size_t n = 0; n < count_; ++n) {
       const int digit = leadingnumber(texts_[n]);
       if (completesotherwise(digits, cells_[n], digit)) return false;
-      digits[static_cast<std::size_t>(cells_[n])] = static_cast<std::uint8_t>(digit);
+      digits[cells_[n]] = static_cast<std::uint8_t>(digit);
     }
     return true;
   }

@@ -12,7 +12,7 @@ namespace gradino {
 /// an old library of the Jet family are copied to a new store of the same name, and the old file is kept
 /// beside it as schemigenerati-old.mdb (-old2, ... if that exists). Failures and notices are shown when the
 /// library is first needed.
-void openlibrary(const LibraryPlace& place);
+void openlibrary(const LibraryPlace& where);
 inline void openlibrary(const std::filesystem::path& file) {
   openlibrary(LibraryPlace{file, false, {}});
 }
