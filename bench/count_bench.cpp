@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <exception>
 #include <map>
 #include <string>
 #include <vector>
@@ -62,7 +63,7 @@ void report(const std::string& name, const std::vector<Result>& results) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   CLI::App app("Times the counter on files of puzzles.");
   std::vector<std::string> names;
   bool counting = false;
@@ -88,4 +89,7 @@ int main(int argc, char** argv) {
     report(name, results);
     std::fflush(stdout);
   }
+} catch (const std::exception& error) {
+  fmt::print(stderr, "count_bench: {}\n", error.what());
+  return 1;
 }

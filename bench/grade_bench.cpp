@@ -9,6 +9,7 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -67,7 +68,7 @@ void report(Band& band) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   CLI::App app("Times the grader on files of puzzles.");
   std::vector<std::string> names;
   int runs = 3;
@@ -90,4 +91,7 @@ int main(int argc, char** argv) {
       if (!band.times.empty()) report(band);
     std::fflush(stdout);
   }
+} catch (const std::exception& error) {
+  fmt::print(stderr, "grade_bench: {}\n", error.what());
+  return 1;
 }

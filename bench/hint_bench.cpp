@@ -6,6 +6,7 @@
 // A puzzle is the first 81 characters of a line, "." or 0 for an empty cell.
 #include <algorithm>
 #include <chrono>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -68,7 +69,7 @@ void takehints(const std::string& puzzle, std::vector<Hint>& hints) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   CLI::App app("Times the hints on files of puzzles.");
   std::vector<std::string> names;
   app.add_option("FILE", names)->required()->check(CLI::ExistingFile);
@@ -89,4 +90,7 @@ int main(int argc, char** argv) {
                name.substr(name.rfind('/') + 1), hints.size(), at(0.5), at(0.99), at(1), hints.back().tag,
                hints.back().puzzle);
   }
+} catch (const std::exception& error) {
+  fmt::print(stderr, "hint_bench: {}\n", error.what());
+  return 1;
 }
