@@ -2,6 +2,7 @@
 #include <random>
 #include <set>
 #include <tuple>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -176,12 +177,13 @@ RC_GTEST_FIXTURE_PROP(Program, PositionsAreThe729TestsOfTheMasks, ()) {
     }
 }
 
-RC_GTEST_PROP(Positions, AreAShortAscendingString, (std::set<int> raw)) {
+RC_GTEST_PROP(Positions, AreAShortAscendingString, (const std::set<int>& raw)) {
   std::string text;
   Positions positions;
   std::set<int> places;
   for (int n : raw) places.insert((n % 9 + 9) % 9);
-  for (auto it = places.rbegin(); it != places.rend(); ++it) positions.add(*it);
+  const std::vector<int> falling(places.rbegin(), places.rend());
+  for (int p : falling) positions.add(p);
   for (int p : places) text += static_cast<char>('0' + p);
   RC_ASSERT(positions.text() == text);
   RC_ASSERT(positions.length() == static_cast<int>(text.size()));

@@ -112,7 +112,9 @@ class Literal {
     const std::string token = (i < 10 ? "0" : "") + std::to_string(i);
     if (!(static_cast<double>(p.size()) / 3 < limit_)) return;
     const std::string path = p + token + ",";
-    const auto add = [&](int cell, int digit, bool flag) { append({cell, digit, flag, path}, p.size()); };
+    const auto add = [&](int cell, int digit, bool flag) {
+      append({cell, digit, flag, path}, node.path.size());
+    };
     const auto other = [](int cell, int digit) {
       return candstr(cell)[0] == '0' + digit ? candstr(cell)[1] - '0' : candstr(cell)[0] - '0';
     };
@@ -152,7 +154,7 @@ class Literal {
     for (const Node& old : nodes_) {
       if (old.cell != node.cell || old.digit != node.digit || old.flag != node.flag) continue;
       if (old.path.size() < currentpath + 5) return;
-      told_.boxes.push_back("catena più corta");
+      told_.boxes.emplace_back("catena più corta");
     }
     if (nodes_.size() > 260) throw Full{};
     nodes_.push_back(node);

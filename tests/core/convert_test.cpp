@@ -113,7 +113,7 @@ TEST(Convert, WhatIsNoPuzzleIsRefusedWithItsLine) {
     EXPECT_EQ(refusal(text).substr(0, with.size()), with);
   };
   starts("", "1: nothing there: expected a puzzle");
-  starts("# words\n" + mixed, "2: empty cells are \"?\" as well as \".\"");
+  starts("# words\n" + mixed, R"(2: empty cells are "?" as well as ".")");
   starts(puzzle + "\n" + shortened + "\n", "2: not a puzzle's line: expected a line of 81 cells");
   starts(conflict, "1: the puzzle that begins here has a 4 in both r1c1 and r1c3");
   starts(std::string(81, '.'), "1: the puzzle that begins here is empty");
@@ -186,7 +186,8 @@ TEST(Convert, LineEndsOfAllSystemsAreRead) {
     const Puzzle read = formats::readpuzzles(text).front();
     EXPECT_EQ(read.cells, puzzle);
     EXPECT_EQ(read.line, 2);
-    EXPECT_EQ(refusal(text + "12" + end).substr(0, 4), "11: ");
+    text += "12" + end;
+    EXPECT_EQ(refusal(text).substr(0, 4), "11: ");
   }
 }
 

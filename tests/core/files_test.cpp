@@ -80,14 +80,13 @@ class FullDisk {
 
 constexpr uid_t nobodysnumber = 65534;
 
-/// A folder that can't be written, with a file in it that can. Root can write everywhere: while this lives
-/// the process runs as the user nobody.
+/// The folder of a file, made so that it can't be written, though the file can. Root can write everywhere:
+/// while this lives the process runs as the user nobody.
 class ClosedFolder {
  public:
-  ClosedFolder(const std::string& folder, const std::string& file)
-      : folder_(folder), root_(::geteuid() == 0) {
-    namespace fs = std::filesystem;
-    fs::permissions(folder, fs::perms(0555));
+  explicit ClosedFolder(const std::string& file)
+      : folder_(std::filesystem::path(file).parent_path()), root_(::geteuid() == 0) {
+    std::filesystem::permissions(folder_, std::filesystem::perms(0555));
     if (root_ && (::chown(file.c_str(), nobodysnumber, nobodysnumber) != 0 || ::seteuid(nobodysnumber) != 0))
       return;
     possible = std::ofstream(file, std::ios::app).is_open();
@@ -127,7 +126,7 @@ class Files : public Bilingual {
     return names;
   }
   void savenamed(const std::string& name) {
-    player.names.push_back(name);
+    player.names.emplace_back(name);
     player.event(mnusave_Click);
   }
   void expectpuzzle(const std::string& expected = puzzle) {
@@ -642,7 +641,7 @@ TEST_P(Files, InAFolderThatCannotBeWrittenAFileIsReplacedOrStays) {
     opentext(puzzle);
     player.boxes.clear();
     file("b.sav", old);
-    const ClosedFolder closed(path(""), path("b.sav"));
+    const ClosedFolder closed(path("b.sav"));
     if (!closed.possible) GTEST_SKIP() << "a folder above is closed to nobody";
     {
       const FullDisk full(10);

@@ -79,7 +79,8 @@ class LiteralForcing {
     try {
       std::size_t i = 0;
       for (; i < nodes_.size() && nodes_.size() <= 250; ++i)
-        if (static_cast<double>(nodes_[i].path.size()) / 3 < limit_) expand(nodes_[i]);
+        if (static_cast<double>(nodes_[i].path.size()) / 3 < limit_)
+          expand(Node(nodes_[i]));  // a copy: the queue grows
       if (i < nodes_.size()) ++walkedfull;
     } catch (const Over&) {
     }
@@ -97,7 +98,7 @@ class LiteralForcing {
   };
   struct Over {};
 
-  State& state(int cell, int digit) { return state_[static_cast<std::size_t>(cell * 10 + digit)]; }
+  State& state(int cell, int digit) { return state_[cell * 10 + digit]; }
   static int other(int cell, int digit) {
     return candstr(cell)[0] - '0' == digit ? candstr(cell)[1] - '0' : candstr(cell)[0] - '0';
   }
@@ -111,7 +112,7 @@ class LiteralForcing {
     return all;
   }
 
-  void expand(const Node node) {  // a copy: the queue grows
+  void expand(const Node& node) {
     const auto& [c, x, t, p] = node;
     const std::string own = candstr(c);
     if (t) {
@@ -233,8 +234,7 @@ class ForcingSearch : public Program {
     EXPECT_TRUE(player.boxes.empty()) << which;  // breadth first, a path never comes shorter a second time
   }
   /// An empty board of which a share of the wrong candidates is gone, and nothing is known of its solution.
-  void drawthinned(unsigned seed, unsigned percent) {
-    std::mt19937 dice(seed);
+  void drawthinned(std::mt19937 dice, unsigned percent) {
     put(emptyboard);
     for (int cell = 0; cell < cellcount; ++cell)
       solutiontext(cell) = fullboard.substr(static_cast<std::size_t>(cell), 1);
@@ -305,7 +305,7 @@ TEST_F(ForcingSearch, IsAsTheLiteralOneWhereTheQueueFillsUp) {
 TEST_F(ForcingSearch, IsAsTheLiteralOneWhereTheOrderOfHousesDecides) {
   for (const auto& [seed, percent] : {std::pair(218u, 62u), {665u, 61u}, {746u, 58u}, {1034u, 66u}}) {
     LiteralForcing literal;
-    drawthinned(seed, percent);
+    drawthinned(std::mt19937(seed), percent);
     expectasliteral(literal, std::to_string(seed));
   }
 }
@@ -462,10 +462,10 @@ TEST_F(ForcingSearch, AChainOfTwentyStepsIsNoFind) {
 }
 
 TEST_F(ForcingSearch, NineteenStepsAreShownTwentyAreNot) {
-  drawthinned(88, 44);
+  drawthinned(std::mt19937(88), 44);
   EXPECT_TRUE(found());
   EXPECT_EQ(chainsteps, 19);
-  drawthinned(896, 51);
+  drawthinned(std::mt19937(896), 51);
   LiteralForcing literal;
   literal.all();
   EXPECT_EQ(*std::min_element(literal.lengths.begin(), literal.lengths.end()), 20);

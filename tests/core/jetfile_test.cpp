@@ -99,8 +99,8 @@ class Jetfile : public Bilingual {
                                   "The old library \"*\" is incomplete: its end is missing.");
   const std::string damaged =
       in("La vecchia libreria \"*\" è danneggiata.", "The old library \"*\" is damaged.");
-  const std::string notable = in("Nella vecchia libreria \"*\" manca la tabella \"schema\".",
-                                 "The old library \"*\" has no table \"schema\".");
+  const std::string notable = in(R"(Nella vecchia libreria "*" manca la tabella "schema".)",
+                                 R"(The old library "*" has no table "schema".)");
 };
 IN_BOTH_LANGUAGES(Jetfile);
 
@@ -178,11 +178,10 @@ TEST_P(Jetfile, NamesOfTableAndFieldsAreTheSameInCapitals) {
 
 TEST_P(Jetfile, WhatTheCallerThrowsEndsTheReading) {
   int seen = 0;
-  EXPECT_THROW(readjet(datafile(oldlibraries[0].name),
-                       [&](const LibraryRow&) {
-                         if (++seen == 3) throw LibraryFailure("full");
-                       }),
-               LibraryFailure);
+  const auto take = [&](const LibraryRow&) {
+    if (++seen == 3) throw LibraryFailure("full");
+  };
+  EXPECT_THROW(readjet(datafile(oldlibraries[0].name), take), LibraryFailure);
   EXPECT_EQ(seen, 3);
 }
 
@@ -223,7 +222,10 @@ TEST_P(Jetfile, EncryptedOrWithAPasswordIsSaid) {
     }
     for (const std::string_view password : {"a", "geheim", "aaaaaaaaaaaaaaaaaaa", "ababababababababab"}) {
       std::string changed = whole;
-      for (std::size_t i = 0; i < password.size(); ++i) changed[0x42 + 2 * i] ^= password[i];
+      for (std::size_t i = 0; i < password.size(); ++i) {
+        char& byte = changed[0x42 + 2 * i];
+        byte = static_cast<char>(byte ^ password[i]);
+      }
       EXPECT_EQ(failureof(changed), secret) << password;
     }
   }

@@ -39,8 +39,6 @@ using namespace frmlivello;
 
 constexpr std::string_view easy =
     "...6.4...9.1...6.852.1.3.4725.8.9.16....3....18.2.7.5349.3.5.616.5...3.9...9.6...";
-constexpr std::string_view twosolutions =
-    "..7295638253168479896437125368954712429713586571682394612579843985341267734826951";
 
 LibraryRow row(int progressivo, std::string_view stringa, int livello, int difficolta,
                std::string_view dettaglio = "1x1 ") {
@@ -306,12 +304,11 @@ TEST_F(Library, WhatIsDamagedOrLockedMayHoldPuzzles) {
 }
 
 TEST_F(Library, AStoreThatCannotBeMadeLeavesNothing) {
-  EXPECT_THROW(makestore(library(),
-                         [](Store& made) {
-                           made.insert(row(1, easy, 1, 1));
-                           throw LibraryFailure("enough");
-                         }),
-               LibraryFailure);
+  const auto fill = [](Store& made) {
+    made.insert(row(1, easy, 1, 1));
+    throw LibraryFailure("enough");
+  };
+  EXPECT_THROW(makestore(library(), fill), LibraryFailure);
   EXPECT_TRUE(fs::is_empty(path("")));
 }
 
@@ -325,6 +322,7 @@ TEST_F(Library, ALogThatALostStoreHasLeftIsNotTakenForTheNewOnes) {
 
 TEST_F(Library, RecordsOfOneDifficultyStandAsTheyWereStored) {
   std::vector<LibraryRow> rows;
+  rows.reserve(50);
   for (int n = 0; n < 50; ++n) rows.push_back(row(n, easy, 5, 7));
   store(rows);
   sql(library(), "DROP INDEX schema_livello");

@@ -19,7 +19,7 @@ void LiteralCounter::conta(const std::array<std::string, 81>& givens) {
     for (std::size_t cell = 0; cell <= 80; ++cell) solutiontext[cell] = stringhesoluzione[1].substr(cell, 1);
     return;
   }
-  if (numerosoluzioni == 0) boxes.push_back("Invalid Puzzle");
+  if (numerosoluzioni == 0) boxes.emplace_back("Invalid Puzzle");
   if (comandocorrente == "conta") boxes.push_back(std::to_string(numerosoluzioni) + " Solutions");
 }
 
@@ -96,7 +96,7 @@ void LiteralCounter::ripristinaschema() {
 void LiteralCounter::registrasoluzione() {
   ++numerosoluzioni;
   if (numerosoluzioni >= 501) {
-    boxes.push_back("More than 500 solutions");
+    boxes.emplace_back("More than 500 solutions");
     return;
   }
   stringhesoluzione[numerosoluzioni] = stringasoluzione_;

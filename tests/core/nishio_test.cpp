@@ -278,7 +278,7 @@ class NishioSearch : public Program {
     const std::vector<int> before = masks();
     cleargrade();
     logcount = 0;
-    const std::string log = logged(frmgenerazione::gradenishio);
+    std::string log = logged(frmgenerazione::gradenishio);
     for (int cell = 0; cell < cellcount; ++cell) candmask(cell) = before[static_cast<std::size_t>(cell)];
     rebuildcandstr();
     rebuildpositions();
@@ -299,14 +299,17 @@ class NishioSearch : public Program {
   /// Each cell has two candidates: its digit of the full board and the one `shift` further on; the latter
   /// make a full board too. In the cell `broken` the second one is the digit before that, the only thing that
   /// can end a trial. The solution is the second board, except in the cell `start`.
-  void drawtwofold(int shift, int start, int broken) {
+  struct Twofold {
+    int shift, start, broken;
+  };
+  void drawtwofold(const Twofold& drawn) {
     std::string right;
     Marks marks;
     for (int cell = 0; cell < cellcount; ++cell) {
       const int first = fullboard[static_cast<std::size_t>(cell)] - '0';
-      const int second = (first - 1 + shift - (cell == broken ? 1 : 0)) % 9 + 1;
+      const int second = (first - 1 + drawn.shift - (cell == drawn.broken ? 1 : 0)) % 9 + 1;
       marks.emplace_back(cell, std::to_string(first) + std::to_string(second));
-      right += std::to_string(cell == start ? first : second);
+      right += std::to_string(cell == drawn.start ? first : second);
     }
     put(emptyboard);
     only(marks);
@@ -349,7 +352,7 @@ TEST_F(NishioSearch, IsAsTheLiteralOneOnThinnedBoards) {
 TEST_F(NishioSearch, IsAsTheLiteralOneInLongTrials) {
   int longer = 0;
   for (int broken = 1; broken < cellcount; broken += 2) {
-    drawtwofold(2, at(1, 1), broken);
+    drawtwofold({.shift = 2, .start = at(1, 1), .broken = broken});
     LiteralNishio literal;
     expectasliteral(literal, std::to_string(broken));
     longer += literal.steps > 20;
@@ -418,14 +421,14 @@ TEST_F(NishioSearch, EventsRunBehindEachBandOfCells) {
 // ---- bounds -----------------------------------------------------------------------------------------------
 
 TEST_F(NishioSearch, ATrialOfFortyNineStepsIsAFind) {
-  drawtwofold(4, at(1, 1), at(8, 9));
+  drawtwofold({.shift = 4, .start = at(1, 1), .broken = at(8, 9)});
   EXPECT_TRUE(found().starts_with("\r\nNISHIO CHAIN - If r1c1=5\r\n"));
   EXPECT_EQ(chainsteps, 49);
   EXPECT_EQ(hintof(player, frmmain::stepnishio), "NISHIO CHAIN - If r1c1=5");
 }
 
 TEST_F(NishioSearch, ATrialOfFiftyStepsIsNone) {
-  drawtwofold(4, at(7, 1), at(8, 9));
+  drawtwofold({.shift = 4, .start = at(7, 1), .broken = at(8, 9)});
   const Board before = theboard();
   frmmain::txthint.text = "old";
   foundflag = true;

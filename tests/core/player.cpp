@@ -149,6 +149,7 @@ std::string giventexts() {
 }
 std::vector<int> masks() {
   std::vector<int> all;
+  all.reserve(cellcount);
   for (int cell = 0; cell < cellcount; ++cell) all.push_back(candmask(cell));
   return all;
 }
@@ -191,8 +192,8 @@ Program::~Program() {
   host = {};
 }
 
-std::string Program::file(const std::string& name, std::string_view text) const {
-  std::ofstream(path(name), std::ios::binary) << text;
+std::string Program::file(const std::string& name, std::string_view bytes) const {
+  std::ofstream(path(name), std::ios::binary) << bytes;
   return path(name);
 }
 
@@ -203,7 +204,7 @@ std::string Program::bytes(const std::string& name) {
 }
 
 void Program::opennamed(const std::string& name) {
-  player.names.push_back(name);
+  player.names.emplace_back(name);
   player.event(mnuopen_Click);
 }
 

@@ -27,6 +27,7 @@ class Subsets : public Program {
   /// The other cells of a row hold these digits alone.
   static void leaverest(int number, const std::vector<int>& but, const std::string& digits) {
     std::vector<int> members;
+    members.reserve(but.size());
     for (int col : but) members.push_back(at(number, col));
     leave(each(row(number, members), digits));
   }

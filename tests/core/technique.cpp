@@ -85,6 +85,7 @@ std::vector<int> column(int number, const std::vector<int>& but) {
 }
 std::vector<int> block(int number, const std::vector<int>& but) {
   std::vector<int> found;
+  found.reserve(9);
   for (int p = 0; p < 9; ++p)
     found.push_back(at((number - 1) / 3 * 3 + p / 3 + 1, (number - 1) % 3 * 3 + p % 3 + 1));
   return less(found, but);

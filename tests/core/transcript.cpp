@@ -384,7 +384,7 @@ bool ispaint(const Fact& fact) {
 }
 
 /// All that is left at the end. What isn't named is as before the step.
-Lines leftlines(const Facts& end, const Facts& before) {
+Lines leftlines(const Facts& before, const Facts& end) {
   Lines lines, stays;
   bool white = true;
   for (std::size_t k = 0; k < end.size(); ++k) {
@@ -499,7 +499,7 @@ Lines runread(const Played& run, std::size_t from) {
     moment("explanation over", newlinesof(run.over.facts, *last));
     last = &run.over.facts;
   }
-  Lines end = leftlines(run.end.facts, run.waits.empty() ? none : run.waits.back().facts);
+  Lines end = leftlines(run.waits.empty() ? none : run.waits.back().facts, run.end.facts);
   if (!run.answers.empty()) end.back() += ", answers: " + run.answers;
   moment("end", end);
   return lines;

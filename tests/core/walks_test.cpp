@@ -3,6 +3,7 @@
 #include <functional>
 #include <set>
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "bug.h"
@@ -38,8 +39,7 @@ std::string wrongmarks(const std::function<std::string(int cell)>& candidates) {
   std::string wrong;
   for (int cell = 0; cell < cellcount; ++cell)
     if (const std::string has = candidates(cell), shown = visiblemarks(cell); shown != has)
-      wrong += "r" + std::to_string(cellrow(cell)) + "c" + std::to_string(cellcol(cell)) + " shows " + shown +
-               ", not " + has + "; ";
+      wrong += fmt::format("r{}c{} shows {}, not {}; ", cellrow(cell), cellcol(cell), shown, has);
   return wrong;
 }
 

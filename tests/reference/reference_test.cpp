@@ -44,9 +44,8 @@ void expectsame(Json got, Json want, const std::string& where) {
   ADD_FAILURE() << where << "\n" << Json::diff(want, got).dump(1);
 }
 
-void comparegrades(const std::string& puzzles, const std::string& file, const std::string& language) {
+void comparegrades(const std::string& puzzles, const Lines& want, const std::string& language) {
   const Lines got = printed("grade --snapshots --json --jobs 2 --lang " + language + " " + data + puzzles);
-  const Lines want = wanted(file);
   ASSERT_EQ(got.size(), want.size());
   for (std::size_t i = 0; i < want.size(); ++i) expectsame(got[i], want[i], want[i]["puzzle"]);
 }
@@ -61,10 +60,10 @@ std::vector<Lines> walksof(const Lines& lines) {
   return walks;
 }
 
-void comparewalks(const std::string& arguments, const std::string& file) {
+void comparewalks(const std::string& arguments, const Lines& wantedlines) {
   const std::vector<Lines> got =
       walksof(printed("walk --json " + arguments + " " + data + "walk.puzzles.txt"));
-  const std::vector<Lines> want = walksof(wanted(file));
+  const std::vector<Lines> want = walksof(wantedlines);
   ASSERT_EQ(got.size(), want.size());
   for (std::size_t w = 0; w < want.size(); ++w) {
     ASSERT_EQ(got[w].size(), want[w].size()) << want[w][0];
@@ -76,16 +75,16 @@ void comparewalks(const std::string& arguments, const std::string& file) {
 }
 
 TEST(Reference, GradesInEnglish) {
-  comparegrades("grade.puzzles.txt", "grade.en.jsonl.xz", "en");
+  comparegrades("grade.puzzles.txt", wanted("grade.en.jsonl.xz"), "en");
 }
 TEST(Reference, GradesInItalian) {
-  comparegrades("grade.puzzles.txt", "grade.it.jsonl.xz", "it");
+  comparegrades("grade.puzzles.txt", wanted("grade.it.jsonl.xz"), "it");
 }
 TEST(Reference, OddBoardsInEnglish) {
-  comparegrades("odd.boards.txt", "odd.en.jsonl.xz", "en");
+  comparegrades("odd.boards.txt", wanted("odd.en.jsonl.xz"), "en");
 }
 TEST(Reference, OddBoardsInItalian) {
-  comparegrades("odd.boards.txt", "odd.it.jsonl.xz", "it");
+  comparegrades("odd.boards.txt", wanted("odd.it.jsonl.xz"), "it");
 }
 
 TEST(Reference, Counts) {
@@ -95,16 +94,16 @@ TEST(Reference, Counts) {
 }
 
 TEST(Reference, Walks) {
-  comparewalks("", "walk.en.jsonl.xz");
+  comparewalks("", wanted("walk.en.jsonl.xz"));
 }
 TEST(Reference, WalksWithAStop) {
-  comparewalks("--stop 12", "walk.stop12.en.jsonl.xz");
+  comparewalks("--stop 12", wanted("walk.stop12.en.jsonl.xz"));
 }
 TEST(Reference, WalksExplainedInEnglish) {
-  comparewalks("--explain", "walk.explain.en.jsonl.xz");
+  comparewalks("--explain", wanted("walk.explain.en.jsonl.xz"));
 }
 TEST(Reference, WalksExplainedInItalian) {
-  comparewalks("--explain --lang it", "walk.explain.it.jsonl.xz");
+  comparewalks("--explain --lang it", wanted("walk.explain.it.jsonl.xz"));
 }
 
 TEST(Reference, EachTechniqueAlone) {
